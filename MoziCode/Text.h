@@ -1,0 +1,89 @@
+#pragma once
+// Text of the two kinds in which source lines are held, and the small questions that every check asks of it.
+//
+//   wide    char16_t  UTF-16 code units; one unit is one character and one machine word
+//   narrow  char      Shift_JIS bytes (code page 932)
+//
+// Console text and paths are UTF-8 in std::string and are not handled here, but for the trims.
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tolvane {
+
+template <class Ch> using Text = std::basic_string<Ch>;
+using TextW = Text<char16_t>;
+using TextA = Text<char>;
+
+inline constexpr std::size_t npos = std::string::npos;
+
+template <class Ch> inline constexpr bool IsWide = sizeof(Ch) == 2;
+
+// The character at i, or the terminator 0 when i lies behind the end.
+template <class Ch> constexpr Ch At(const Text<Ch>& text, std::size_t i) {
+    return i < text.size() ? text[i] : Ch(0);
+}
+
+template <class Ch> constexpr bool IsBlank(Ch c) { return c == Ch(' ') || c == Ch('\t'); }
+template <class Ch> constexpr bool IsDigit(Ch c) { return Ch('0') <= c && c <= Ch('9'); }
+template <class Ch> constexpr bool IsUpper(Ch c) { return Ch('A') <= c && c <= Ch('Z'); }
+template <class Ch> constexpr bool IsLower(Ch c) { return Ch('a') <= c && c <= Ch('z'); }
+template <class Ch> constexpr bool IsSign(Ch c) { return c == Ch('+') || c == Ch('-'); }
+// 0 to 9 and A to F; small letters are no hexadecimal digits of CASL II.
+template <class Ch> constexpr bool IsHexDigit(Ch c) { return IsDigit(c) || (Ch('A') <= c && c <= Ch('F')); }
+// A character that a label may hold: A to Z and 0 to 9.
+template <class Ch> constexpr bool IsLabelChar(Ch c) { return IsUpper(c) || IsDigit(c); }
+
+// An ASCII literal as text of either kind.
+template <class Ch> Text<Ch> Lit(std::string_view ascii) { return Text<Ch>(ascii.begin(), ascii.end()); }
+
+template <class Ch> bool MatchesAt(const Text<Ch>& text, std::size_t pos, std::string_view ascii) {
+    if (text.size() < pos + ascii.size()) return false;
+    for (std::size_t i = 0; i < ascii.size(); ++i)
+        if (text[pos + i] != Ch(ascii[i])) return false;
+    return true;
+}
+// The text equals the ASCII literal, whole and exactly.
+template <class Ch> bool Is(const Text<Ch>& text, std::string_view ascii) {
+    return text.size() == ascii.size() && MatchesAt(text, 0, ascii);
+}
+template <class Ch> bool BeginsWith(const Text<Ch>& text, std::string_view ascii) {
+    return MatchesAt(text, 0, ascii);
+}
+// Position of the ASCII literal at or behind `from`, npos if it does not occur.
+template <class Ch> std::size_t Find(const Text<Ch>& text, std::string_view ascii, std::size_t from = 0) {
+    return text.find(Lit<Ch>(ascii), from);
+}
+template <class Ch> bool Contains(const Text<Ch>& text, std::string_view ascii) { return Find(text, ascii) != npos; }
+
+// Position of the first blank (space or tab) at or behind `from`; of the first character that is none; npos if none.
+template <class Ch> std::size_t FindBlank(const Text<Ch>& text, std::size_t from = 0) {
+    while (from < text.size() && !IsBlank(text[from])) ++from;
+    return from < text.size() ? from : npos;
+}
+template <class Ch> std::size_t FindNonBlank(const Text<Ch>& text, std::size_t from = 0) {
+    while (from < text.size() && IsBlank(text[from])) ++from;
+    return from < text.size() ? from : npos;
+}
+
+// Removes spaces and tabs at the left end, the right end, both ends.
+template <class Ch> Text<Ch> TrimLeftBlank(const Text<Ch>& text);
+template <class Ch> Text<Ch> TrimRightBlank(const Text<Ch>& text);
+template <class Ch> Text<Ch> TrimBlank(const Text<Ch>& text);
+
+// Removes spaces, full-width spaces and tabs from the left end, spaces and full-width spaces from the right end.
+template <class Ch> Text<Ch> TrimZenBlank(const Text<Ch>& text);
+// The same for UTF-8 text of the console.
+std::string TrimZenBlankUtf8(const std::string& text);
+
+// The full-width space: U+3000, or the bytes 81 40.
+template <class Ch> Text<Ch> ZenSpace();
+// Length in units of the character that begins at i: 2 for a two-byte character of narrow text, else 1.
+template <class Ch> std::size_t CharLength(const Text<Ch>& text, std::size_t i);
+// Position of the first full-width space, npos if there is none. Narrow text is walked character by character.
+template <class Ch> std::size_t FindZenSpace(const Text<Ch>& text, std::size_t from = 0);
+// Whether a character that takes two bytes in code page 932 begins at i. False behind the end.
+template <class Ch> bool IsZenKakuAt(const Text<Ch>& text, std::size_t i);
+
+} // namespace tolvane

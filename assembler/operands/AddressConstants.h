@@ -1,0 +1,15 @@
+#pragma once
+// Address constants: labels, program names, decimal and hexadecimal numbers, literals.
+
+#include "assembler/records/Records.h"
+
+namespace tolvane {
+
+// Checks operand n of a line and sets second_word. 0, or a negative value with an Error.
+template <class Ch> int CkAdrConst20(int line, int n);
+// Checks the operand of a program's START and sets the words of its line. 0, or 1 with an Error.
+template <class Ch> int CkStartAdrOperand(int prg, int line);
+// Reports the first character of the text outside A to Z and 0 to 9, and sets its position.
+template <class Ch> void DetNonAdrConstMoziPosAW(const Text<Ch>& text, int line, int& pos);
+
+} // namespace tolvane

@@ -1,0 +1,17 @@
+#pragma once
+// Literals: constants written in the place of an address.
+
+#include "assembler/records/Records.h"
+
+namespace tolvane {
+
+// Checks the text of the literals of a program. 0, or -1 if an Error is counted.
+template <class Ch> int CkLiteral15(int prg);
+// Checks that character literals are closed, and takes the blanks off the commas. 0.
+template <class Ch> int CkStrConstLiteral(int prg);
+// Makes the record of a character literal; `text` holds its apostrophes. 0, or -1 for a text below 3 characters.
+template <class Ch> int SetLiteCharConstMryIn(int line, const Text<Ch>& text);
+// Makes the record of a number literal.
+template <class Ch> void SetLiteNumber(int line, const Text<Ch>& operand, const char* kind, int value);
+
+} // namespace tolvane

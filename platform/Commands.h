@@ -1,0 +1,14 @@
+#pragma once
+// Programs that the user's commands start. The program waits until they have ended and does not look at their result.
+
+#include <string>
+
+namespace tolvane::platform {
+
+// Opens a file in an editor: a command of the settings, or "notepad.exe", which stands for the editor that the user's
+// environment names or the first of the usual ones. The file's name is quoted against the shell.
+void RunEditor(const std::string& command, const std::string& file);
+// Lists a folder on the console, the current one for an empty name.
+void ListFolder(const std::string& folder);
+
+} // namespace tolvane::platform

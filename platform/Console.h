@@ -1,0 +1,27 @@
+#pragma once
+// The console: one output buffer for everything that the program prints, and reads of whole lines. Text is UTF-8 on
+// the program's side; outside it is UTF-8, Shift_JIS or EUC-JP as the user's locale names it (UTF-8 without one).
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tolvane::console {
+
+// Appends to the buffer, which is written out before a read, at Flush, at exit and when it is large. When the reader
+// of the output has gone, the program ends quietly.
+void Write(std::string_view utf8);
+void Flush();
+
+// One line without its line end; what lies beyond `limit` characters is dropped with the line. Nothing at the end of
+// the input; a last line without its line end is a line.
+std::optional<std::string> ReadLine(std::size_t limit);
+
+// Whether the bytes of the last line read were valid in the console's code.
+bool LastLineWasValid();
+
+// Whether a person watches the output.
+bool IsTerminal();
+
+} // namespace tolvane::console

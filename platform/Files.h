@@ -1,0 +1,26 @@
+#pragma once
+// Files and paths. A path is UTF-8 text in the program's own form: "/" and "\" both separate directories, a doubled
+// backslash is one separator, and double quotation marks round a name are taken off when a file is opened.
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tolvane::platform {
+
+// The path as the system takes it.
+std::string SystemPath(const std::string& path);
+// The working directory; nothing if it cannot be read.
+std::optional<std::string> CurrentDirectory();
+// True if the path names a file, no folder, that opens for reading.
+bool IsFileThere(const std::string& path);
+// All bytes of a file; nothing for a folder, an empty path, or a file that cannot be read to its end.
+std::optional<std::string> ReadFile(const std::string& path);
+// Writes the file anew; the system's message on failure, else nothing.
+std::optional<std::string> WriteFile(const std::string& path, std::string_view bytes);
+// The system's message for the last failure of CurrentDirectory.
+std::string LastSystemMessage();
+// The name of the system and of its machine, as in "Linux x86_64".
+std::string SystemAndMachine();
+
+} // namespace tolvane::platform
