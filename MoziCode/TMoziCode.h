@@ -10,8 +10,8 @@ namespace tolvane {
 
 class TMoziCode : public TMsgBase {
 public:
-    std::int32_t BomKazu = 0; // bytes of the byte-order mark
-    std::string BomStr;       // the mark in hexadecimal digits, or empty
+    std::int32_t BomKazu = 0;  // bytes of the byte-order mark
+    std::string BomStr;        // the mark in hexadecimal digits, or empty
     std::int32_t CodePage = 0; // 932, 65001, 1200, 1201; 0 until the first file has been seen
     std::string CodeName;      // as it is shown
 

@@ -27,6 +27,7 @@ constexpr Pipeline WideBase(const char* name) {
         .dcTextBehindBlank = true,
         .buildsLineOfWord = true,
         .maxMemory = 65000,
+        .storeGuard = 65000,
         .storeLimit = 65000,
         .clearsRunCount = true,
         .dump = Dump::DspRegMry70,
@@ -91,6 +92,7 @@ constexpr Pipeline MakeNH() {
     p.firstLabelCharCounts = false;
     p.dcTextBehindBlank = true;
     p.maxMemory = 3500;
+    p.storeGuard = 3501;
     p.storeLimit = 3500;
     p.clearsRunCount = false;
     p.dumpsRunCount = false;

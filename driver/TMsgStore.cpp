@@ -41,16 +41,16 @@ void TMsgStore::Append(Severity severity, Place place, const std::string& text, 
     const KindRow row = KindOf(severity);
     record.Kind = row.kind;
     record.Line = place.line;
-    record.Prefix = WideUtf8(StorePrefixes[row.prefix][Lang == 0 ? 0 : 1]).value_or(TextW());
+    record.Prefix = WideUtf8Lossy(StorePrefixes[row.prefix][Lang == 0 ? 0 : 1]);
     for (const Arg& arg : args) {
         if (arg.isNumber) continue;
-        record.Subject = WideUtf8(QuoteStr(arg.text)).value_or(TextW());
+        record.Subject = WideUtf8Lossy(QuoteStr(arg.text));
         break;
     }
     std::size_t begin = text.find_first_not_of('\n');
     for (std::size_t n = 0; begin < text.size() && n < record.Text.size(); ++n) {
         const std::size_t end = std::min(text.find('\n', begin), text.size());
-        record.Text[n] = WideUtf8(text.substr(begin, end - begin)).value_or(TextW());
+        record.Text[n] = WideUtf8Lossy(text.substr(begin, end - begin));
         begin = end + 1;
     }
     Records.push_back(std::move(record));

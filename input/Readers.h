@@ -16,7 +16,7 @@ int EditFilePath(std::string& path);
 // Read a file into records with strSrc set. 0, or a negative value with a message.
 int OpenFileUTF8toVecW20(const std::string& path);
 int OpenFileUTF16toVecW20(const std::string& path);
-// The narrow reader, which finds the character code itself. 0, or -1 with a message.
+// The narrow reader, which finds the character code itself, UTF-16 included. 0, or -1 with a message.
 int OpenFileNarrow(const std::string& path);
 // The narrow reader with its records widened, for the pipeline that reads so.
 int OpenFileWidened(const std::string& path);

@@ -2,6 +2,7 @@
 // Files and paths. A path is UTF-8 text in the program's own form: "/" and "\" both separate directories, a doubled
 // backslash is one separator, and double quotation marks round a name are taken off when a file is opened.
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,10 +13,13 @@ namespace tolvane::platform {
 std::string SystemPath(const std::string& path);
 // The working directory; nothing if it cannot be read.
 std::optional<std::string> CurrentDirectory();
-// True if the path names a file, no folder, that opens for reading.
+// True if the path names a file that opens for reading. Folders, pipes and devices are no files.
 bool IsFileThere(const std::string& path);
-// All bytes of a file; nothing for a folder, an empty path, or a file that cannot be read to its end.
+// All bytes of a file; nothing for what is no file, an empty path, a file that cannot be read to its end or one of more
+// than a gigabyte.
 std::optional<std::string> ReadFile(const std::string& path);
+// The first bytes of a file, fewer if it is shorter; nothing if it does not open.
+std::optional<std::string> ReadFileHead(const std::string& path, std::size_t most);
 // Writes the file anew; the system's message on failure, else nothing.
 std::optional<std::string> WriteFile(const std::string& path, std::string_view bytes);
 // The system's message for the last failure of CurrentDirectory.

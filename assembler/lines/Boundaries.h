@@ -1,5 +1,6 @@
 #pragma once
-// Program boundaries: the START and END lines of a file, their pairing, and the program records.
+// Program boundaries: the START and END lines of a file, their pairing, and the program records. The array pipeline
+// takes START and END only with a blank or the end of the line behind the word.
 
 #include "assembler/records/Records.h"
 

@@ -1,5 +1,5 @@
 #pragma once
-// DS: words with the value 0.
+// DS: words with the value 0. They are held as their count, word_kazu, alone.
 
 #include "assembler/records/Records.h"
 

@@ -5,6 +5,15 @@
 
 namespace tolvane {
 
+// The record of a line.
+template <class Ch> SrcData<Ch>& OprndLine(int line) {
+    return b->Src<Ch>()[static_cast<std::size_t>(line)];
+}
+// Operand n of a line.
+template <class Ch> Text<Ch>& Oprnd(int line, int n) {
+    return b->Src<Ch>()[static_cast<std::size_t>(line)].chOprnd[static_cast<std::size_t>(n)];
+}
+
 // Splits the comment off the lines whose opcode takes no character constant. 0, or -1 for an unknown opcode.
 template <class Ch> int SearchApostForNonCharConstOP(int prg);
 // Renews chOprndCom from strOprndCom, cut to the pipeline's limit. 0.
@@ -16,10 +25,13 @@ template <class Ch> int ExtractAllOprnds(int prg);
 // The further pass of the pointer pipelines: a comma with nothing behind it, or a missing one. 0.
 template <class Ch> int CkCommas(int prg);
 
+template <class Ch> bool EndsInComma(const Text<Ch>& operand);
+// The operand without the comma that ended it.
+template <class Ch> Text<Ch> WithoutComma(const Text<Ch>& operand);
 // Sets CommaAriFlag from the last character of operand n.
 template <class Ch> void GetCommaAriFlagForNextOprnd(int line, int n);
-// True if CommaAriFlag is 1.
-bool CommaNextOprnd3();
+// True if CommaAriFlag is 1. `place` names the caller, for the self-check of the flag.
+bool CommaNextOprnd3(const char* place);
 // True if operand n is not empty; sets NextOprndAriFlag.
 template <class Ch> bool CkNextOprndAriWithComma(int line, int n);
 

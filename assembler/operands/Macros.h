@@ -12,7 +12,7 @@ inline constexpr int RpopWords = 7;
 // In the handler pass: commas and word counts of IN and OUT; of RPUSH and RPOP. 0, or 1 for another word.
 template <class Ch> int macro2(int line);
 template <class Ch> int macroR2(int line);
-// In the address walk: checks operand n of IN or OUT, 0 or 1; builds their words, 0 or 1.
+// In the address walk: checks operand n of IN or OUT, 0 or 1; builds their words without addresses, 0 or 1.
 template <class Ch> int MacroIN(int line, int n);
 template <class Ch> int InOut1(int line);
 // Build the words of RPUSH and RPOP at the running addresses, and advance them.

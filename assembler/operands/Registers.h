@@ -11,15 +11,19 @@ template <class Ch> bool IsRegister(const Text<Ch>& text);
 template <class Ch> bool BeginsWithRegister(const Text<Ch>& text);
 template <class Ch> bool IsRegisterWord(const Text<Ch>& text);
 template <class Ch> bool IsRegisterWordOrComma(const Text<Ch>& text);
+// IsRegisterWord for GR0 up to the digit `last`, which may be a digit that no register has.
+template <class Ch> bool IsRegisterWordUpTo(const Text<Ch>& text, char last);
 // The digit of a text that begins with a register name.
 template <class Ch> int RegisterDigit(const Text<Ch>& text);
 
 // The first operand of each shape. The result is the count of all Errors of cs so far, not a verdict on this line.
 template <class Ch> int CkOpTypeOprndOne(int line, const char* op);
-template <class Ch> int CkOpTypeOprndOneAdr(int line, const char* op, const char* japaneseName, const char* englishName);
+// `name` is the name of the instruction, `missing` what is said when there is no operand.
+template <class Ch> int CkOpTypeOprndOneAdr(int line, const char* op, const Msg& name, const Msg& missing);
 template <class Ch> int CkOpTypeOprndOnePop(int line, const char* op);
-// Operand 1 is a register name, with or without a comma.
+// Whether operand 1 is a register name, with or without a comma; an Error if the comma is missing.
 template <class Ch> bool GRxComma(int line);
+// The same; the comma is of no use behind the register of POP, and no other opcode takes the register at all.
 template <class Ch> bool GRxLabelAll(int line, const char* op);
 // The second register of r1,r2. 0 if it is good, else 1.
 template <class Ch> int r2(int line);
@@ -30,7 +34,7 @@ template <class Ch> int RegX(int line, int n);
 // Why a word is no register, or no index register. The number of faults found.
 template <class Ch> int AnalystRegMozi(const Text<Ch>& text, int line);
 template <class Ch> int AnalystIndexReg(int line, int n);
-// Warns of GR8 or GR9 as the label of a LAD.
+// Warns of GR8 or GR9 as the second operand, where they are labels.
 template <class Ch> void AnalystGR89(int line);
 
 } // namespace tolvane

@@ -9,7 +9,7 @@
 namespace tolvane {
 
 template <class Ch> struct PrgData {
-    std::int32_t PrgWordKazu = 0;
+    std::int64_t PrgWordKazu = 0; // wider than an address: a refused size is printed as it is
     std::int32_t AbAdrAtStart = 0;
     std::int32_t AbAdrAtLite = 0;
     std::int32_t AbAdrAtEnd = 0;

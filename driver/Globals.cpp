@@ -1,0 +1,38 @@
+// The main objects, built before main in this order; each lives until the end of the process.
+
+#include "MoziCode/TMoziCode.h"
+#include "TimeVcl/TTimeVcl.h"
+#include "assembler/records/Records.h"
+#include "driver/Settings.h"
+#include "driver/TMsgStore.h"
+#include "machine/Tcomet2.h"
+
+namespace tolvane {
+
+namespace {
+
+TBasicData basicData;
+TMsgStore msgStore;
+TModeFlags theModeFlags;
+TMoziCode theMoziCode;
+TTimeVcl theTimer;
+TLStd theTools;
+TPO thePO;
+ToolWin theToolWin;
+Tcomet2 machine;
+TCorrectScode correctScode;
+
+} // namespace
+
+constinit TBasicData* const b = &basicData;
+constinit TMsgStore* const store = &msgStore;
+constinit TModeFlags* const modeFlags = &theModeFlags;
+constinit TMoziCode* const moziCode = &theMoziCode;
+constinit TTimeVcl* const timer = &theTimer;
+constinit TLStd* const tools = &theTools;
+constinit TPO* const po = &thePO;
+constinit ToolWin* const toolWin = &theToolWin;
+constinit Tcomet2* const comet2 = &machine;
+constinit TCorrectScode* const cs = &correctScode;
+
+} // namespace tolvane

@@ -1,0 +1,55 @@
+#include "driver/Stages.h"
+
+#include "assembler/lines/Boundaries.h"
+#include "assembler/lines/CrossChecks.h"
+#include "assembler/lines/Labels.h"
+#include "assembler/lines/LineDriver.h"
+#include "assembler/lines/Normalising.h"
+#include "linker/Linker.h"
+
+namespace tolvane {
+
+namespace {
+
+// The sum of the counters after a stage. True when the cycle goes on.
+bool Check(TMsgBase& game) {
+    SumMsgKazu(game);
+    return game.ErrorKazu == 0;
+}
+
+template <class Ch> bool RunStagesOf(TMsgBase& game) {
+    for (auto& line : b->Src<Ch>()) line.strLine = line.strSrc;
+    if (editNWB<Ch>() < 0 || !Check(game)) return false;
+    TabsToBlanks<Ch>();
+    if (StartEnd10<Ch>() < 0 || !Check(game)) return false;
+    if (StartEnd20<Ch>() < 0 || !Check(game)) return false;
+
+    const int programs = b->GetPrgKazuInFile();
+    for (int i = 0; i < programs; ++i) {
+        StartEnd<Ch>(i);
+        StripComment<Ch>(i);
+    }
+    if (!Check(game)) return false;
+    IsAnySrcOutsideSartEnd<Ch>();
+    if (!Check(game)) return false;
+    for (int i = 0; i < programs; ++i) CkPrgName<Ch>(i);
+    if (!Check(game)) return false;
+    if (CkPrgNameDouble<Ch>() < 0 || !Check(game)) return false;
+
+    if (AnalyseLines<Ch>() < 0 || !Check(game)) return false;
+    CkLabelInUse<Ch>();
+    CkPrgNameInUse<Ch>();
+    return Check(game);
+}
+
+} // namespace
+
+bool RunStages(TMsgBase& game) {
+    return game.Pipe->text == TextKind::Wide ? RunStagesOf<char16_t>(game) : RunStagesOf<char>(game);
+}
+
+int RunLink(TMsgBase& game) {
+    return game.Pipe->text == TextKind::Wide ? Link31<char16_t>(game) : Link31<char>(game);
+}
+
+} // namespace tolvane

@@ -1,0 +1,28 @@
+#include "machine/Tcomet2.h"
+
+#include "platform/Console.h"
+
+namespace tolvane {
+
+void Tcomet2::InitComet2() {
+    OS = 0;
+    Memory.fill(0);
+    RunCount.fill(0);
+    MaxRunCount = 0;
+    LineOfWord.fill(-1);
+    Stack.fill(0);
+    GR.fill(0);
+    PR = 0;
+    EffAdr = 0;
+    SP = StackBottom;
+    Fovf = Fsign = Fzero = 0;
+    SrcFileName.clear();
+    ReservedWords = 0;
+}
+
+void Tcomet2::Print(const Msg& msg, Args args) const {
+    console::Write(Compose(msg.For(Lang, Pipe->wording), Lang, Severity::Error, NoLine, args));
+    if (console::IsTerminal()) console::Flush();
+}
+
+} // namespace tolvane

@@ -1,0 +1,32 @@
+#pragma once
+// An open file of the system, closed with its owner. For the sources of this room only.
+
+#include <string_view>
+#include <unistd.h>
+#include <utility>
+
+namespace tolvane::platform {
+
+class Descriptor {
+public:
+    explicit Descriptor(int opened) : number(opened) {}
+    Descriptor(Descriptor&& other) noexcept : number(std::exchange(other.number, -1)) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() { Close(); }
+
+    int Get() const { return number; } // below 0 if the file did not open
+    // False if the system could not keep what was written.
+    bool Close() {
+        const int closing = std::exchange(number, -1);
+        return closing < 0 || close(closing) == 0;
+    }
+
+private:
+    int number;
+};
+
+// Writes all bytes; false, with errno, if that fails.
+bool WriteBytes(int file, std::string_view bytes);
+
+} // namespace tolvane::platform

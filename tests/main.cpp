@@ -1,0 +1,21 @@
+// The tests: unit tests and one test for each run of a transcript case. With --rewrite (or TOLVANE_REWRITE=1) the
+// transcripts' expectations are written from what appeared instead of compared with it.
+
+#include "TranscriptTest.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <string>
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const char* setting = std::getenv("TOLVANE_REWRITE");
+    bool rewrite = setting != nullptr && std::string(setting) == "1";
+    for (int i = 1; i < argc; ++i) {
+        if (std::string(argv[i]) == "--rewrite") rewrite = true;
+    }
+    std::signal(SIGPIPE, SIG_IGN);
+    tolvane::tests::RegisterTranscripts(rewrite);
+    return RUN_ALL_TESTS();
+}

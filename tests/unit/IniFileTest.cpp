@@ -1,0 +1,134 @@
+// The settings form: what is read from odd files, and that a write leaves everything else as it was.
+
+#include "platform/IniFile.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <unistd.h>
+
+namespace tolvane::platform {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class IniFile : public testing::Test {
+protected:
+    const fs::path folder = fs::temp_directory_path() / ("tolvane-ini-" + std::to_string(getpid()));
+    const std::string path = (folder / "tolvane_Win.ini").string();
+
+    void SetUp() override { fs::create_directories(folder); }
+    void TearDown() override { fs::remove_all(folder); }
+
+    void Make(const std::string& bytes) const { std::ofstream(path, std::ios::binary) << bytes; }
+    std::string Bytes() const {
+        std::ostringstream bytes;
+        bytes << std::ifstream(path, std::ios::binary).rdbuf();
+        return bytes.str();
+    }
+    std::string Lang() const { return GetIniStr("Mode", "Lang", "default", path); }
+    // The file after Lang has been written into it.
+    std::string After(const std::string& before, const std::string& lang) const {
+        Make(before);
+        PutIniStr("Mode", "Lang", lang, path);
+        return Bytes();
+    }
+};
+
+TEST_F(IniFile, ReadsAValue) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"[Mode]\nLang=JPN\n", "JPN"},
+        {"[mode]\r\n  lANG \t=  JPN \r\n", "JPN"},
+        {"\xEF\xBB\xBF[Mode]\nLang=JPN", "JPN"},
+        {"[Mode]\nLang=\"J P\"\n", "J P"},
+        {"[Mode]\nLang='J \"P\"'\n", "J \"P\""},
+        {"[Mode]\nLang=\"a\" \"c\"\n", "\"a\" \"c\""},
+        {"[Mode]\nLang=\n", ""},
+        {"[Mode]\nLang=a=b;c\n", "a=b;c"},
+        {"[Mode]\nLang=1\nLang=2\n", "1"},
+        {"[ Mode ] tail\nLang=JPN\n", "JPN"},
+        {"[Mode\nLang=JPN\n", "JPN"},
+        {"[Mode]\n;Lang=JPN\nLang\n", "default"},
+        {"Lang=JPN\n[Other]\nLang=JPN\n[Modes]\nLang=JPN\n", "default"},
+        {"[Mode]\nX=1\n[Mode]\nLang=JPN\n", "default"},
+        {"", "default"},
+    };
+    for (const auto& [bytes, value] : cases) {
+        Make(bytes);
+        EXPECT_EQ(Lang(), value) << bytes;
+    }
+    Make("[Mode]\nLang=" + std::string(300, 'x'));
+    EXPECT_EQ(Lang(), std::string(255, 'x'));
+    EXPECT_EQ(GetIniStr("Mode", "Lang", "default", folder.string()), "default");
+}
+
+TEST_F(IniFile, ReadsANumber) {
+    const std::pair<const char*, int> cases[] = {
+        {"7", 7},
+        {"-3x", -3},
+        {"+2", 2},
+        {"12 34", 12},
+        {"\"5\"", 5},
+        {"", 0},
+        {"x1", 0},
+        {"-", 0},
+        {"--1", 0},
+        {"99999999999999999999", 2147483647},
+        {"-99999999999999999999", -2147483647},
+    };
+    for (const auto& [value, number] : cases) {
+        Make(std::string("[Mode]\nLang=") + value + "\n");
+        EXPECT_EQ(GetIniInt("Mode", "Lang", 9, path), number) << value;
+    }
+    EXPECT_EQ(GetIniInt("Mode", "Other", 9, path), 9);
+}
+
+TEST_F(IniFile, ANewFileHoldsSectionsInOrderOfTheFirstWrite) {
+    PutIniStr("Mode", "Lang", "ENU", path);
+    PutIniStr("Assembler", "File", "a b", path);
+    PutIniInt("mode", "Index", -1, path);
+    EXPECT_EQ(Bytes(), "[Mode]\nLang=ENU\nIndex=-1\n[Assembler]\nFile=a b\n");
+}
+
+TEST_F(IniFile, AWriteLeavesEverythingElse) {
+    EXPECT_EQ(After("; head\n\n[Mode]\n lang =  JPN \nX=\x93\xFA\n\n\n[E]\nLang=1", "ENU"),
+              "; head\n\n[Mode]\n lang =  ENU\nX=\x93\xFA\n\n\n[E]\nLang=1");
+    EXPECT_EQ(After("[Mode]\r\nX=1\r\n\r\n[E]\r\n", "ENU"), "[Mode]\r\nX=1\r\nLang=ENU\r\n\r\n[E]\r\n");
+    EXPECT_EQ(After("[E]\r\nX=1", "ENU"), "[E]\r\nX=1\r\n[Mode]\r\nLang=ENU\r\n");
+    EXPECT_EQ(After("[Mode]\nLang=", "ENU"), "[Mode]\nLang=ENU");
+    EXPECT_EQ(After("[Mode]", "ENU"), "[Mode]\nLang=ENU\n");
+    EXPECT_EQ(After("\xEF\xBB\xBF", "ENU"), "\xEF\xBB\xBF[Mode]\nLang=ENU\n");
+    EXPECT_EQ(After("\xEF\xBB\xBF[Mode]\nLang=1", "ENU"), "\xEF\xBB\xBF[Mode]\nLang=ENU");
+    EXPECT_EQ(After("[Mode]\nLang= \"x y\" \n", "x y"), "[Mode]\nLang= \"x y\" \n"); // reads the same already
+}
+
+TEST_F(IniFile, KeepsLinksRightsAndUnreadableThings) {
+    const fs::path target = folder / "target.ini";
+    std::ofstream(target) << "[Mode]\nLang=JPN\n";
+    fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
+    fs::create_symlink(target, path);
+    PutIniStr("Mode", "Lang", "ENU", path);
+    EXPECT_TRUE(fs::is_symlink(path));
+    EXPECT_EQ(Lang(), "ENU");
+    EXPECT_EQ(fs::status(target).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+
+    fs::remove(target); // a link to nothing makes the file that it names
+    PutIniStr("Mode", "Lang", "JPN", path);
+    EXPECT_TRUE(fs::is_symlink(path));
+    EXPECT_EQ(Lang(), "JPN");
+
+    const fs::path second = folder / "second.ini";
+    fs::create_hard_link(target, second);
+    PutIniStr("Mode", "Lang", "E", path);
+    EXPECT_EQ(GetIniStr("Mode", "Lang", "", second.string()), "E");
+
+    PutIniStr("Mode", "Lang", "E", folder.string());
+    PutIniStr("Mode", "Lang", "E", (folder / "no" / "such.ini").string());
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 3); // no file left over
+}
+
+} // namespace
+
+} // namespace tolvane::platform
