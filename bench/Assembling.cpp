@@ -15,7 +15,7 @@ namespace {
 
 // Lines of which every fourth has a label that another line names.
 std::vector<TextW> Source(int lines) {
-    const auto label = [](int i) { return "L" + std::to_string(i); };
+    const auto label = [](int i) { return std::string("L").append(std::to_string(i)); };
     std::vector<TextW> source = {u"MAIN  START"};
     for (int i = 0; i < lines; ++i) {
         const int labels = lines / 4;

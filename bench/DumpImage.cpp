@@ -16,7 +16,7 @@ void Fill(int words) {
     b->Reset();
     comet2->InitComet2();
     for (int a = 0; a < words; ++a) {
-        const std::string label = "L" + std::to_string(a);
+        const std::string label = std::string("L").append(std::to_string(a));
         SrcDataW& line = b->vecSrcW.emplace_back();
         line.AbAdr = a;
         line.strLabel.assign(label.begin(), label.end());

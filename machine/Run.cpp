@@ -118,30 +118,17 @@ inline int srl653(int gr, int n, Flags& flags) {
     return flags.result;
 }
 
-// Whether a word with a nibble above 7 may be executed all the same, as its instruction does not use that nibble.
-bool NibblesPass(int w) {
-    const bool rPasses = Bit(w, 7) == 0;
-    const bool xPasses = Bit(w, 3) == 0;
-    switch ((w >> 8) & 0xFF) {
-    case 0x00:
-    case 0x81:
-        return true;
-    case 0x61:
-    case 0x62:
-    case 0x63:
-    case 0x64:
-    case 0x65:
-    case 0x66:
-    case 0x70:
-    case 0x80:
-    case 0xF0:
-        return xPasses;
-    case 0x71:
-        return rPasses;
-    default:
-        return false;
-    }
-}
+// The high bits of the nibbles r and x that must be 0, by code: an instruction may leave a nibble unused.
+constexpr int NibbleR = 0x80;
+constexpr int NibbleX = 0x08;
+constexpr std::array<std::uint8_t, 256> CheckedNibbles = [] {
+    std::array<std::uint8_t, 256> checked{};
+    checked.fill(NibbleR | NibbleX);
+    checked[0x00] = checked[0x81] = 0;
+    for (auto code : {0x61U, 0x62U, 0x63U, 0x64U, 0x65U, 0x66U, 0x70U, 0x80U, 0xF0U}) checked[code] = NibbleX;
+    checked[0x71] = NibbleR;
+    return checked;
+}();
 
 // Whether the stop is met when the second word of its instruction has been fetched, so that PR stands there.
 bool StandsOnSecondWord(Stop stop) {
@@ -175,41 +162,43 @@ Stop Tcomet2::Execute() {
     int* const memory = Memory.data();
     int* const runCount = RunCount.data();
     int* const gr = GR.data();
-    const int maxMemory = Pipe->maxMemory;
     const int storeGuard = Pipe->storeGuard;
     const int reserved = ReservedWords;
     bool storeWarned = false;
 
-    int pr = PR;
-    int e = EffAdr;
+    // Addresses and register numbers are indices here, so that none is extended at each use.
+    auto pr = static_cast<std::size_t>(PR);
+    auto e = static_cast<std::size_t>(EffAdr);
     Flags flags{Fzero != 0 ? 0 : (Fsign != 0 ? -1 : 1), Fovf};
 
-    // The bound of PR is the only way out of the loop: a stop pulls it below every address.
-    int bound = maxMemory;
+    // The first address that is neither an instruction's nor a memory operand's. It is the only way out of the loop as
+    // well: a stop pulls it down to 0.
+    auto limit = static_cast<std::size_t>(Pipe->maxMemory) + 1;
     Stop stop = Stop::None;
-    const auto end = [&bound, &stop](Stop reason) {
+    const auto end = [&limit, &stop](Stop reason) {
         stop = reason;
-        bound = -1;
+        limit = 0;
     };
-    // Whether the memory operand at E may be read.
-    const auto readable = [&](int address) {
-        if (address <= maxMemory) return true;
+    // Whether the memory operand at an address may be read.
+    const auto readable = [&limit, &end](std::size_t address) {
+        if (address < limit) return true;
         end(Stop::OperandBeyondMemory);
         return false;
     };
 
-    while (pr <= bound) {
+    while (pr < limit) {
         const int w = memory[pr];
-        if ((w & 0x88) != 0 && !NibblesPass(w)) {
+        const auto code = static_cast<std::uint8_t>(w >> 8);
+        if ((w & (NibbleR | NibbleX)) != 0 && (w & CheckedNibbles[code]) != 0) [[unlikely]] {
             end(Stop::BadRegister);
             continue;
         }
         runCount[pr] = static_cast<int>(static_cast<unsigned>(runCount[pr]) + 1U);
 
-        const int r = (w >> 4) & 7;
-        const int x = w & 7;
-        e = Unsigned(Unsigned(memory[pr + 1]) + (x == 0 ? 0 : Unsigned(gr[x])));
-        switch ((w >> 8) & 0xFF) {
+        const std::size_t r = static_cast<unsigned>(w >> 4) & 7U;
+        const std::size_t x = static_cast<unsigned>(w) & 7U;
+        e = static_cast<std::uint16_t>(Unsigned(memory[pr + 1]) + (x == 0 ? 0 : Unsigned(gr[x])));
+        switch (code) {
         case 0x00: // NOP
             if (w == 0)
                 ++pr;
@@ -226,10 +215,10 @@ Stop Tcomet2::Execute() {
             ++pr;
             break;
         case 0x11: // ST
-            if (x != 0 && (e >= storeGuard || (e >= reserved && !storeWarned))) {
+            if (const int a = static_cast<int>(e); x != 0 && (a >= storeGuard || (a >= reserved && !storeWarned))) {
                 storeWarned = true;
-                PR = pr + 1;
-                if (st511(e) == StoreRefused) {
+                PR = static_cast<int>(pr) + 1;
+                if (st511(a) == StoreRefused) {
                     end(Stop::StoreBeyondMemory);
                     break;
                 }
@@ -238,7 +227,7 @@ Stop Tcomet2::Execute() {
             pr += 2;
             break;
         case 0x12: // LAD
-            gr[r] = e;
+            gr[r] = static_cast<int>(e);
             pr += 2;
             break;
         case 0x20: // ADDA
@@ -323,19 +312,19 @@ Stop Tcomet2::Execute() {
             ++pr;
             break;
         case 0x50:
-            gr[r] = sla550(gr[r], e, flags);
+            gr[r] = sla550(gr[r], static_cast<int>(e), flags);
             pr += 2;
             break;
         case 0x51:
-            gr[r] = sra551(gr[r], e, flags);
+            gr[r] = sra551(gr[r], static_cast<int>(e), flags);
             pr += 2;
             break;
         case 0x52:
-            gr[r] = sll652(gr[r], e, flags);
+            gr[r] = sll652(gr[r], static_cast<int>(e), flags);
             pr += 2;
             break;
         case 0x53:
-            gr[r] = srl653(gr[r], e, flags);
+            gr[r] = srl653(gr[r], static_cast<int>(e), flags);
             pr += 2;
             break;
         case 0x61: // JMI
@@ -357,7 +346,7 @@ Stop Tcomet2::Execute() {
             pr = flags.fovf != 0 ? e : pr + 2;
             break;
         case 0x70: // PUSH
-            if (PushWord(e))
+            if (PushWord(static_cast<int>(e)))
                 pr += 2;
             else
                 end(Stop::StackFull);
@@ -369,7 +358,7 @@ Stop Tcomet2::Execute() {
             break;
         case 0x80: // CALL
             if (OS < std::numeric_limits<int>::max()) ++OS;
-            if (PushWord(pr + 2))
+            if (PushWord(static_cast<int>(pr) + 2))
                 pr = e;
             else
                 end(Stop::StackFull);
@@ -383,14 +372,14 @@ Stop Tcomet2::Execute() {
             if (ret581() == ReturnRefused)
                 end(Stop::ReturnWithoutStack);
             else
-                pr = PR;
+                pr = static_cast<std::size_t>(PR);
             break;
         case 0x88: // EXIT
             ++pr;
             end(Stop::End);
             break;
         case 0xF0: // SVC
-            OsSvc(e);
+            OsSvc(static_cast<int>(e));
             pr += 2;
             break;
         default:
@@ -400,8 +389,8 @@ Stop Tcomet2::Execute() {
     }
     if (stop == Stop::None) stop = Stop::PrBeyondMemory;
 
-    PR = StandsOnSecondWord(stop) ? pr + 1 : pr;
-    EffAdr = e;
+    PR = static_cast<int>(pr) + (StandsOnSecondWord(stop) ? 1 : 0);
+    EffAdr = static_cast<int>(e);
     Fovf = flags.fovf;
     Fsign = flags.result < 0 ? 1 : 0;
     Fzero = flags.result == 0 ? 1 : 0;

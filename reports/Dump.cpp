@@ -90,7 +90,8 @@ void DspWordCell(std::string& out, int cell) {
     Right(out, w, 5);
     out += ':';
     const int value = static_cast<std::int16_t>(w);
-    Right(out, (value < 0 ? "" : "+") + std::to_string(value), 6);
+    const std::string digits = std::to_string(value);
+    Right(out, value < 0 ? digits : std::string("+").append(digits), 6);
     out += ':';
     for (int bit = 15; bit >= 0; --bit) {
         if (bit % 4 == 3) out += ' ';
