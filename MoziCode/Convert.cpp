@@ -7,9 +7,11 @@ namespace tolvane {
 
 namespace {
 
-constexpr int Cells = 94;    // two-byte characters come in rows of 94, two rows to a lead byte
-constexpr int EucRows = 94;  // the rows that EUC-JP can write
-constexpr int LastRow = 120; // of lead byte FC
+constexpr int Cells = 94;               // two-byte characters come in rows of 94, two rows to a lead byte
+constexpr int EucRows = 94;             // the rows that EUC-JP can write
+constexpr int LastRow = 120;            // of lead byte FC
+constexpr int FirstNecSelectedRow = 89; // of lead bytes ED and EE: characters that have an IBM code as well
+constexpr int LastNecSelectedRow = 92;
 constexpr int FirstUserRow = 95;
 constexpr int LastUserRow = 114;
 constexpr char16_t FirstUserChar = 0xE000;
@@ -83,8 +85,9 @@ public:
         for (unsigned c = 0; c < 256; ++c)
             if (!IsLeadByte932(static_cast<unsigned char>(c))) SetCode(WideOfByte(c), c);
         for (const Row932& r : Rows932)
-            for (int cell = 0; cell < Cells; ++cell)
-                if (r.characters[cell] != u'_') Set({r.row, cell}, r.characters[cell]);
+            if (!IsNecSelected(r.row)) SetRow(r);
+        for (const Row932& r : Rows932)
+            if (IsNecSelected(r.row)) SetRow(r);
         for (int row = FirstUserRow; row <= LastUserRow; ++row)
             for (int cell = 0; cell < Cells; ++cell)
                 Set({row, cell}, static_cast<char16_t>(FirstUserChar + (row - FirstUserRow) * Cells + cell));
@@ -97,12 +100,17 @@ public:
     unsigned CodeOfUnit(char16_t unit) const { return codes[unit]; }
 
 private:
+    static bool IsNecSelected(int row) { return FirstNecSelectedRow <= row && row <= LastNecSelectedRow; }
     static std::size_t Index(Place932 place) { return static_cast<std::size_t>((place.row - 1) * Cells + place.cell); }
     void Set(Place932 place, char16_t unit) {
         wide[Index(place)] = unit;
         SetCode(unit, CodeOf(place));
     }
-    // Of two codes for one character the first is written.
+    void SetRow(const Row932& r) {
+        for (int cell = 0; cell < Cells; ++cell)
+            if (r.characters[cell] != u'_') Set({r.row, cell}, r.characters[cell]);
+    }
+    // Of two codes for one character the first is written, so the NEC-selected rows come last.
     void SetCode(char16_t unit, unsigned code) {
         if (codes[unit] == 0) codes[unit] = static_cast<std::uint16_t>(code);
     }
@@ -129,6 +137,20 @@ bool IsPairAt(std::u16string_view wide, std::size_t i) {
 // The character of two bytes, 0 if there is none.
 char16_t WideOfPair(char lead, char trail) {
     return Table().At(PlaceOf(Byte(lead), Byte(trail)));
+}
+
+// The place of the same character within the rows that EUC-JP can write, row 0 if there is none. A character of the IBM
+// rows stands in another row as well.
+Place932 EucPlaceOf(Place932 place) {
+    const char16_t unit = Table().At(place);
+    if (unit == 0) return {};
+    if (place.row <= EucRows) return place;
+    const unsigned code = Table().CodeOfUnit(unit);
+    if (const Place932 written = PlaceOf(code >> 8, code & 0xFF); written.row <= EucRows) return written;
+    for (int row = FirstNecSelectedRow; row <= LastNecSelectedRow; ++row)
+        for (int cell = 0; cell < Cells; ++cell)
+            if (Table().At({row, cell}) == unit) return {row, cell};
+    return {};
 }
 
 void AppendCode(std::string& out, unsigned code) {
@@ -338,8 +360,8 @@ std::string EucFrom932(std::string_view bytes) {
             euc += ToChar(EucKana);
             euc += bytes[i];
         } else if (IsLeadByte932(static_cast<unsigned char>(first)) && i + 1 < bytes.size()) {
-            const Place932 place = PlaceOf(first, Byte(bytes[++i]));
-            if (place.row <= EucRows && Table().At(place) != 0) {
+            const Place932 place = EucPlaceOf(PlaceOf(first, Byte(bytes[++i])));
+            if (place.row != 0) {
                 euc += ToChar(EucBase + static_cast<unsigned>(place.row) - 1);
                 euc += ToChar(EucBase + static_cast<unsigned>(place.cell));
             } else {

@@ -3,6 +3,7 @@
 #include "MoziCode/TMoziCode.h"
 #include "TimeVcl/TTimeVcl.h"
 #include "assembler/records/Records.h"
+#include "assembler/records/TLabelSpace.h"
 #include "driver/Settings.h"
 #include "driver/TMsgStore.h"
 #include "machine/Tcomet2.h"
@@ -21,6 +22,7 @@ TPO thePO;
 ToolWin theToolWin;
 Tcomet2 machine;
 TCorrectScode correctScode;
+TLabelSpace theLabelSpace;
 
 } // namespace
 
@@ -34,5 +36,6 @@ constinit TPO* const po = &thePO;
 constinit ToolWin* const toolWin = &theToolWin;
 constinit Tcomet2* const comet2 = &machine;
 constinit TCorrectScode* const cs = &correctScode;
+constinit TLabelSpace* const labelSpace = &theLabelSpace;
 
 } // namespace tolvane

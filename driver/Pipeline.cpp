@@ -33,6 +33,7 @@ constexpr Pipeline WideBase(const char* name) {
         .dump = Dump::DspRegMry70,
         .dumpsRunCount = true,
         .isArray = false,
+        .limits = {},
     };
 }
 
@@ -97,6 +98,14 @@ constexpr Pipeline MakeNH() {
     p.clearsRunCount = false;
     p.dumpsRunCount = false;
     p.isArray = true;
+    p.limits = {.lines = 310,
+                .lineLength = 80,
+                .opLength = 5,
+                .dcConstants = 20,
+                .dcdsLines = 55,
+                .dcdsWords = 3500,
+                .literalWords = 300,
+                .imageWords = 3500};
     return p;
 }
 

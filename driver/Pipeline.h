@@ -19,6 +19,18 @@ enum class Reader {
 enum class Delivery { Print, PrintAndQueue, Queue };
 enum class Dump { DspRegMry70, DspRegMry68 };
 
+// What a pipeline of fixed size takes. 0 stands for no limit of its own.
+struct Limits {
+    int lines = 0;        // of a file
+    int lineLength = 0;   // bytes of a line that are read
+    int opLength = 0;     // characters of an opcode word
+    int dcConstants = 0;  // constants of a DC line
+    int dcdsLines = 0;    // DC and DS lines of a file, together
+    int dcdsWords = 0;    // their words
+    int literalWords = 0; // words of the literals of a file
+    int imageWords = 0;   // words of the image
+};
+
 struct Pipeline {
     const char* name;
     Wording wording;
@@ -51,7 +63,8 @@ struct Pipeline {
     Dump dump;
     bool dumpsRunCount;
 
-    bool isArray; // NH: fixed tables with limits, EXIT, its own link
+    bool isArray;  // NH: fixed tables with limits, EXIT, its own link
+    Limits limits; // of the fixed tables
 };
 
 // The row for a value of FightFunc, compared exactly; null for a value that names no pipeline.

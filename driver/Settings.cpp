@@ -31,7 +31,9 @@ void ToolWin::SetIniPath() {
         return;
     }
     Directory = *directory;
-    IniPath = Directory + "\\" + IniName;
+    // A path cannot hold a directory that has a backslash in its name; the name alone means the same file.
+    const bool hasBackslash = Directory.find('\\') != std::string::npos;
+    IniPath = hasBackslash ? IniName : Directory + "\\" + IniName;
 }
 
 void LoadSettings(const std::string& path) {

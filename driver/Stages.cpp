@@ -1,5 +1,6 @@
 #include "driver/Stages.h"
 
+#include "assembler/lines/ArrayLines.h"
 #include "assembler/lines/Boundaries.h"
 #include "assembler/lines/CrossChecks.h"
 #include "assembler/lines/Labels.h"
@@ -17,9 +18,17 @@ bool Check(TMsgBase& game) {
     return game.ErrorKazu == 0;
 }
 
+// The array pipeline fills the memory as soon as its lines are analysed.
+int AnalyseArray(TMsgBase& game) {
+    if (AnalyseArrayLines() < 0 || ErrorSum() > 0) return -1;
+    for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg)
+        if (SetMemory25(game, prg) < 0) return -1;
+    return 0;
+}
+
 template <class Ch> bool RunStagesOf(TMsgBase& game) {
     for (auto& line : b->Src<Ch>()) line.strLine = line.strSrc;
-    if (editNWB<Ch>() < 0 || !Check(game)) return false;
+    if ((game.Pipe->isArray ? editN() : editNWB<Ch>()) < 0 || !Check(game)) return false;
     TabsToBlanks<Ch>();
     if (StartEnd10<Ch>() < 0 || !Check(game)) return false;
     if (StartEnd20<Ch>() < 0 || !Check(game)) return false;
@@ -36,7 +45,7 @@ template <class Ch> bool RunStagesOf(TMsgBase& game) {
     if (!Check(game)) return false;
     if (CkPrgNameDouble<Ch>() < 0 || !Check(game)) return false;
 
-    if (AnalyseLines<Ch>() < 0 || !Check(game)) return false;
+    if ((game.Pipe->isArray ? AnalyseArray(game) : AnalyseLines<Ch>()) < 0 || !Check(game)) return false;
     CkLabelInUse<Ch>();
     CkPrgNameInUse<Ch>();
     return Check(game);
@@ -49,6 +58,7 @@ bool RunStages(TMsgBase& game) {
 }
 
 int RunLink(TMsgBase& game) {
+    if (game.Pipe->isArray) return Link2(game);
     return game.Pipe->text == TextKind::Wide ? Link31<char16_t>(game) : Link31<char>(game);
 }
 

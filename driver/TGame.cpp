@@ -3,6 +3,7 @@
 #include "MoziCode/TMoziCode.h"
 #include "TimeVcl/TTimeVcl.h"
 #include "assembler/records/Records.h"
+#include "assembler/records/TLabelSpace.h"
 #include "driver/DriverMsgs.h"
 #include "driver/MainMenu.h"
 #include "driver/Settings.h"
@@ -156,6 +157,11 @@ bool TGame::AssembleLinkRun() {
         return true;
     }
 
+    labelSpace->Free();
+    if (Pipe->isArray) {
+        cs->CountLabels();
+        labelSpace->CopyLabel();
+    }
     SrcFileName = b->SrcFilePath;
     comet2->SrcFileName = SrcFileName;
     comet2->ReservedWords = b->GetReservedWords();
@@ -188,6 +194,7 @@ void TGame::RunMachine() {
 }
 
 void TGame::EndCycle() {
+    labelSpace->Free();
     cs->Reset();
     b->Reset();
 }

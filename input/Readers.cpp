@@ -4,6 +4,7 @@
 #include "MoziCode/TMoziCode.h"
 #include "assembler/records/Records.h"
 #include "input/InputMsgs.h"
+#include "input/SourceLines.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
 
@@ -34,21 +35,6 @@ bool IsQuoted(const std::string& text) {
 std::string WithSuffix(const std::string& name, const std::string& suffix) {
     if (!IsQuoted(name) || suffix.empty()) return name + suffix;
     return name.substr(0, name.size() - 1) + suffix + "\"";
-}
-
-// Gives every line to `take`, in order, as its bytes and its number. A line ends at LF or CR LF; the last one may do
-// without, and nothing follows a last line end. A CR elsewhere belongs to its line.
-template <class Take> void ForEachLine(std::string_view bytes, Take take) {
-    std::size_t number = 0;
-    for (std::size_t begin = 0; begin < bytes.size();) {
-        const std::size_t lineFeed = bytes.find('\n', begin);
-        const bool ended = lineFeed != npos;
-        std::size_t end = ended ? lineFeed : bytes.size();
-        const std::size_t next = end + 1;
-        if (ended && end > begin && bytes[end - 1] == '\r') --end;
-        take(TextA(bytes.substr(begin, end - begin)), number++);
-        begin = next;
-    }
 }
 
 // The first line of a file with a byte-order mark of UTF-8 loses it; every other line stays as it is.
@@ -207,9 +193,10 @@ int ReadSource(const std::string& path) {
         result = OpenFileWidened(path);
         break;
     case Reader::Narrow:
-    case Reader::Array:
         result = OpenFileNarrow(path);
         break;
+    case Reader::Array:
+        return OpenFileChH(path);
     }
     return result < 0 ? 1 : 0;
 }

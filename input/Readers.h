@@ -20,6 +20,8 @@ int OpenFileUTF16toVecW20(const std::string& path);
 int OpenFileNarrow(const std::string& path);
 // The narrow reader with its records widened, for the pipeline that reads so.
 int OpenFileWidened(const std::string& path);
+// The array reader, the only one with limits: a longer line is cut, a longer file refused. 0, or 1 with a message.
+int OpenFileChH(const std::string& path);
 // Reads by the pipeline's reader, with the detection in front. 0, or 1 if the file could not be read.
 int ReadSource(const std::string& path);
 

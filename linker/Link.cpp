@@ -94,18 +94,28 @@ template <class Ch> void SetLineOfWord() {
     }
 }
 
-template <class Ch> void SetMemory(TMsgBase& game, int prg) {
+template <class Ch> void SetLinesInMemory(TMsgBase& game, int prg, Taken taken, int& address) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
-    const int start = program.AbAdrAtStart;
-    int address = start;
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
-        if (!src.strOp.empty()) StoreLine(game, src, start, address);
+        if (src.strOp.empty()) continue;
+        const Taken kind = Is(src.strOp, "DC") || Is(src.strOp, "DS") ? Taken::Constants : Taken::Instructions;
+        if (taken == Taken::All || taken == kind) StoreLine(game, src, program.AbAdrAtStart, address);
     }
+}
+
+template <class Ch> void SetLiteralsInMemory(int prg, int& address) {
+    const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
-        if (HasLiteral(src)) StoreLiteral(src, start, address);
+        if (HasLiteral(src)) StoreLiteral(src, program.AbAdrAtStart, address);
     }
+}
+
+template <class Ch> void SetMemory(TMsgBase& game, int prg) {
+    int address = PrgAt<Ch>(prg).AbAdrAtStart;
+    SetLinesInMemory<Ch>(game, prg, Taken::All, address);
+    SetLiteralsInMemory<Ch>(prg, address);
     if (prg + 1 < PrgKazu<Ch>()) PrgAt<Ch>(prg + 1).AbAdrAtStart = address;
 }
 
@@ -130,6 +140,10 @@ template <class Ch> int Link31(TMsgBase& game) {
 
 template void SetLineOfWord<char16_t>();
 template void SetLineOfWord<char>();
+template void SetLinesInMemory<char16_t>(TMsgBase&, int, Taken, int&);
+template void SetLinesInMemory<char>(TMsgBase&, int, Taken, int&);
+template void SetLiteralsInMemory<char16_t>(int, int&);
+template void SetLiteralsInMemory<char>(int, int&);
 template void SetMemory<char16_t>(TMsgBase&, int);
 template void SetMemory<char>(TMsgBase&, int);
 template int Link31<char16_t>(TMsgBase&);

@@ -20,7 +20,28 @@ template <class Ch> int Link31(TMsgBase& game);
 
 // Which source line owns each word of the image, for all programs; a literal belongs to the line that uses it.
 template <class Ch> void SetLineOfWord();
+// Which lines of a program go to memory.
+enum class Taken { Instructions, Constants, All };
+// Pieces of SetMemory: the words of the lines, DC and DS being the constants; the words of the literals. `address` is
+// where the next word goes.
+template <class Ch> void SetLinesInMemory(TMsgBase& game, int prg, Taken taken, int& address);
+template <class Ch> void SetLiteralsInMemory(int prg, int& address);
 // Writes the words of one program into the machine's memory. An unknown kind of constant counts at `game`.
 template <class Ch> void SetMemory(TMsgBase& game, int prg);
+
+// The array pipeline, whose machine is smaller.
+
+// AdrCk53, and the words of the literals added to those of the file. 0, or 1 if an Error is counted.
+int AdrCk3(int prg);
+// Whether a program fits, with the constants and literals of the file so far. 0, or another value with an Error.
+int CkMaxMemory(int prg);
+// Whether a total fits. 0, or 1 with an Error on the line.
+int CkMaxMemory2(int total, int line);
+// Writes the words of a program for the first time, to an empty machine if it is the first program. 0.
+int InitialSetMemory(int prg);
+// The same with the sums checked again: instructions, then DC and DS, then literals. 0, or -1 with an Error.
+int SetMemory25(TMsgBase& game, int prg);
+// The link: second walk and image, program by program. Results as those of Link31.
+int Link2(TMsgBase& game);
 
 } // namespace tolvane

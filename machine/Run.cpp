@@ -125,7 +125,8 @@ constexpr std::array<std::uint8_t, 256> CheckedNibbles = [] {
     std::array<std::uint8_t, 256> checked{};
     checked.fill(NibbleR | NibbleX);
     checked[0x00] = checked[0x81] = 0;
-    for (auto code : {0x61U, 0x62U, 0x63U, 0x64U, 0x65U, 0x66U, 0x70U, 0x80U, 0xF0U}) checked[code] = NibbleX;
+    for (auto code : {0x61U, 0x62U, 0x63U, 0x64U, 0x65U, 0x66U, 0x70U, 0x80U, 0xF0U})
+        checked[code] = NibbleX;
     checked[0x71] = NibbleR;
     return checked;
 }();
@@ -159,9 +160,6 @@ int Tcomet2::Run3() {
 }
 
 Stop Tcomet2::Execute() {
-    int* const memory = Memory.data();
-    int* const runCount = RunCount.data();
-    int* const gr = GR.data();
     const int storeGuard = Pipe->storeGuard;
     const int reserved = ReservedWords;
     bool storeWarned = false;
@@ -171,8 +169,8 @@ Stop Tcomet2::Execute() {
     auto e = static_cast<std::size_t>(EffAdr);
     Flags flags{Fzero != 0 ? 0 : (Fsign != 0 ? -1 : 1), Fovf};
 
-    // The first address that is neither an instruction's nor a memory operand's. It is the only way out of the loop as
-    // well: a stop pulls it down to 0.
+    // The first address that is neither an instruction's nor a memory operand's. A stop pulls it down to 0, so that the
+    // loop asks for nothing else.
     auto limit = static_cast<std::size_t>(Pipe->maxMemory) + 1;
     Stop stop = Stop::None;
     const auto end = [&limit, &stop](Stop reason) {
@@ -186,18 +184,18 @@ Stop Tcomet2::Execute() {
         return false;
     };
 
-    while (pr < limit) {
-        const int w = memory[pr];
+    for (;;) {
+        const int w = Memory[pr];
         const auto code = static_cast<std::uint8_t>(w >> 8);
-        if ((w & (NibbleR | NibbleX)) != 0 && (w & CheckedNibbles[code]) != 0) [[unlikely]] {
-            end(Stop::BadRegister);
-            continue;
-        }
-        runCount[pr] = static_cast<int>(static_cast<unsigned>(runCount[pr]) + 1U);
+        const bool badNibble = (w & CheckedNibbles[code]) != 0;
+        // One branch for both ways out: two would slow every turn.
+        if ((pr >= limit) | badNibble) [[unlikely]]
+            break;
+        RunCount[pr] = static_cast<int>(static_cast<unsigned>(RunCount[pr]) + 1U);
 
         const std::size_t r = static_cast<unsigned>(w >> 4) & 7U;
         const std::size_t x = static_cast<unsigned>(w) & 7U;
-        e = static_cast<std::uint16_t>(Unsigned(memory[pr + 1]) + (x == 0 ? 0 : Unsigned(gr[x])));
+        e = static_cast<std::uint16_t>(Unsigned(Memory[pr + 1]) + (x == 0 ? 0 : Unsigned(GR[x])));
         switch (code) {
         case 0x00: // NOP
             if (w == 0)
@@ -207,11 +205,11 @@ Stop Tcomet2::Execute() {
             break;
         case 0x10: // LD
             if (!readable(e)) break;
-            gr[r] = Load(memory[e], flags);
+            GR[r] = Load(Memory[e], flags);
             pr += 2;
             break;
         case 0x14:
-            gr[r] = Load(gr[x], flags);
+            GR[r] = Load(GR[x], flags);
             ++pr;
             break;
         case 0x11: // ST
@@ -223,108 +221,108 @@ Stop Tcomet2::Execute() {
                     break;
                 }
             }
-            memory[e] = gr[r];
+            Memory[e] = GR[r];
             pr += 2;
             break;
         case 0x12: // LAD
-            gr[r] = static_cast<int>(e);
+            GR[r] = static_cast<int>(e);
             pr += 2;
             break;
         case 0x20: // ADDA
             if (!readable(e)) break;
-            gr[r] = AddArithmetic(gr[r], memory[e], flags);
+            GR[r] = AddArithmetic(GR[r], Memory[e], flags);
             pr += 2;
             break;
         case 0x24:
-            gr[r] = AddArithmetic(gr[r], gr[x], flags);
+            GR[r] = AddArithmetic(GR[r], GR[x], flags);
             ++pr;
             break;
         case 0x21: // SUBA
             if (!readable(e)) break;
-            gr[r] = SubArithmetic(gr[r], memory[e], flags);
+            GR[r] = SubArithmetic(GR[r], Memory[e], flags);
             pr += 2;
             break;
         case 0x25:
-            gr[r] = SubArithmetic(gr[r], gr[x], flags);
+            GR[r] = SubArithmetic(GR[r], GR[x], flags);
             ++pr;
             break;
         case 0x22: // ADDL
             if (!readable(e)) break;
-            gr[r] = AddLogical(gr[r], memory[e], flags);
+            GR[r] = AddLogical(GR[r], Memory[e], flags);
             pr += 2;
             break;
         case 0x26:
-            gr[r] = AddLogical(gr[r], gr[x], flags);
+            GR[r] = AddLogical(GR[r], GR[x], flags);
             ++pr;
             break;
         case 0x23: // SUBL
             if (!readable(e)) break;
-            gr[r] = SubLogical(gr[r], memory[e], flags);
+            GR[r] = SubLogical(GR[r], Memory[e], flags);
             pr += 2;
             break;
         case 0x27:
-            gr[r] = SubLogical(gr[r], gr[x], flags);
+            GR[r] = SubLogical(GR[r], GR[x], flags);
             ++pr;
             break;
         case 0x30: // AND
             if (!readable(e)) break;
-            gr[r] = Logical(gr[r] & memory[e], flags);
+            GR[r] = Logical(GR[r] & Memory[e], flags);
             pr += 2;
             break;
         case 0x34:
-            gr[r] = Logical(gr[r] & gr[x], flags);
+            GR[r] = Logical(GR[r] & GR[x], flags);
             ++pr;
             break;
         case 0x31: // OR
             if (!readable(e)) break;
-            gr[r] = Logical(gr[r] | memory[e], flags);
+            GR[r] = Logical(GR[r] | Memory[e], flags);
             pr += 2;
             break;
         case 0x35:
-            gr[r] = Logical(gr[r] | gr[x], flags);
+            GR[r] = Logical(GR[r] | GR[x], flags);
             ++pr;
             break;
         case 0x32: // XOR
             if (!readable(e)) break;
-            gr[r] = Logical(gr[r] ^ memory[e], flags);
+            GR[r] = Logical(GR[r] ^ Memory[e], flags);
             pr += 2;
             break;
         case 0x36:
-            gr[r] = Logical(gr[r] ^ gr[x], flags);
+            GR[r] = Logical(GR[r] ^ GR[x], flags);
             ++pr;
             break;
         case 0x40: // CPA: the difference has the sign and the zero of the comparison
             if (!readable(e)) break;
-            flags = {Signed(gr[r]) - Signed(memory[e]), 0};
+            flags = {Signed(GR[r]) - Signed(Memory[e]), 0};
             pr += 2;
             break;
         case 0x44:
-            flags = {Signed(gr[r]) - Signed(gr[x]), 0};
+            flags = {Signed(GR[r]) - Signed(GR[x]), 0};
             ++pr;
             break;
         case 0x41: // CPL
             if (!readable(e)) break;
-            flags = {Unsigned(gr[r]) - Unsigned(memory[e]), 0};
+            flags = {Unsigned(GR[r]) - Unsigned(Memory[e]), 0};
             pr += 2;
             break;
         case 0x45:
-            flags = {Unsigned(gr[r]) - Unsigned(gr[x]), 0};
+            flags = {Unsigned(GR[r]) - Unsigned(GR[x]), 0};
             ++pr;
             break;
         case 0x50:
-            gr[r] = sla550(gr[r], static_cast<int>(e), flags);
+            GR[r] = sla550(GR[r], static_cast<int>(e), flags);
             pr += 2;
             break;
         case 0x51:
-            gr[r] = sra551(gr[r], static_cast<int>(e), flags);
+            GR[r] = sra551(GR[r], static_cast<int>(e), flags);
             pr += 2;
             break;
         case 0x52:
-            gr[r] = sll652(gr[r], static_cast<int>(e), flags);
+            GR[r] = sll652(GR[r], static_cast<int>(e), flags);
             pr += 2;
             break;
         case 0x53:
-            gr[r] = srl653(gr[r], static_cast<int>(e), flags);
+            GR[r] = srl653(GR[r], static_cast<int>(e), flags);
             pr += 2;
             break;
         case 0x61: // JMI
@@ -352,7 +350,7 @@ Stop Tcomet2::Execute() {
                 end(Stop::StackFull);
             break;
         case 0x71: // POP
-            gr[r] = SP > StackBottom ? 0 : Stack[static_cast<std::size_t>(StackBottom - SP)];
+            GR[r] = SP > StackBottom ? 0 : Stack[static_cast<std::size_t>(StackBottom - SP)];
             if (SP < std::numeric_limits<int>::max()) ++SP;
             ++pr;
             break;
@@ -387,7 +385,7 @@ Stop Tcomet2::Execute() {
             break;
         }
     }
-    if (stop == Stop::None) stop = Stop::PrBeyondMemory;
+    if (stop == Stop::None) stop = pr >= limit ? Stop::PrBeyondMemory : Stop::BadRegister;
 
     PR = static_cast<int>(pr) + (StandsOnSecondWord(stop) ? 1 : 0);
     EffAdr = static_cast<int>(e);

@@ -77,8 +77,8 @@ std::string DefaultEditorCommand(const std::string& file) {
            file + "; done";
 }
 
-// A command in quotation marks is one word: the path of a program whose name has blanks. If there is no such program,
-// the blanks part a program from its options, and the marks are left out.
+// A command that is the name of a program, blanks and all, is one word. Any other one is read as the shell reads it, so
+// that it can hold options; the shell sees it only then, because its quotation marks may not come in pairs.
 std::string OwnEditorCommand(const std::string& command, const std::string& file) {
     std::string text;
     for (std::size_t i = 0; i < command.size(); ++i) {
@@ -86,18 +86,18 @@ std::string OwnEditorCommand(const std::string& command, const std::string& file
         text += doubled ? '/' : command[i];
         if (doubled) ++i;
     }
-    if (text.size() < 2 || text.front() != '"' || text.back() != '"') return text + " " + file;
-    const std::string inside = text.substr(1, text.size() - 2);
-    const std::string program = ShellQuote(inside);
-    return "if command -v " + program + " >/dev/null 2>&1; then " + program + " " + file + "; else " + inside + " " +
-           file + "; fi";
+    if (text.size() >= 2 && text.front() == '"' && text.back() == '"') text = text.substr(1, text.size() - 2);
+    const std::string program = ShellQuote(text);
+    return "if command -v " + program + " >/dev/null 2>&1; then " + program + " " + file + "; else eval " +
+           ShellQuote(text + " " + file) + "; fi";
 }
 
 } // namespace
 
 void RunEditor(const std::string& command, const std::string& file) {
     const std::string name = ShellName(file);
-    RunShell(command == DefaultEditor ? DefaultEditorCommand(name) : OwnEditorCommand(command, name));
+    const bool isDefault = command.empty() || command == DefaultEditor;
+    RunShell(isDefault ? DefaultEditorCommand(name) : OwnEditorCommand(command, name));
 }
 
 void ListFolder(const std::string& folder) {

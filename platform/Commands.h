@@ -5,8 +5,8 @@
 
 namespace tolvane::platform {
 
-// Opens a file in an editor: a command of the settings, or "notepad.exe", which stands for the editor that the user's
-// environment names or the first of the usual ones. The file's name is quoted against the shell.
+// Opens a file in an editor: a command of the settings, or "notepad.exe" or nothing, which stand for the editor that
+// the user's environment names or the first of the usual ones. The file's name is quoted against the shell.
 void RunEditor(const std::string& command, const std::string& file);
 // Lists a folder on the console, the current one for an empty name.
 void ListFolder(const std::string& folder);

@@ -127,13 +127,6 @@ void InsertLines(std::vector<std::string>& lines, std::size_t at, const std::vec
         lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at++), line + lineEnd);
 }
 
-// Replaces the value of a line and keeps its other characters. A value that reads the same stays as it is written.
-void ReplaceValue(std::string& line, std::size_t valueBegin, const std::string& value) {
-    if (ValueOf(std::string_view(line).substr(valueBegin)) == value) return;
-    const std::size_t begin = std::min(line.find_first_not_of(" \t", valueBegin), line.size());
-    line = line.substr(0, begin) + value + std::string(LineEndOf(line));
-}
-
 // Writes the whole file beside the old one and puts it in its place, so that a full disk never costs the old file.
 bool WriteBeside(const std::string& name, std::string_view bytes, mode_t mode) {
     const std::string beside = name + "." + std::to_string(getpid()) + ".tmp";
@@ -211,10 +204,10 @@ void PutIniStr(const std::string& section, const std::string& key, const std::st
     if (!old) return;
     std::vector<std::string> lines = LinesOf(*old);
     const Finding found = FindKey(lines, section, key);
-    const std::string entry = key + "=" + value;
+    const std::string entry = key + "=" + value.substr(0, value.find_first_of("\r\n")); // a value is one line
     if (found.keyLine) {
         std::string& line = lines[*found.keyLine];
-        ReplaceValue(line, line.find('=') + 1, value);
+        line = entry + std::string(LineEndOf(line));
     } else if (found.lastLine) {
         InsertLines(lines, *found.lastLine + 1, {entry});
     } else {

@@ -11,7 +11,8 @@ std::string GetIniStr(const std::string& section, const std::string& key, const 
                       const std::string& path);
 // An optional sign and the leading digits of the value, 0 for text that is no number, `def` where the key is absent.
 int GetIniInt(const std::string& section, const std::string& key, int def, const std::string& path);
-// Write one key and leave every other line, comments and order as they are. A missing file, section or key is made.
+// Write one key as the plain line key=value, with the line end that stood there, and leave every other line, comments
+// and order as they are. A missing file, section or key is made.
 // A file that cannot be written stays as it was.
 void PutIniStr(const std::string& section, const std::string& key, const std::string& value, const std::string& path);
 void PutIniInt(const std::string& section, const std::string& key, int value, const std::string& path);

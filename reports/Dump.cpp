@@ -9,6 +9,7 @@
 
 #include "MoziCode/Convert.h"
 #include "assembler/records/Records.h"
+#include "assembler/records/TLabelSpace.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
 #include "reports/ReportsMsgs.h"
@@ -128,22 +129,31 @@ private:
     int shownLine = -1; // the line of the last row that showed text
 
     void CollectLabels();
+    void AddLabel(int address, const Text<Ch>& name);
     void AddressColumns(int address, const Label& label) const;
     void SourceText(int address);
 };
 
 // Every address gets the labels of its lines, in line order, joined by one blank.
-template <class Ch> void Dumper<Ch>::CollectLabels() {
-    for (const SrcData<Ch>& line : lines) {
-        if (line.strLabel.empty() || line.AbAdr < 0 || line.AbAdr >= rows) continue;
-        Label& label = labels[static_cast<std::size_t>(line.AbAdr)];
-        if (label.length > 0) {
-            label.bytes += ' ';
-            ++label.length;
-        }
-        label.bytes += Bytes(line.strLabel);
-        label.length += line.strLabel.size();
+template <class Ch> void Dumper<Ch>::AddLabel(int address, const Text<Ch>& name) {
+    if (name.empty() || address < 0 || address >= rows) return;
+    Label& label = labels[static_cast<std::size_t>(address)];
+    if (label.length > 0) {
+        label.bytes += ' ';
+        ++label.length;
     }
+    label.bytes += Bytes(name);
+    label.length += name.size();
+}
+
+// The array pipeline has its labels in a table of their own.
+template <class Ch> void Dumper<Ch>::CollectLabels() {
+    if constexpr (!IsWide<Ch>)
+        for (const TLabelRow& row : labelSpace->Rows)
+            AddLabel(row.LabelAdr, row.LabelName);
+    if (!machine.Pipe->isArray)
+        for (const SrcData<Ch>& line : lines)
+            AddLabel(line.AbAdr, line.strLabel);
     maxLabelLen = form == Dump::DspRegMry70 ? 5 : 8;
     for (int a = 0; a < std::min(reserved, rows); ++a)
         maxLabelLen = std::max(maxLabelLen, labels[static_cast<std::size_t>(a)].length);

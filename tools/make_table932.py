@@ -11,6 +11,7 @@ import sys
 
 LEADS = [*range(0x81, 0xA0), *range(0xE0, 0xFD)]
 USER_ROWS = range(95, 115)
+NEC_SELECTED_ROWS = range(89, 93)
 NO_CHARACTER = "_"
 
 
@@ -29,15 +30,11 @@ def character_at(row, cell):
         return NO_CHARACTER
 
 
-def check_first_code_wins(rows):
-    """Of two codes for one character the codec writes the lower one; the program relies on it."""
-    seen = set()
-    for row in sorted(rows):
-        for cell, character in enumerate(rows[row]):
-            if character == NO_CHARACTER or character in seen:
-                continue
-            seen.add(character)
-            assert character.encode("cp932") == code_of(row, cell), (row, cell)
+def check_second_codes(rows):
+    """Every character of the NEC-selected rows has an IBM code or a better one; the program relies on it."""
+    others = set("".join(text for row, text in rows.items() if row not in NEC_SELECTED_ROWS))
+    for row in NEC_SELECTED_ROWS:
+        assert set(rows[row]) <= others, row
 
 
 def main():
@@ -47,7 +44,7 @@ def main():
         text = "".join(character_at(row, cell) for cell in range(94))
         if row not in USER_ROWS and text != NO_CHARACTER * 94:
             rows[row] = text
-    check_first_code_wins(rows)
+    check_second_codes(rows)
     print("// Made by tools/make_table932.py. Rows of 94 two-byte characters of code page 932, two to a lead byte;")
     print('// "_" stands where there is no character. Rows that are not listed have none.')
     for row, text in rows.items():

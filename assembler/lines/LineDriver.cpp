@@ -24,31 +24,6 @@ template <class Ch> int FindLabels(int prg) {
     return Label35G<Ch>(prg, PrgAt<Ch>(prg).StartLine, PrgAt<Ch>(prg).EndLine);
 }
 
-template <class Ch> int SplitFields(int prg) {
-    TakeOutLabelRest<Ch>(prg);
-    TakeOutOpStr<Ch>(prg);
-    TakeOutOprndComStr<Ch>(prg);
-    return 0;
-}
-
-// From here on the edit passes work on the operand text alone.
-template <class Ch> int CopyOprndComToLine(int prg) {
-    for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line)
-        LineAt<Ch>(line).strLine = LineAt<Ch>(line).strOprndCom;
-    return 0;
-}
-
-// Sweeps the whole file with every program.
-template <class Ch> int TrimZenOprndComOfFile(int) {
-    return TrimZenOprndCom<Ch>();
-}
-
-template <class Ch> int TrimOprndCom(int prg) {
-    for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line)
-        LineAt<Ch>(line).strOprndCom = TrimBlank(LineAt<Ch>(line).strOprndCom);
-    return 0;
-}
-
 template <class Ch> int CkCommasIfAsked(int prg) {
     return cs->Pipe->commaPass ? CkCommas<Ch>(prg) : 0;
 }
@@ -155,6 +130,29 @@ template <class Ch> void TakeOutOprndComStr(int prg) {
     }
 }
 
+template <class Ch> int SplitFields(int prg) {
+    TakeOutLabelRest<Ch>(prg);
+    TakeOutOpStr<Ch>(prg);
+    TakeOutOprndComStr<Ch>(prg);
+    return 0;
+}
+
+template <class Ch> int CopyOprndComToLine(int prg) {
+    for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line)
+        LineAt<Ch>(line).strLine = LineAt<Ch>(line).strOprndCom;
+    return 0;
+}
+
+template <class Ch> int TrimOprndCom(int prg) {
+    for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line)
+        LineAt<Ch>(line).strOprndCom = TrimBlank(LineAt<Ch>(line).strOprndCom);
+    return 0;
+}
+
+template <class Ch> int TrimZenOprndComOfFile(int) {
+    return TrimZenOprndCom<Ch>();
+}
+
 template int AnalyseLines<char16_t>();
 template int AnalyseLines<char>();
 template void TakeOutLabelRest<char16_t>(int);
@@ -163,5 +161,13 @@ template void TakeOutOpStr<char16_t>(int);
 template void TakeOutOpStr<char>(int);
 template void TakeOutOprndComStr<char16_t>(int);
 template void TakeOutOprndComStr<char>(int);
+template int SplitFields<char16_t>(int);
+template int SplitFields<char>(int);
+template int CopyOprndComToLine<char16_t>(int);
+template int CopyOprndComToLine<char>(int);
+template int TrimOprndCom<char16_t>(int);
+template int TrimOprndCom<char>(int);
+template int TrimZenOprndComOfFile<char16_t>(int);
+template int TrimZenOprndComOfFile<char>(int);
 
 } // namespace tolvane

@@ -14,5 +14,13 @@ template <class Ch> int AnalyseLines();
 template <class Ch> void TakeOutLabelRest(int prg);
 template <class Ch> void TakeOutOpStr(int prg);
 template <class Ch> void TakeOutOprndComStr(int prg);
+// The three of them. 0.
+template <class Ch> int SplitFields(int prg);
+// strLine becomes strOprndCom: from here on the edit passes work on the operand text alone. 0.
+template <class Ch> int CopyOprndComToLine(int prg);
+// Removes the blanks at both ends of strOprndCom. 0.
+template <class Ch> int TrimOprndCom(int prg);
+// TrimZenOprndCom as a pass: it sweeps the whole file with every program. 0.
+template <class Ch> int TrimZenOprndComOfFile(int prg);
 
 } // namespace tolvane

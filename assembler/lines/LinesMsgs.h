@@ -39,11 +39,12 @@ struct LinesCatalogue {
     Msg OperandOfNoOperandOp{Room::Lines,
                              "{line}{0q}\n"
                              "NOP, RET, and END do not take any operand. One space and a comment mark(;) are expected "
-                             "between the instruction code and a comment description. "
+                             "between the instruction code and a comment description. \n"
                              "Good Example: RET ;Comment (Spec. of CASL2 2.1 (4)) ",
                              "{line}{0q}\n"
                              "オペランドをとらない命令（NOP, RET, END）の右のコメントには"
-                             "必ず一個の空白とセミコロン（；）が必要。 例： RET ;コメント (仕様２．１の（４）)   "};
+                             "必ず一個の空白とセミコロン（；）が必要。 \n"
+                             "例： RET ;コメント (仕様２．１の（４）)   "};
 
     // Full-width characters
     Msg ZenSpaceInWord{
@@ -354,6 +355,10 @@ struct LinesCatalogue {
                   " 正しい 命令語 の記述が必要です。 "};
     Msg ZenSpaceInOp{Room::Lines, "Error: 2-Byte Space", "Error: 全角の空白文字がある。"};
     Msg SmallMoziInOp{Room::Lines, "{line}There is a small letter in {0}. ", "{line}: 演算子 {0} の中に小文字がある。"};
+    // {0} the word, {1} the limit
+    Msg OpTooLong{Room::Lines,
+                  "{line}{0q}: There does not exist any operator which consists of more than {1} characters. ",
+                  "{line}{1} 文字を超える演算子は存在しない。{0q} "};
     Msg CommaBehindOp{Room::Lines, "{line}A space is expected at the right side of the opcode. A comma is of no use. ",
                       "{line}演算子の右は空白にする。コンマは不要です。 "};
 

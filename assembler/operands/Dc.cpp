@@ -226,12 +226,14 @@ template <class Ch> int OprndAtDCtoChH(int line) {
 }
 
 template <class Ch> int OprndAtDC(int line) {
-    if (LineAt<Ch>(line).chOprndCom.empty()) return Refuse(line, DcMsg.NoOperand);
-    return dc45<Ch>(line);
+    if (dc45<Ch>(line) < 0) return -1;
+    TakeOutOprndsAtDC<Ch>(line);
+    return CkDC33<Ch>(line);
 }
 
 template <class Ch> int dc45(int line) {
     Text<Ch>& text = LineAt<Ch>(line).chOprndCom;
+    if (text.empty()) return Refuse(line, DcMsg.NoOperand);
     Text<Ch> out;
     for (std::size_t i = 0; i < text.size();) {
         const Ch c = text[i];
@@ -259,7 +261,7 @@ template <class Ch> int dc45(int line) {
         i = next;
     }
     text = out;
-    return TakeOutOprndsAtDC<Ch>(line);
+    return 0;
 }
 
 template <class Ch> int TakeOutOprndsAtDC(int line) {
@@ -276,7 +278,7 @@ template <class Ch> int TakeOutOprndsAtDC(int line) {
         src.vecDcConst.push_back(constant);
         begin = end + 1;
     }
-    return CkDC33<Ch>(line);
+    return 0;
 }
 
 template <class Ch> int CkDC33(int line) {

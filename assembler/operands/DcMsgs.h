@@ -5,6 +5,12 @@
 
 namespace tolvane {
 
+// Told in Japanese in either language.
+inline constexpr const char* TooManyDcDsText =
+    "エラー： 仕様：DCとDSの行の数の合計は「最大行数の６分の１」={0} 行に制限されています。　"
+    "DC行が {1} 行あります。 DS行が {2} 行あります。 DCとDSの行の数の合計が {3} 行あります。 "
+    "メモリの節約のため削減をお願いします。 ";
+
 struct DcCatalogue {
     // The operand text
     Msg CharsNotClosed{Room::Operands,
@@ -128,6 +134,25 @@ struct DcCatalogue {
                       "Error : line {nr}: \"{0}\": The {1o} operand at DC is empty in description."};
     Msg UnknownKind{Room::Operands, "{line}\"{0}\": Unknown error of else. ",
                     "Error : line {nr}: \"{0}\": Unknown error of else. "};
+
+    // The limits of the array pipeline, and the place of its DC and DS lines
+    // {0} the limit, {1} the constants of the line
+    Msg TooManyConstants{Room::Operands,
+                         "{line}There are too many operands of DC instruction. "
+                         "The number of the DC operands is limited to {0} in a line (Spec. of Tolvane). "
+                         "There are {1} operands. Decrease the number of the operands in the line. ",
+                         "{line}DC アセンブラ命令のオペランドの個数が多すぎる。 "
+                         "DC オペランドの数は、一行につき {0} 個に制限されています。（Tolvane の独自仕様）"
+                         "{1} 個あります。DC オペランドの個数を削減する必要があります。 "};
+    // {0} the limit, {1} the DC lines, {2} the DS lines, {3} both
+    Msg TooManyDcDs{Room::Operands, TooManyDcDsText, TooManyDcDsText};
+    Msg DcDsNotAtEnd{Room::Operands,
+                     "{line}Both DC and DS are assembler instructions. They should be described between "
+                     "all the machine instructions and END assembler instruction. "
+                     "(Spec. of Tolvane) It improves readability of the source codes. ",
+                     "{line}DC と DS の 非実行文は、ソースコードを読みやすくするために、 "
+                     "END アセンブラ命令の直前にまとめて記述する（独自仕様）。 "
+                     "Ｃ言語でも同様の理由で関数の前半に定義文をまとめる。"};
 
     // The values
     Msg DecOutOfRange{Room::Operands,

@@ -42,6 +42,7 @@ template <class Ch> bool CopyCharLiteral(int line, const Text<Ch>& text, Text<Ch
         const Ch c = At(text, from);
         const Ch next = At(text, from + 1);
         if (c == Ch(0)) {
+            if (cs->Pipe->isArray) cs->Error(line, ExtractionMsg.LiteralApostExample);
             cs->Error(line, ExtractionMsg.LiteralNotClosed, {text});
             return false;
         }
@@ -168,7 +169,7 @@ template <class Ch> int ExtractAllOprnds(int prg) {
             src.word_kazu = 2;
             break;
         case Preset::Constants:
-            OprndAtDCtoChH<Ch>(line);
+            if (!cs->Pipe->isArray) OprndAtDCtoChH<Ch>(line);
             break;
         case Preset::OneOperand:
             KeepNoOprndComment(src);

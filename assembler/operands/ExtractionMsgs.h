@@ -11,6 +11,13 @@ struct ExtractionCatalogue {
                          "{line}{0q}: リテラル文字定数が正しく閉じていない。",
                          {WordingNA, "{line}{0q}: A literal character constant is not correctly closed. ", nullptr},
                          {WordingNH, "{line}{0q}: This literal character constant is not correctly closed. ", nullptr}};
+    // In the array pipeline, in front of the row above.
+    Msg LiteralApostExample{Room::Operands,
+                            "{line}A literal string constant is not correctly closed. "
+                            "The both ends of a literal string should be enclosed by an apostrophe. "
+                            "For example, ='ABC' ",
+                            "{line}リテラル文字定数が正しく閉じていない。 "
+                            "文字定数は文字列の両側をアポストロフィで囲む。 "};
     Msg LiteralBadClose{Room::Operands,
                         "{line}{0q}: A literal charcter constant is not correctly closed. ",
                         "{line}{0q}: リテラル文字定数が正しく閉じていない。 ",

@@ -133,6 +133,8 @@ template <class Ch> bool HandleLine(int line) {
     const Text<Ch>& op = src.strOp;
     if (const Instruction* instruction = FindInstruction(op)) {
         RunHandler<Ch>(line, *instruction);
+    } else if (cs->Pipe->isArray && (Is(op, "DC") || Is(op, "DS"))) {
+        // passes of their own follow
     } else if (Is(op, "DC")) {
         OprndAtDCtoChH<Ch>(line);
         OprndAtDC<Ch>(line);

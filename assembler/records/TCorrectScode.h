@@ -21,6 +21,15 @@ public:
     // 1 if the operand that was asked about is not empty.
     std::int8_t NextOprndAriFlag = 0;
 
+    // The sums of a file that the limits of the array pipeline bound.
+    std::int32_t DcLineKazu = 0;
+    std::int32_t DsLineKazu = 0;
+    std::int32_t max_rl_memory_d = 0; // words of DC and DS
+    std::int32_t max_rl_memory_l = 0; // words of literals
+    std::int32_t LabelKazuInFile = 0; // labels of a clean assembly
+
+    // Sets LabelKazuInFile to the number of line records whose label begins with A to Z.
+    void CountLabels();
     // Forgets everything of the assembly. Lang and the counters stay.
     void Reset();
 };

@@ -58,7 +58,9 @@ TEST(Convert, CodePage932KnowsAllItsSets) {
         {"\xB1\xDD\xA1\xDF", u"ｱﾝ｡ﾟ"},
         {"\x83\x5C\x81\x5F", u"ソ＼"},
         {"\x87\x40", u"①"},
-        {"\xED\x40", u"纊"},
+        {"\xFA\x5C", u"纊"},
+        {"\xFB\xFC\xFA\x40\xFA\x55\xFA\x57", u"髙ⅰ￤＂"}, // the IBM code before the NEC-selected one
+        {"\x87\x54\x87\x8A\x87\x82", u"Ⅰ㈱№"},            // row 13 before both
         {"\xF0\x40\xF9\xFC", u"\uE000\uE757"},
         {"\x81\x60", u"～"},
         {"\x81\x7C", u"－"},
@@ -70,7 +72,7 @@ TEST(Convert, CodePage932KnowsAllItsSets) {
         EXPECT_EQ(Wide932(pair.bytes), pair.wide);
         EXPECT_EQ(Narrow932(pair.wide), pair.bytes);
     }
-    EXPECT_EQ(Wide932("\xFB\xFC\xEE\xE0"), u"髙髙");
+    EXPECT_EQ(Wide932("\xFB\xFC\xEE\xE0\xFA\x4A\xED\x40"), u"髙髙Ⅰ纊");
     EXPECT_EQ(Wide932("\x87\x9C\x81\xBE"), u"∪∪");
     EXPECT_EQ(Narrow932(u"∪"), "\x81\xBE");
     EXPECT_EQ(Narrow932(u"\u301C\u2212\u2016\u2014\u00A2\u00A3\u00AC"), Narrow932(u"～－∥―￠￡￢"));
@@ -135,13 +137,17 @@ TEST(Convert, EucAndCodePage932) {
         const std::string euc = EucFrom932(pair);
         if (euc == "?") return; // not valid, or in a row that EUC-JP lacks
         EXPECT_EQ(EucLength(euc, 0), 2U);
-        EXPECT_EQ(EucTo932(euc), pair);
+        EXPECT_EQ(Wide932(EucTo932(euc)), Wide932(pair));
+        if (pair < "\xF0") {
+            EXPECT_EQ(EucTo932(euc), pair);
+        }
     });
     EXPECT_EQ(EucTo932("A\xC6\xFC\xCB\xDC\x8E\xB1"), "A\x93\xFA\x96\x7B\xB1");
     EXPECT_EQ(EucFrom932("A\x93\xFA\x96\x7B\xB1"), "A\xC6\xFC\xCB\xDC\x8E\xB1");
     EXPECT_EQ(EucTo932("\x8F\xB0\xA1x\xC6"), "?x?"); // the supplementary set; half a character
     EXPECT_EQ(EucFrom932("\xF0\x40x\x93"), "?x?");
-    EXPECT_EQ(EucFrom932(Narrow932(u"髙")), "\xFC\xE2");
+    EXPECT_EQ(EucFrom932(Narrow932(u"髙ⅰⅠ￢")), "\xFC\xE2\xFC\xF1\xAD\xB5\xA2\xCC");
+    EXPECT_EQ(EucFrom932("\xFA\x4A\xFA\x54"), "\xAD\xB5\xA2\xCC"); // IBM codes of row 13 and row 2
 }
 
 TEST(Convert, LinesOfAFile) {

@@ -4,6 +4,7 @@
 
 #include "TextTools.h"
 #include "assembler/records/Records.h"
+#include "assembler/records/TLabelSpace.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -27,7 +28,10 @@ protected:
     std::unique_ptr<Tcomet2> machine = std::make_unique<Tcomet2>();
 
     void SetUp() override { b->Reset(); }
-    void TearDown() override { b->Reset(); }
+    void TearDown() override {
+        b->Reset();
+        labelSpace->Rows.clear();
+    }
 
     void Choose(const char* pipeline) { machine->Pipe = FindPipeline(pipeline); }
     void Reserve(int words) {
@@ -123,6 +127,7 @@ TEST_F(DumpTest, NarrowForm) {
     EXPECT_EQ(Line("#0000"), "#0000:    0:        :    :#0000:    0:    +0: 0000 0000 0000 0000: 0:\n");
     EXPECT_EQ(Line("#0001"), "#0001: ABCDEFGH XYZ:    :#0000:    0:    +0: 0000 0000 0000 0000: 0:\n");
     Choose("NH");
+    labelSpace->Rows = {{"ABCDEFGH", 0, false, 1}, {"XYZ", 1, false, 1}};
     EXPECT_EQ(Line("#0001"), "#0001: ABCDEFGH XYZ:    :#0000:    0:    +0: 0000 0000 0000 0000:\n");
     EXPECT_NE(Line("Src File: "), "");
 }

@@ -94,14 +94,19 @@ TEST_F(IniFile, ANewFileHoldsSectionsInOrderOfTheFirstWrite) {
 
 TEST_F(IniFile, AWriteLeavesEverythingElse) {
     EXPECT_EQ(After("; head\n\n[Mode]\n lang =  JPN \nX=\x93\xFA\n\n\n[E]\nLang=1", "ENU"),
-              "; head\n\n[Mode]\n lang =  ENU\nX=\x93\xFA\n\n\n[E]\nLang=1");
+              "; head\n\n[Mode]\nLang=ENU\nX=\x93\xFA\n\n\n[E]\nLang=1");
     EXPECT_EQ(After("[Mode]\r\nX=1\r\n\r\n[E]\r\n", "ENU"), "[Mode]\r\nX=1\r\nLang=ENU\r\n\r\n[E]\r\n");
     EXPECT_EQ(After("[E]\r\nX=1", "ENU"), "[E]\r\nX=1\r\n[Mode]\r\nLang=ENU\r\n");
     EXPECT_EQ(After("[Mode]\nLang=", "ENU"), "[Mode]\nLang=ENU");
     EXPECT_EQ(After("[Mode]", "ENU"), "[Mode]\nLang=ENU\n");
     EXPECT_EQ(After("\xEF\xBB\xBF", "ENU"), "\xEF\xBB\xBF[Mode]\nLang=ENU\n");
     EXPECT_EQ(After("\xEF\xBB\xBF[Mode]\nLang=1", "ENU"), "\xEF\xBB\xBF[Mode]\nLang=ENU");
-    EXPECT_EQ(After("[Mode]\nLang= \"x y\" \n", "x y"), "[Mode]\nLang= \"x y\" \n"); // reads the same already
+}
+
+TEST_F(IniFile, AWrittenKeyIsAPlainLine) {
+    EXPECT_EQ(After("[Mode]\n LANG =\t\"x y\" \r\n lang = 2\n", "x y"), "[Mode]\nLang=x y\r\n lang = 2\n");
+    EXPECT_EQ(After("[Mode]\nlang = JPN", "JPN"), "[Mode]\nLang=JPN");
+    EXPECT_EQ(After("[Mode]\nLang=1\n", "a\nb=c"), "[Mode]\nLang=a\n");
 }
 
 TEST_F(IniFile, KeepsLinksRightsAndUnreadableThings) {

@@ -1,0 +1,70 @@
+#include "assembler/lines/ArrayLines.h"
+#include "assembler/lines/Boundaries.h"
+#include "assembler/lines/Labels.h"
+#include "assembler/lines/LineDriver.h"
+#include "assembler/lines/Lines.h"
+#include "assembler/lines/Normalising.h"
+#include "assembler/operands/ArrayDcDs.h"
+#include "assembler/operands/Extraction.h"
+#include "assembler/operands/Handlers.h"
+#include "assembler/operands/Literals.h"
+#include "linker/Linker.h"
+
+namespace tolvane {
+
+namespace {
+
+int FindLabels(int prg) {
+    return Label35G<char>(prg, PrgAt<char>(prg).StartLine, PrgAt<char>(prg).EndLine);
+}
+
+struct Step {
+    int (*run)(int prg);     // a result other than 0 stops the driver
+    bool checkAfter = false; // stop if an Error is counted
+};
+constexpr bool Check = true;
+
+constexpr Step Steps[] = {
+    {StartEnd<char>},
+    {FindLabels},
+    {op30, Check},
+    // the operand edits
+    {SearchApostForNonCharConstOP<char>},
+    {CopyOprndComToLine<char>},
+    {edit30c<char>},
+    {edit50<char>},
+    {CutComment<char>},
+    {CkLiteral15<char>},
+    {CkStrConstLiteral<char>},
+    {TrimZenOprndComOfFile<char>},
+    {TrimOprndCom<char>},
+    {CopyOprndComStrToChH<char>},
+    {operand20m15<char>},
+    {ExtractAllOprnds<char>},
+    {OpCk<char>, Check},
+    // the DC and DS lines
+    {dcds10},
+    {dcds30},
+    {dcdsWordKazu40, Check},
+    {dcdsMemoryIn30, Check},
+    // addresses and memory
+    {AdrCk3},
+    {CkMaxMemory},
+    {InitialSetMemory},
+};
+
+bool RunSteps(int prg) {
+    for (const Step& step : Steps)
+        if (step.run(prg) != 0 || (step.checkAfter && ErrorSum() > 0)) return false;
+    return true;
+}
+
+} // namespace
+
+int AnalyseArrayLines() {
+    for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg)
+        if (!RunSteps(prg)) return -1;
+    return 0;
+}
+
+} // namespace tolvane

@@ -1,0 +1,15 @@
+#pragma once
+// What the array pipeline does in its own way: the normalising of the lines, the opcode words, the line driver.
+
+namespace tolvane {
+
+// Recognises comment lines and blank lines; the first two runs of blanks of a line become one space each, so that
+// label, opcode and operands stand one space apart. 1 with an Error when the file has no line with text, else 0.
+int editN();
+// Splits the fields of a program's lines, looks up every opcode word, EXIT included, and keeps DC and DS behind the
+// instructions. 0, or 1 after any Error.
+int op30(int prg);
+// Runs all passes over all programs and stops at the first that leaves an Error behind. 0, or -1 when one stopped it.
+int AnalyseArrayLines();
+
+} // namespace tolvane
