@@ -101,9 +101,9 @@ struct DriverCatalogue {
 
     // Summaries
     Msg OneError{Room::Driver,
-                 "\n\nThere is {0} error to be corrected. \n"
+                 "\n\nThere is 1 error to be corrected. \n"
                  "\nCorrect the codes and assemble them again.\n",
-                 "\n\n {0} 個の エラー があるので修正が必要です。 \n"};
+                 "\n\n 1 個の エラー があるので修正が必要です。 \n"};
     Msg Errors{Room::Driver,
                "\n\nThere are {0} errors to be corrected. \n"
                "\nCorrect the codes and assemble them again.\n",

@@ -109,7 +109,10 @@ void TGame::DspErrors() {
     timer->SetAssembleEndTime();
     if (Pipe->printsQueue) store->DspMsgStore();
     timer->DspAssembleTime();
-    Say(ErrorKazu == 1 ? DriverMsg.OneError : DriverMsg.Errors, {ErrorKazu});
+    if (ErrorKazu == 1)
+        Say(DriverMsg.OneError);
+    else
+        Say(DriverMsg.Errors, {ErrorKazu});
 }
 
 void TGame::ResetCycle() {

@@ -34,6 +34,22 @@ TextW CutToInputLimit(const TextW& text) {
     return text.substr(0, end);
 }
 
+// Narrow sources hold a character as the bytes of code page 932, one in a word: they are joined again. A wider word is
+// a UTF-16 unit all the same, as IN stores it.
+TextW JoinBytes(const TextW& words) {
+    TextW text;
+    std::string bytes;
+    for (char16_t word : words) {
+        if (word <= 0xFF) {
+            bytes += static_cast<char>(word);
+            continue;
+        }
+        text += Wide932(bytes) + word;
+        bytes.clear();
+    }
+    return text + Wide932(bytes);
+}
+
 } // namespace
 
 void Tcomet2::OsSvc(int number) {
@@ -54,6 +70,8 @@ void Tcomet2::OsOut() const {
     TextW text;
     for (int a = buffer; a < end; ++a)
         text += static_cast<char16_t>(Memory[static_cast<std::size_t>(a)] & 0xFFFF);
+
+    if (Pipe->text == TextKind::Narrow) text = JoinBytes(text);
 
     Print(MachineMsg.OutHead);
     console::Write(Utf8(text) + "\n");

@@ -34,7 +34,7 @@ struct AddressCatalogue {
     Msg NameTooLong{Room::Operands,
                     "{line}{0q}: An address constant must be 1 to 8 characters in length. "
                     "There are {1} characters in it. ",
-                    "{line}: {0q}: アドレス定数は８文字以内の制限がある。{1} 文字ある。 "};
+                    "{line}: {0q}: アドレス定数は８文字以内の制限がある。 {1} 文字ある。 "};
     Msg NameUndefined{Room::Operands,
                       "{line}{0q} Undefined address constant.  Neither label nor program name it is. "
                       "None of them is identical with {0q}. ",
