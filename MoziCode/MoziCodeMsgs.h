@@ -7,11 +7,10 @@
 namespace tolvane {
 
 struct MoziCodeCatalogue {
-    Msg FnameEmpty{Room::Input, "fname is empty.", "fname is empty."};
-    Msg BomFailToOpen{Room::Input, "Error: Fail to open {0}.", "Error: Fail to open {0}."};
-    Msg FailToOpen{Room::Input, "Fail to open {0}.\n", "Fail to open {0}.\n"};
-    Msg MoziKazu{Room::Input, "MoziKazu(ascii, sjis, non)=({0}, {1}, {2})\n",
-                 "MoziKazu(ascii, sjis, non)=({0}, {1}, {2})\n"};
+    Msg FnameEmpty{Room::Input, "fname is empty."};
+    Msg BomFailToOpen{Room::Input, "Error: Fail to open {0}."};
+    Msg FailToOpen{Room::Input, "Fail to open {0}.\n"};
+    Msg MoziKazu{Room::Input, "MoziKazu(ascii, sjis, non)=({0}, {1}, {2})\n"};
     Msg Reading{Room::Input, "\nReading {0}   {1}\n", "\n'{0}'    {1}"};
     Msg ReadingSimple{Room::Input, "\nReading {0}\n", "\n'{0}'     を読み込みます。 \n"};
 };

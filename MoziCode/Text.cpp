@@ -11,11 +11,14 @@ template <class Ch> Text<Ch> TrimLeftBlank(const Text<Ch>& text) {
 
 template <class Ch> Text<Ch> TrimRightBlank(const Text<Ch>& text) {
     std::size_t end = text.size();
-    while (end > 0 && IsBlank(text[end - 1])) --end;
+    while (end > 0 && IsBlank(text[end - 1]))
+        --end;
     return text.substr(0, end);
 }
 
-template <class Ch> Text<Ch> TrimBlank(const Text<Ch>& text) { return TrimLeftBlank(TrimRightBlank(text)); }
+template <class Ch> Text<Ch> TrimBlank(const Text<Ch>& text) {
+    return TrimLeftBlank(TrimRightBlank(text));
+}
 
 template <class Ch> Text<Ch> ZenSpace() {
     if constexpr (IsWide<Ch>)
@@ -79,7 +82,8 @@ template <class Ch> Text<Ch> TrimZenBlank(const Text<Ch>& text) {
 std::string TrimZenBlankUtf8(const std::string& text) {
     auto length = [](const std::string& t, std::size_t i) {
         std::size_t n = 1;
-        while (i + n < t.size() && (static_cast<unsigned char>(t[i + n]) & 0xC0) == 0x80) ++n;
+        while (i + n < t.size() && (static_cast<unsigned char>(t[i + n]) & 0xC0) == 0x80)
+            ++n;
         return n;
     };
     return TrimZen(text, std::string("\u3000"), length);

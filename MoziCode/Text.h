@@ -25,18 +25,34 @@ template <class Ch> constexpr Ch At(const Text<Ch>& text, std::size_t i) {
     return i < text.size() ? text[i] : Ch(0);
 }
 
-template <class Ch> constexpr bool IsBlank(Ch c) { return c == Ch(' ') || c == Ch('\t'); }
-template <class Ch> constexpr bool IsDigit(Ch c) { return Ch('0') <= c && c <= Ch('9'); }
-template <class Ch> constexpr bool IsUpper(Ch c) { return Ch('A') <= c && c <= Ch('Z'); }
-template <class Ch> constexpr bool IsLower(Ch c) { return Ch('a') <= c && c <= Ch('z'); }
-template <class Ch> constexpr bool IsSign(Ch c) { return c == Ch('+') || c == Ch('-'); }
+template <class Ch> constexpr bool IsBlank(Ch c) {
+    return c == Ch(' ') || c == Ch('\t');
+}
+template <class Ch> constexpr bool IsDigit(Ch c) {
+    return Ch('0') <= c && c <= Ch('9');
+}
+template <class Ch> constexpr bool IsUpper(Ch c) {
+    return Ch('A') <= c && c <= Ch('Z');
+}
+template <class Ch> constexpr bool IsLower(Ch c) {
+    return Ch('a') <= c && c <= Ch('z');
+}
+template <class Ch> constexpr bool IsSign(Ch c) {
+    return c == Ch('+') || c == Ch('-');
+}
 // 0 to 9 and A to F; small letters are no hexadecimal digits of CASL II.
-template <class Ch> constexpr bool IsHexDigit(Ch c) { return IsDigit(c) || (Ch('A') <= c && c <= Ch('F')); }
+template <class Ch> constexpr bool IsHexDigit(Ch c) {
+    return IsDigit(c) || (Ch('A') <= c && c <= Ch('F'));
+}
 // A character that a label may hold: A to Z and 0 to 9.
-template <class Ch> constexpr bool IsLabelChar(Ch c) { return IsUpper(c) || IsDigit(c); }
+template <class Ch> constexpr bool IsLabelChar(Ch c) {
+    return IsUpper(c) || IsDigit(c);
+}
 
 // An ASCII literal as text of either kind.
-template <class Ch> Text<Ch> Lit(std::string_view ascii) { return Text<Ch>(ascii.begin(), ascii.end()); }
+template <class Ch> Text<Ch> Lit(std::string_view ascii) {
+    return Text<Ch>(ascii.begin(), ascii.end());
+}
 
 template <class Ch> bool MatchesAt(const Text<Ch>& text, std::size_t pos, std::string_view ascii) {
     if (text.size() < pos + ascii.size()) return false;
@@ -55,15 +71,19 @@ template <class Ch> bool BeginsWith(const Text<Ch>& text, std::string_view ascii
 template <class Ch> std::size_t Find(const Text<Ch>& text, std::string_view ascii, std::size_t from = 0) {
     return text.find(Lit<Ch>(ascii), from);
 }
-template <class Ch> bool Contains(const Text<Ch>& text, std::string_view ascii) { return Find(text, ascii) != npos; }
+template <class Ch> bool Contains(const Text<Ch>& text, std::string_view ascii) {
+    return Find(text, ascii) != npos;
+}
 
 // Position of the first blank (space or tab) at or behind `from`; of the first character that is none; npos if none.
 template <class Ch> std::size_t FindBlank(const Text<Ch>& text, std::size_t from = 0) {
-    while (from < text.size() && !IsBlank(text[from])) ++from;
+    while (from < text.size() && !IsBlank(text[from]))
+        ++from;
     return from < text.size() ? from : npos;
 }
 template <class Ch> std::size_t FindNonBlank(const Text<Ch>& text, std::size_t from = 0) {
-    while (from < text.size() && IsBlank(text[from])) ++from;
+    while (from < text.size() && IsBlank(text[from]))
+        ++from;
     return from < text.size() ? from : npos;
 }
 

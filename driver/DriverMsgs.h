@@ -7,42 +7,28 @@ namespace tolvane {
 
 struct DriverCatalogue {
     // Start-up
-    Msg NoIniDirectoryNarrow{Room::Driver, "iRt=0: Fail to SetCurrentDirChH()\n", "iRt=0: Fail to SetCurrentDirChH()\n"};
-    Msg NoIniDirectoryWide{Room::Driver, "iRt=0: Fail to SetCurrentDirChWH()\n", "iRt=0: Fail to SetCurrentDirChWH()\n"};
-    Msg NoCurrentDirectory{Room::Driver, "iRt=0: Fail to TGame::SetCurrentDirChH()\n",
-                           "iRt=0: Fail to TGame::SetCurrentDirChH()\n"};
-    Msg GetcwdError{Room::Driver, "_getcwd error: {0}\n", "_getcwd error: {0}\n"};
-    Msg PipelineByDefault{Room::Driver, "FightNwW(); by default.\n", "FightNwW(); by default.\n"};
-    Msg EditorFlagOutOfRange{Room::Driver,
-                             "Error: TextEditorFlag is out of range. \n"
-                             "TextEditorIndex={0}\n"
-                             "TextEditorIndex is corrected to be 0. \n",
-                             "Error: TextEditorFlag is out of range. \n"
-                             "TextEditorIndex={0}\n"
-                             "TextEditorIndex is corrected to be 0. \n"};
+    Msg NoIniDirectoryNarrow{Room::Driver, "iRt=0: Fail to SetCurrentDirChH()\n"};
+    Msg NoIniDirectoryWide{Room::Driver, "iRt=0: Fail to SetCurrentDirChWH()\n"};
+    Msg NoCurrentDirectory{Room::Driver, "iRt=0: Fail to TGame::SetCurrentDirChH()\n"};
+    Msg GetcwdError{Room::Driver, "_getcwd error: {0}\n"};
+    Msg PipelineByDefault{Room::Driver, "FightNwW(); by default.\n"};
+    Msg EditorFlagOutOfRange{Room::Driver, "Error: TextEditorFlag is out of range. \n"
+                                           "TextEditorIndex={0}\n"
+                                           "TextEditorIndex is corrected to be 0. \n"};
 
     // Title
-    Msg Title{Room::Driver,
-              "\nTolvane  Ver. 4.4.4  x64  R_{0}\n\n"
-              "Assembler, Linker, and Simulator\n"
-              "Built for {1}\n"
-              "The Tolvane developers\n\n",
-              "\nTolvane  Ver. 4.4.4  x64  R_{0}\n\n"
-              "Assembler, Linker, and Simulator\n"
-              "Built for {1}\n"
-              "The Tolvane developers\n\n"};
-    Msg SimpleTitle{Room::Driver,
-                    "\nTolvane  Ver. 4.4.4  x64  R_{0}\n\n"
-                    "Assembler & Simulator\n"
-                    "Built for {1}\n"
-                    "The Tolvane developers\n\n",
-                    "\nTolvane  Ver. 4.4.4  x64  R_{0}\n\n"
-                    "Assembler & Simulator\n"
-                    "Built for {1}\n"
-                    "The Tolvane developers\n\n"};
+    Msg Title{Room::Driver, "\nTolvane  Ver. 4.4.4  x64  R_{0}\n\n"
+                            "Assembler, Linker, and Simulator\n"
+                            "Built for {1}\n"
+                            "The Tolvane developers\n\n"};
+    Msg SimpleTitle{Room::Driver, "\nTolvane  Ver. 4.4.4  x64  R_{0}\n\n"
+                                  "Assembler & Simulator\n"
+                                  "Built for {1}\n"
+                                  "The Tolvane developers\n\n"};
 
     // The Enter prompt and the menu
-    Msg FirstEnterPrompt{Room::Driver, "\n\nPress your Enter key to go next. \n",
+    Msg FirstEnterPrompt{Room::Driver,
+                         "\n\nPress your Enter key to go next. \n",
                          "\n\n入力（Enter）キィを押すと次へ進む。\n",
                          {WordingNH, "\n\nPress the Enter key to go next. \n", nullptr}};
     Msg EnterPrompt{Room::Driver, "\n\nPress the Enter key to go next. \n",
@@ -112,8 +98,7 @@ struct DriverCatalogue {
     Msg Warnings{Room::Driver, "{0} warnings: \n", "{0} 個の 警告 がある。 \n"};
     Msg Assembled{Room::Driver, "Successfully Assembled! ", "アセンブル成功 "};
     // The first line of each dump in a run of the program says more in Japanese.
-    Msg FirstAssembledDump{Room::Driver, "---> {0} \n",
-                           "---> {0} \nアセンブルされたメモリの全容が保存してあります。"};
+    Msg FirstAssembledDump{Room::Driver, "---> {0} \n", "---> {0} \nアセンブルされたメモリの全容が保存してあります。"};
     Msg AssembledDump{Room::Driver, "---> {0} \n", "---> {0} "};
     Msg FirstResultantDump{Room::Driver, "---> {0} \n", "---> {0} \n実行後のメモリの全容が保存してあります。"};
     Msg ResultantDump{Room::Driver, "---> {0} \n", "---> {0} "};

@@ -117,7 +117,8 @@ int LeadingNumber(const std::string& text, std::size_t& end) {
     const bool minus = At(text, i) == '-';
     if (IsSign(At(text, i))) ++i;
     long long value = 0;
-    for (; IsDigit(At(text, i)); ++i) value = std::min(value * 10 + (text[i] - '0'), most);
+    for (; IsDigit(At(text, i)); ++i)
+        value = std::min(value * 10 + (text[i] - '0'), most);
     end = i;
     return static_cast<int>(minus ? -value : value);
 }

@@ -75,7 +75,9 @@ std::string OrdinalStr(long long n) {
     return std::to_string(n) + "th";
 }
 
-std::string QuoteStr(const std::string& utf8) { return " \"" + utf8 + "\" "; }
+std::string QuoteStr(const std::string& utf8) {
+    return " \"" + utf8 + "\" ";
+}
 
 const char* SeverityPrefix(Severity severity, int lang) {
     return Prefixes[static_cast<int>(severity)][lang == 0 ? 0 : 1];
@@ -97,7 +99,8 @@ std::string Compose(const char* text, int lang, Severity severity, Place place, 
             continue;
         }
         const char* begin = ++p;
-        while (*p != '}') ++p;
+        while (*p != '}')
+            ++p;
         out += FillTag(std::string_view(begin, static_cast<std::size_t>(p - begin)), lang, severity, place, args);
     }
     return out;

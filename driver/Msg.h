@@ -58,6 +58,9 @@ struct Msg {
                   Variant v2 = {}, Variant v3 = {})
         : room(owner), en(english), ja(japanese), variants{v0, v1, v2, v3} {}
 
+    // A text that is the same in both languages.
+    constexpr Msg(Room owner, const char* both) : Msg(owner, both, both) {}
+
     // The text for a language (0 Japanese, else English) and one wording.
     const char* For(int lang, Wording wording) const;
 };

@@ -121,6 +121,8 @@ const Pipeline* FindPipeline(const std::string& fightFunc) {
     return nullptr;
 }
 
-const Pipeline& DefaultPipeline() { return Pipelines[0]; }
+const Pipeline& DefaultPipeline() {
+    return Pipelines[0];
+}
 
 } // namespace tolvane

@@ -56,9 +56,9 @@ struct Pipeline {
 
     // Link, run and dump
     bool buildsLineOfWord;
-    int maxMemory;      // highest address of an instruction and of a memory operand
-    int storeGuard;     // an indexed store from here on is put to the guard, though it has warned already
-    int storeLimit;     // the guard ends the run from here on
+    int maxMemory;       // highest address of an instruction and of a memory operand
+    int storeGuard;      // an indexed store from here on is put to the guard, though it has warned already
+    int storeLimit;      // the guard ends the run from here on
     bool clearsRunCount; // at the start of Run3
     Dump dump;
     bool dumpsRunCount;

@@ -18,7 +18,9 @@ namespace {
 constexpr const char* IniName = "tolvane_Win.ini";
 
 // Switches of the settings know 0 and 1; every other value counts as 0.
-int AsSwitch(int value) { return value == 1 ? 1 : 0; }
+int AsSwitch(int value) {
+    return value == 1 ? 1 : 0;
+}
 
 } // namespace
 

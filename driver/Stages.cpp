@@ -27,7 +27,8 @@ int AnalyseArray(TMsgBase& game) {
 }
 
 template <class Ch> bool RunStagesOf(TMsgBase& game) {
-    for (auto& line : b->Src<Ch>()) line.strLine = line.strSrc;
+    for (auto& line : b->Src<Ch>())
+        line.strLine = line.strSrc;
     if ((game.Pipe->isArray ? editN() : editNWB<Ch>()) < 0 || !Check(game)) return false;
     TabsToBlanks<Ch>();
     if (StartEnd10<Ch>() < 0 || !Check(game)) return false;
@@ -41,7 +42,8 @@ template <class Ch> bool RunStagesOf(TMsgBase& game) {
     if (!Check(game)) return false;
     IsAnySrcOutsideSartEnd<Ch>();
     if (!Check(game)) return false;
-    for (int i = 0; i < programs; ++i) CkPrgName<Ch>(i);
+    for (int i = 0; i < programs; ++i)
+        CkPrgName<Ch>(i);
     if (!Check(game)) return false;
     if (CkPrgNameDouble<Ch>() < 0 || !Check(game)) return false;
 

@@ -24,8 +24,12 @@ namespace {
 constexpr std::size_t AnswerLimit = 40;
 
 // The rule of the command codes: above 9000 the program ends, from 1 to 6999 the next cycle starts.
-bool EndsProgram(int result) { return static_cast<unsigned>(result) > 9000U; }
-bool StartsNextCycle(int result) { return 1 <= result && result <= 6999; }
+bool EndsProgram(int result) {
+    return static_cast<unsigned>(result) > 9000U;
+}
+bool StartsNextCycle(int result) {
+    return 1 <= result && result <= 6999;
+}
 
 } // namespace
 
@@ -64,9 +68,9 @@ void TGame::RunPipeline(const Pipeline& pipeline) {
 
 void TGame::StartPipeline(const Pipeline& pipeline) {
     Pipe = &pipeline;
-    for (TMsgBase* object : {static_cast<TMsgBase*>(b), static_cast<TMsgBase*>(cs), static_cast<TMsgBase*>(po),
-                             static_cast<TMsgBase*>(store), static_cast<TMsgBase*>(moziCode),
-                             static_cast<TMsgBase*>(timer)}) {
+    for (TMsgBase* object :
+         {static_cast<TMsgBase*>(b), static_cast<TMsgBase*>(cs), static_cast<TMsgBase*>(po),
+          static_cast<TMsgBase*>(store), static_cast<TMsgBase*>(moziCode), static_cast<TMsgBase*>(timer)}) {
         object->Pipe = &pipeline;
         object->Lang = po->Lang;
     }

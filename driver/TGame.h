@@ -9,10 +9,10 @@ namespace tolvane {
 
 class TGame : public TMsgBase {
 public:
-    int TextEditorFlag = 0;     // 0 to 2, which editor opens files
-    std::string SrcFileName;    // the source that was assembled last
-    std::string SrcFilePath;    // the last source path
-    std::string CurrentDir;     // the working directory at start
+    int TextEditorFlag = 0;  // 0 to 2, which editor opens files
+    std::string SrcFileName; // the source that was assembled last
+    std::string SrcFilePath; // the last source path
+    std::string CurrentDir;  // the working directory at start
     std::string FightFuncName = "NWW";
     int SilentFlag = 1;
 

@@ -32,7 +32,9 @@ void TMsgBase::Explain(Severity severity, Place place, const Msg& msg, Args args
     if (delivery != Delivery::Print) store->Append(severity, place, text, args);
 }
 
-void TMsgBase::Say(const Msg& msg, Args args) const { console::Write(TextOf(msg, args)); }
+void TMsgBase::Say(const Msg& msg, Args args) const {
+    console::Write(TextOf(msg, args));
+}
 
 void TMsgBase::SayAt(Severity severity, Place place, const Msg& msg, Args args) const {
     console::Write(Compose(msg.For(Lang, Pipe->wording), Lang, severity, place, args));
@@ -42,6 +44,8 @@ std::string TMsgBase::TextOf(const Msg& msg, Args args) const {
     return Compose(msg.For(Lang, Pipe->wording), Lang, Severity::Error, NoLine, args);
 }
 
-void TMsgBase::ClearCounters() { ErrorKazu = WarningKazu = NoteKazu = MemoKazu = 0; }
+void TMsgBase::ClearCounters() {
+    ErrorKazu = WarningKazu = NoteKazu = MemoKazu = 0;
+}
 
 } // namespace tolvane

@@ -11,8 +11,13 @@ namespace {
 
 // The store's own prefixes, by kind: Japanese, English. The Japanese Memo ends in a full-width semicolon.
 constexpr const char* StorePrefixes[7][2] = {
-    {"エラー： ", "Error: "}, {"警告： ", "Warning: "}, {"仕様 ", "Spec. "}, {"注意： ", "Note: "},
-    {"メモ； ", "Memo: "},    {"_DEBUG: ", "_DEBUG: "}, {"", ""},
+    {"エラー： ", "Error: "},
+    {"警告： ", "Warning: "},
+    {"仕様 ", "Spec. "},
+    {"注意： ", "Note: "},
+    {"メモ； ", "Memo: "},
+    {"_DEBUG: ", "_DEBUG: "},
+    {"", ""},
 };
 
 struct KindRow {

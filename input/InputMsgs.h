@@ -7,7 +7,7 @@ namespace tolvane {
 
 struct InputCatalogue {
     Msg FileNotFound{Room::Input, "The file is not found there. *", "ファイルが見つかりませんでした。\n"};
-    Msg NoInput{Room::Input, "No Input Error!\n", "No Input Error!\n"};
+    Msg NoInput{Room::Input, "No Input Error!\n"};
     Msg DoesNotOpenBinary{Room::Input,
                           "\n{prefix}The file {0q} does not open on binary mode. "
                           "Misspellings?  Or the file does not exist there. *",
@@ -36,7 +36,7 @@ struct InputCatalogue {
                      "{prefix}ソースコードのおおよその制限（一つのファイルにつき） {0}行 を超えています。"
                      "行数を減らす工夫をしてご利用ください。 "};
 
-    Msg NoUtf16CodePage{Room::Input, "Prg. Else Error: ", "Prg. Else Error: "};
+    Msg NoUtf16CodePage{Room::Input, "Prg. Else Error: "};
 };
 inline constexpr InputCatalogue InputMsg;
 

@@ -168,7 +168,7 @@ struct MachineCatalogue {
                     "An unknown error has happened in Tcomet2::Run(). ",
                     "\n実行時エラー： comet2 を強制終了させました。\n"
                     "登録されていない命令コード "
-                    "#{0x4} を実行しようとしたので実行を中止しました。"
+                    "#{0x4} を実行しようとしたので実行を中止しました。\n"
                     "Program Register(pr)=#{1x}=dec{1}\n"
                     " An unknown error has happened in Tcomet2::Run(). ",
                     {WordingNA | WordingAP | WordingNH,

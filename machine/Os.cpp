@@ -82,10 +82,11 @@ void Tcomet2::OsIn() {
     Print(MachineMsg.InHead);
     std::string line = console::ReadLine(ReadLimit).value_or(std::string());
     line.resize(std::min(line.find('\0'), line.size()));
-    const auto wide = WideUtf8(line);
-    const bool valid = wide && console::LastLineWasValid();
-    if (!valid) Print(MachineMsg.InNotConverted);
-    const TextW text = valid ? CutToInputLimit(*wide) : TextW();
+    TextW text = CutToInputLimit(WideUtf8Lossy(line));
+    if (Utf8(text).size() > console::LastLineValidLength()) {
+        Print(MachineMsg.InNotConverted);
+        text.clear();
+    }
 
     Memory[static_cast<std::size_t>(GR[2] & 0xFFFF)] = static_cast<int>(text.size());
     std::size_t cell = static_cast<std::size_t>(GR[1] & 0xFFFF);

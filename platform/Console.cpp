@@ -106,7 +106,7 @@ Output& TheOutput() {
 // The bytes of the standard input one after the other. Its end is no lasting state: a terminal can go on behind it.
 class Input {
 public:
-    bool lineWasValid = true;
+    std::size_t validLength = 0;
 
     // The next byte, -1 at the end of the input.
     int Next() {
@@ -175,24 +175,41 @@ std::optional<std::string> ReadBytes(std::size_t most) {
     return line;
 }
 
-// A line in the console's code as UTF-8, and whether it was valid. Bytes of UTF-8 stay as they are in any case, because
-// they may be the name of a file.
-std::string Decoded(std::string_view line, bool& valid) {
-    const auto marks = [](std::string_view text) { return std::count(text.begin(), text.end(), '?'); };
+// A line in the console's code as UTF-8. Bytes of UTF-8 stay as they are in any case, because they may be the name of a
+// file.
+std::string Decoded(std::string_view line) {
     switch (ConsoleCode()) {
     case Code::ShiftJis:
-        valid = IsValid932(line);
         return Utf8From932(line);
-    case Code::EucJp: {
-        const std::string bytes = EucTo932(line);
-        valid = marks(bytes) == marks(line); // every character without a place has become one
-        return Utf8From932(bytes);
-    }
+    case Code::EucJp:
+        return Utf8From932(EucTo932(line));
     case Code::Utf8:
         break;
     }
-    valid = WideUtf8(line).has_value();
     return std::string(line);
+}
+
+bool IsValidChar(std::string_view bytes) {
+    switch (ConsoleCode()) {
+    case Code::ShiftJis:
+        return IsValid932(bytes);
+    case Code::EucJp:
+        return bytes == "?" || EucTo932(bytes) != "?"; // a character without a place becomes one
+    case Code::Utf8:
+        break;
+    }
+    return Utf8Length(bytes, 0) > 0;
+}
+
+// The characters in front of the first bytes that are none.
+std::string_view ValidPart(std::string_view line) {
+    std::size_t end = 0;
+    while (end < line.size()) {
+        const std::size_t length = CharBytes(line, end);
+        if (!IsValidChar(line.substr(end, length))) break;
+        end += length;
+    }
+    return line.substr(0, end);
 }
 
 std::string Encoded(std::string_view utf8) {
@@ -217,15 +234,17 @@ std::optional<std::string> ReadLine(std::size_t limit) {
     constexpr std::size_t longestChar = 4;
     constexpr std::size_t lineEnd = 1; // a CR that belongs to it
     Flush();
-    TheInput().lineWasValid = true;
+    TheInput().validLength = 0;
     const std::size_t counted = std::min(limit, std::numeric_limits<std::size_t>::max() / (2 * longestChar));
     const std::optional<std::string> bytes = ReadBytes(counted * longestChar + lineEnd);
     if (!bytes) return std::nullopt;
-    return Decoded(FirstChars(*bytes, counted), TheInput().lineWasValid);
+    const std::string_view line = FirstChars(*bytes, counted);
+    TheInput().validLength = Decoded(ValidPart(line)).size();
+    return Decoded(line);
 }
 
-bool LastLineWasValid() {
-    return TheInput().lineWasValid;
+std::size_t LastLineValidLength() {
+    return TheInput().validLength;
 }
 
 bool IsTerminal() {

@@ -18,8 +18,8 @@ void Flush();
 // the input; a last line without its line end is a line.
 std::optional<std::string> ReadLine(std::size_t limit);
 
-// Whether the bytes of the last line read were valid in the console's code.
-bool LastLineWasValid();
+// Bytes of the last line's text in front of the first ones that were not valid in the console's code.
+std::size_t LastLineValidLength();
 
 // Whether a person watches the output.
 bool IsTerminal();

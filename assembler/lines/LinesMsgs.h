@@ -130,8 +130,7 @@ struct LinesCatalogue {
                           "It should be replaced with a 1-byte space, or deleted. ",
                           "{line}START の文字はある。けれども、 "
                           " START の左に全角の空白がある。 全角の空白文字は使えない。　"};
-    Msg NoOpCodeToTrim{Room::Lines, "Prg. Error: {0} is not an op code defined in casl2.\n",
-                       "Prg. Error: {0} is not an op code defined in casl2.\n"};
+    Msg NoOpCodeToTrim{Room::Lines, "Prg. Error: {0} is not an op code defined in casl2.\n"};
 
     // Program boundaries, the rough search
     Msg NoStartLetters{Room::Lines,

@@ -145,7 +145,7 @@ struct DcCatalogue {
                          "DC オペランドの数は、一行につき {0} 個に制限されています。（Tolvane の独自仕様）"
                          "{1} 個あります。DC オペランドの個数を削減する必要があります。 "};
     // {0} the limit, {1} the DC lines, {2} the DS lines, {3} both
-    Msg TooManyDcDs{Room::Operands, TooManyDcDsText, TooManyDcDsText};
+    Msg TooManyDcDs{Room::Operands, TooManyDcDsText};
     Msg DcDsNotAtEnd{Room::Operands,
                      "{line}Both DC and DS are assembler instructions. They should be described between "
                      "all the machine instructions and END assembler instruction. "

@@ -5,12 +5,6 @@
 
 namespace tolvane {
 
-// The two limits are told in English in either language.
-inline constexpr const char* DsBeyondAddresses =
-    "{line}More than 65535 words cannot be reserved, because the come2 is a 16-bit machine. ";
-inline constexpr const char* DsBeyondImage = "{line}More than 65035 words cannot be reserved, "
-                                             "because 500 words has been prereserved for Stack Area in comet2. ";
-
 struct DsCatalogue {
     Msg NoOperand{Room::Operands,
                   "{line}The operand is empty. A constant in decimal number is expected at the right side "
@@ -25,9 +19,12 @@ struct DsCatalogue {
                    "DS アセンブラ命令のオペランドは、ゼロまたはゼロ以上の正の十進数で指定する。 "
                    "CASL2の仕様：２．３　アセンブラ命令（３）"};
     // {0} the count
-    Msg CountNotRead{Room::Operands, "Prg. Error: Fail to wcstol(); buf={0}", "Prg. Error: Fail to wcstol(); buf={0}"};
-    Msg BeyondAddresses{Room::Operands, DsBeyondAddresses, DsBeyondAddresses};
-    Msg BeyondImage{Room::Operands, DsBeyondImage, DsBeyondImage};
+    Msg CountNotRead{Room::Operands, "Prg. Error: Fail to wcstol(); buf={0}"};
+    // The two limits are told in English in either language.
+    Msg BeyondAddresses{Room::Operands,
+                        "{line}More than 65535 words cannot be reserved, because the come2 is a 16-bit machine. "};
+    Msg BeyondImage{Room::Operands, "{line}More than 65035 words cannot be reserved, "
+                                    "because 500 words has been prereserved for Stack Area in comet2. "};
 };
 inline constexpr DsCatalogue DsMsg;
 

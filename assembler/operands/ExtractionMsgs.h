@@ -55,8 +55,7 @@ struct ExtractionCatalogue {
                         "警告: {nr}行目：{1} 文字ある。仕様の規定よりも長い行がある。 "
                         "{0} 文字まで読取り、それ以降の文字は読み捨てる。\n"}};
     // {0} the zero-based line.
-    Msg LeadSemicolon{Room::Operands, "Error: line={0}: No description of operands. ",
-                      "Error: line={0}: No description of operands. "};
+    Msg LeadSemicolon{Room::Operands, "Error: line={0}: No description of operands. "};
     Msg NextOperandExpected{Room::Operands,
                             "{line}The nextnoperand is expected at the right side of the comma."
                             "Or no comma is needed.",
@@ -68,10 +67,8 @@ struct ExtractionCatalogue {
                   "of {0} in casl2.",
                   "Prg Error: line={nr}: {0q}: 該当する OP code が存在しない。"};
     Msg CommaFlagBroken{Room::Operands,
-                        "Error of else! {0}  -1==ChFlag  GetCommaAriFlagForNextOprnd(...); CommaNextOperand",
                         "Error of else! {0}  -1==ChFlag  GetCommaAriFlagForNextOprnd(...); CommaNextOperand"};
-    Msg NotAtApostrophe{Room::Operands, "Prg Error: 文字列定数開始位置0x27の引き渡しではない。{0} で引き渡された。\n",
-                        "Prg Error: 文字列定数開始位置0x27の引き渡しではない。{0} で引き渡された。\n"};
+    Msg NotAtApostrophe{Room::Operands, "Prg Error: 文字列定数開始位置0x27の引き渡しではない。{0} で引き渡された。\n"};
 };
 inline constexpr ExtractionCatalogue ExtractionMsg;
 

@@ -123,8 +123,7 @@ struct HandlerCatalogue {
     Msg NoOpBehindLabel{Room::Operands, "{line}An instruction code is expected at the right side of the label. ",
                         "{line}ラベルと共に命令語の記述が必要です。ラベルはあるが命令語の記述がない。"};
 
-    Msg WordKazuBroken{Room::Operands, "{line}some error about word_kazu[i]; !",
-                       "{line}some error about word_kazu[i]; !"};
+    Msg WordKazuBroken{Room::Operands, "{line}some error about word_kazu[i]; !"};
     Msg NoHandler{Room::Operands,
                   "Prg. Error: {line}{0q} is not an instruction of casl2. ",
                   "Prg. Error: {line}{0q} に該当する命令がない。",

@@ -67,11 +67,8 @@ struct MacroCatalogue {
 
     Msg NoInOut{Room::Operands, "{line}{0} is not a macro instruction in casl2. ", "{line}該当するマクロ命令がない。"};
     Msg NoRpushRpop{Room::Operands, "{line}{0} is not a macro instruction. ", "{line}該当するマクロ命令がない。"};
-    Msg InOutBroken{Room::Operands,
-                    "{line}An unknown error has happened in InOut1(i). "
-                    "Please check the source program in it.",
-                    "{line}An unknown error has happened in InOut1(i). "
-                    "Please check the source program in it."};
+    Msg InOutBroken{Room::Operands, "{line}An unknown error has happened in InOut1(i). "
+                                    "Please check the source program in it."};
 };
 inline constexpr MacroCatalogue MacroMsg;
 

@@ -7,10 +7,8 @@ namespace tolvane {
 
 struct NumberCatalogue {
     Msg DecBadCall{Room::Numbers,
-                   "Prg. Error: 先頭文字が(+, -, 数字)でこの関数に引き渡されることになっている。{0}　であった。",
                    "Prg. Error: 先頭文字が(+, -, 数字)でこの関数に引き渡されることになっている。{0}　であった。"};
     Msg HexBadCall{Room::Numbers,
-                   "Prg. Error: 先頭文字が('#')でこの関数に引き渡されることになっている。{0}　であった。",
                    "Prg. Error: 先頭文字が('#')でこの関数に引き渡されることになっている。{0}　であった。"};
     // {0} the text
     Msg NonNumeral{Room::Numbers,
@@ -63,11 +61,8 @@ struct NumberCatalogue {
                     "{const}\n"
                     "{0q} : 16進数は4文字で記述する。\n"
                     "{1} 文字しかない。"};
-    Msg HexNotRead{Room::Numbers,
-                   "line {nr}: k={k}* Prg. Error: Fail to wcstol(); *endptr is non LY0."
-                   "There is an unsuitable character to convert into a numerical value in it.",
-                   "line {nr}: k={k}* Prg. Error: Fail to wcstol(); *endptr is non LY0."
-                   "There is an unsuitable character to convert into a numerical value in it."};
+    Msg HexNotRead{Room::Numbers, "line {nr}: k={k}* Prg. Error: Fail to wcstol(); *endptr is non LY0."
+                                  "There is an unsuitable character to convert into a numerical value in it."};
 };
 inline constexpr NumberCatalogue NumberMsg;
 

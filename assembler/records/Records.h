@@ -8,7 +8,9 @@
 namespace tolvane {
 
 // The Errors of b, cs and po together; the stages stop when it is above 0.
-inline int ErrorSum() { return b->ErrorKazu + cs->ErrorKazu + po->ErrorKazu; }
+inline int ErrorSum() {
+    return b->ErrorKazu + cs->ErrorKazu + po->ErrorKazu;
+}
 // Overwrites the counters of the application object with the sums of those of b, cs and po.
 inline void SumMsgKazu(TMsgBase& game) {
     game.ErrorKazu = ErrorSum();

@@ -49,10 +49,18 @@ private:
     std::int32_t prgKazuInFile = 0;
 };
 
-template <> inline std::vector<SrcDataW>& TBasicData::Src<char16_t>() { return vecSrcW; }
-template <> inline std::vector<SrcDataA>& TBasicData::Src<char>() { return vecSrcA; }
-template <> inline std::vector<PrgDataW>& TBasicData::Prg<char16_t>() { return vecPrgW; }
-template <> inline std::vector<PrgDataA>& TBasicData::Prg<char>() { return vecPrgA; }
+template <> inline std::vector<SrcDataW>& TBasicData::Src<char16_t>() {
+    return vecSrcW;
+}
+template <> inline std::vector<SrcDataA>& TBasicData::Src<char>() {
+    return vecSrcA;
+}
+template <> inline std::vector<PrgDataW>& TBasicData::Prg<char16_t>() {
+    return vecPrgW;
+}
+template <> inline std::vector<PrgDataA>& TBasicData::Prg<char>() {
+    return vecPrgA;
+}
 
 extern TBasicData* const b;
 

@@ -21,7 +21,7 @@ public:
     std::string TextEditorName; // the chosen editor
     std::array<std::string, 3> TextEditors;
     int TextEditorIndex = 0;
-    int SilentFlag = 0; // saved at exit
+    int SilentFlag = 0;          // saved at exit
     int EnglishEnterPrompts = 0; // how often the Enter prompt was shown in English
 
     // Clears the line range and the program count.

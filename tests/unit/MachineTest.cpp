@@ -372,7 +372,7 @@ TEST(Machine, Stops) {
          1,
          "#2F77 is going to be executed.  Program Register(pr)=#1=dec1 \nAn unknown error has happened in "
          "Tcomet2::Run(). ",
-         "#2F77 を実行しようとしたので実行を中止しました。Program Register(pr)=#1=dec1\n An unknown",
+         "#2F77 を実行しようとしたので実行を中止しました。\nProgram Register(pr)=#1=dec1\n An unknown",
          false,
          false},
     };
