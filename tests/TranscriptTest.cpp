@@ -76,7 +76,8 @@ public:
 
 // Whether a file of the case belongs to the test and not to the program's folder.
 bool IsOfTheTest(const std::string& name) {
-    static const std::set<std::string> Names = {"settings.ini", "no-settings", "environment.txt", "terminal"};
+    static const std::set<std::string> Names = {"settings.ini", "no-settings", "environment.txt", "names.txt",
+                                                "terminal"};
     static const std::set<std::string> Stems = {"console", "typed", "assembled", "resultant", "settings-after"};
     return Names.count(name) != 0 || Stems.count(name.substr(0, name.find('.'))) != 0;
 }
@@ -122,8 +123,18 @@ private:
             const std::string name = entry.path().filename().string();
             if (!IsOfTheTest(name)) fs::copy(entry.path(), work.path / name, fs::copy_options::recursive);
         }
+        Rename();
         if (run.Has("no-settings")) return;
         WriteFile(work.path / IniName, run.Has("settings.ini") ? ReadFile(run.folder / "settings.ini") : Settings());
+    }
+
+    // Names that no repository should hold stand in the case's names.txt: the plain one, a tab, the real one.
+    void Rename() {
+        for (std::string line : Lines(ReadFile(run.folder / "names.txt"))) {
+            if (line.back() == '\n') line.pop_back();
+            const std::size_t tab = line.find('\t');
+            if (tab != std::string::npos) fs::rename(work.path / line.substr(0, tab), work.path / line.substr(tab + 1));
+        }
     }
 
     std::string Settings() const {
