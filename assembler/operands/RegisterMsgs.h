@@ -165,7 +165,7 @@ struct RegisterCatalogue {
                            "{line}{0q}: 第2オペランドの右にコンマが無い。 "
                            "第２オペランドの右にコンマあるいはコメント記号（；）を明示すること。 ",
                            {WordingNH,
-                            "{line}{0q}:   A comma is expected between the 2nd and the 3rd operand. "
+                            "{prefix}line {nr}{0q}:   A comma is expected between the 2nd and the 3rd operand. "
                             "A comma is expected at the left of the index register. ",
                             "{line}{0q}: コンマの右に指標レジスタの記述がある。 "}};
     Msg CommaBehindIndex{Room::Operands, "{line}A comma is of no use at the right side of the the index register. ",
