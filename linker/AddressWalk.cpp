@@ -1,4 +1,5 @@
 #include "assembler/lines/Lines.h"
+#include "assembler/lines/Opcodes.h"
 #include "assembler/operands/AddressConstants.h"
 #include "assembler/operands/Instructions.h"
 #include "assembler/operands/Macros.h"
@@ -11,9 +12,6 @@
 namespace tolvane {
 
 namespace {
-
-constexpr int RetWord = 0x8100;
-constexpr int ExitWord = 0x8800;
 
 // Where the next word lies. A file may ask for more words than an address can count: addresses then stand still at
 // the ceiling, and `total` alone goes on, until the size check refuses the file.
@@ -106,7 +104,7 @@ template <class Ch> bool WalkLine(int prg, int line, Running& at) {
     const int words = src.word_kazu;
     if (const Instruction* instruction = FindInstruction(op); instruction != nullptr)
         return WalkInstruction<Ch>(line, *instruction, at);
-    if (Is(op, "DC") || Is(op, "DS"))
+    if (IsDcOrDs(op))
         PlaceLine<Ch>(line, at);
     else if (Is(op, "START") && (words == 1 || words == 2))
         WalkStart<Ch>(prg, line, at);

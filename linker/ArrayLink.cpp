@@ -1,6 +1,7 @@
 // The link of the array pipeline: a memory of its own size, checked program by program and again while it is filled.
 
 #include "assembler/lines/Lines.h"
+#include "assembler/lines/Opcodes.h"
 #include "assembler/operands/Dc.h"
 #include "linker/Linker.h"
 #include "linker/LinkerMsgs.h"
@@ -12,10 +13,6 @@ namespace {
 
 constexpr int AllAddresses = 65536;
 
-bool IsDcOrDs(const SrcDataA& src) {
-    return Is(src.strOp, "DC") || Is(src.strOp, "DS");
-}
-
 bool IsMacro(const SrcDataA& src) {
     return Is(src.strOp, "IN") || Is(src.strOp, "OUT") || Is(src.strOp, "RPUSH") || Is(src.strOp, "RPOP");
 }
@@ -25,7 +22,7 @@ int InstructionWords(const PrgDataA& program) {
     int words = 0;
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         const SrcDataA& src = LineAt<char>(line);
-        if (src.strOp.empty() || IsDcOrDs(src)) continue;
+        if (src.strOp.empty() || IsDcOrDs(src.strOp)) continue;
         if (!IsMacro(src) && (src.word_kazu < 0 || 2 < src.word_kazu)) cs->Error(line, LinkerMsg.StrangeWordKazu);
         words += src.word_kazu;
     }
@@ -35,7 +32,7 @@ int InstructionWords(const PrgDataA& program) {
 int DcDsWords(const PrgDataA& program) {
     int words = 0;
     for (int line = program.StartLine; line < program.EndLine; ++line)
-        if (IsDcOrDs(LineAt<char>(line))) words += LineAt<char>(line).word_kazu;
+        if (IsDcOrDs(LineAt<char>(line).strOp)) words += LineAt<char>(line).word_kazu;
     return words;
 }
 

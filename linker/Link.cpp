@@ -1,4 +1,5 @@
 #include "assembler/lines/Lines.h"
+#include "assembler/lines/Opcodes.h"
 #include "assembler/operands/AddressConstants.h"
 #include "assembler/operands/Dc.h"
 #include "linker/Linker.h"
@@ -99,7 +100,7 @@ template <class Ch> void SetLinesInMemory(TMsgBase& game, int prg, Taken taken, 
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         if (src.strOp.empty()) continue;
-        const Taken kind = Is(src.strOp, "DC") || Is(src.strOp, "DS") ? Taken::Constants : Taken::Instructions;
+        const Taken kind = IsDcOrDs(src.strOp) ? Taken::Constants : Taken::Instructions;
         if (taken == Taken::All || taken == kind) StoreLine(game, src, program.AbAdrAtStart, address);
     }
 }

@@ -1,6 +1,5 @@
 #include "assembler/lines/ArrayLines.h"
 #include "assembler/lines/Boundaries.h"
-#include "assembler/lines/Labels.h"
 #include "assembler/lines/LineDriver.h"
 #include "assembler/lines/Lines.h"
 #include "assembler/lines/Normalising.h"
@@ -14,10 +13,6 @@ namespace tolvane {
 
 namespace {
 
-int FindLabels(int prg) {
-    return Label35G<char>(prg, PrgAt<char>(prg).StartLine, PrgAt<char>(prg).EndLine);
-}
-
 struct Step {
     int (*run)(int prg);     // a result other than 0 stops the driver
     bool checkAfter = false; // stop if an Error is counted
@@ -26,7 +21,7 @@ constexpr bool Check = true;
 
 constexpr Step Steps[] = {
     {StartEnd<char>},
-    {FindLabels},
+    {FindLabels<char>},
     {op30, Check},
     // the operand edits
     {SearchApostForNonCharConstOP<char>},

@@ -50,10 +50,6 @@ bool IsOpWord(const TextA& op) {
     return Is(op, "EXIT") || (IsCaslWord(op) && !Is(op, "START") && !Is(op, "END"));
 }
 
-bool IsDcOrDs(const TextA& op) {
-    return Is(op, "DC") || Is(op, "DS");
-}
-
 // The first word that is too long to be an opcode.
 int CkOpLength(const PrgDataA& program) {
     const int limit = cs->Pipe->limits.opLength;

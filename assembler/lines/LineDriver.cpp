@@ -20,10 +20,6 @@ namespace {
 // The length of operand text from which on a line is called long, in every pipeline.
 constexpr std::size_t LongOprndCom = 225;
 
-template <class Ch> int FindLabels(int prg) {
-    return Label35G<Ch>(prg, PrgAt<Ch>(prg).StartLine, PrgAt<Ch>(prg).EndLine);
-}
-
 template <class Ch> int CkCommasIfAsked(int prg) {
     return cs->Pipe->commaPass ? CkCommas<Ch>(prg) : 0;
 }
@@ -87,6 +83,10 @@ template <class Ch> bool RunPasses(int prg, int& result) {
 }
 
 } // namespace
+
+template <class Ch> int FindLabels(int prg) {
+    return Label35G<Ch>(prg, PrgAt<Ch>(prg).StartLine, PrgAt<Ch>(prg).EndLine);
+}
 
 template <class Ch> int AnalyseLines() {
     int result = 0;
@@ -153,6 +153,8 @@ template <class Ch> int TrimZenOprndComOfFile(int) {
     return TrimZenOprndCom<Ch>();
 }
 
+template int FindLabels<char16_t>(int);
+template int FindLabels<char>(int);
 template int AnalyseLines<char16_t>();
 template int AnalyseLines<char>();
 template void TakeOutLabelRest<char16_t>(int);

@@ -9,6 +9,8 @@ namespace tolvane {
 // result of a pass that reports through it, which ends the cycle.
 template <class Ch> int AnalyseLines();
 
+// Label35G over the lines of a program, END included. 0.
+template <class Ch> int FindLabels(int prg);
 // The field split of a program's lines, END included: strLine to strLabel, strRest, strOp, strOprndCom and chOprndCom.
 // The first line of the program with a long operand text is told in a Warning that counts nowhere.
 template <class Ch> void TakeOutLabelRest(int prg);

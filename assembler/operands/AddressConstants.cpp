@@ -12,7 +12,6 @@ namespace tolvane {
 
 namespace {
 
-constexpr int AddressMax = 65535;
 constexpr int JumpCode = 0x6400;
 
 // A plain number or name: the line has no literal of a number.

@@ -8,7 +8,6 @@ namespace tolvane {
 
 namespace {
 
-constexpr int AddressMax = 65535;
 constexpr int ImageWordsMax = 65035; // what is left below the stack area
 
 template <class Ch> Text<Ch> CountOf(int line) {

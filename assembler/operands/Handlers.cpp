@@ -2,6 +2,7 @@
 
 #include "assembler/lines/Lines.h"
 #include "assembler/lines/Normalising.h"
+#include "assembler/lines/Opcodes.h"
 #include "assembler/lines/ZenKaku.h"
 #include "assembler/operands/Dc.h"
 #include "assembler/operands/Ds.h"
@@ -13,9 +14,6 @@
 namespace tolvane {
 
 namespace {
-
-inline constexpr int RetWord = 0x8100;
-inline constexpr int ExitWord = 0x8800;
 
 // Takes the comma off a first operand that has been found to be a register. Its digit.
 template <class Ch> int TakeRegister1(SrcData<Ch>& src) {
@@ -133,7 +131,7 @@ template <class Ch> bool HandleLine(int line) {
     const Text<Ch>& op = src.strOp;
     if (const Instruction* instruction = FindInstruction(op)) {
         RunHandler<Ch>(line, *instruction);
-    } else if (cs->Pipe->isArray && (Is(op, "DC") || Is(op, "DS"))) {
+    } else if (cs->Pipe->isArray && IsDcOrDs(op)) {
         // passes of their own follow
     } else if (Is(op, "DC")) {
         OprndAtDCtoChH<Ch>(line);

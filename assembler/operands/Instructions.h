@@ -32,6 +32,10 @@ struct Instruction {
     const Msg* warning = nullptr;      // drawn by every use
 };
 
+// The instructions without operands that are more than a 0.
+inline constexpr int RetWord = 0x8100;
+inline constexpr int ExitWord = 0x8800;
+
 namespace instructions {
 
 using enum Shape;

@@ -10,6 +10,7 @@ namespace tolvane {
 // A word takes the values from WordMin to WordMax; of any other the low 16 bits are stored.
 inline constexpr int WordMin = -32768;
 inline constexpr int WordMax = 32767;
+inline constexpr int AddressMax = 65535;
 
 // 0 if the text is a decimal number, -1 with an Error.
 template <class Ch> int CkDecConstG(const Text<Ch>& text, int line, int k);
