@@ -1,9 +1,9 @@
 // Assembling and linking 20,000 instruction lines with 5,000 labels, against half of it.
 
 #include "Timing.h"
-#include "assembler/records/Records.h"
-#include "driver/Stages.h"
 #include "machine/Tcomet2.h"
+#include "records/Records.h"
+#include "stages/Stages.h"
 
 #include <cstdio>
 #include <string>

@@ -1,8 +1,8 @@
 // The dump of a full image, against half of one.
 
 #include "Timing.h"
-#include "assembler/records/Records.h"
 #include "machine/Tcomet2.h"
+#include "records/Records.h"
 #include "reports/Dump.h"
 
 #include <cstdio>

@@ -1,6 +1,6 @@
 #include "TextTools.h"
 
-#include "MoziCode/Convert.h"
+#include "text/Convert.h"
 
 #include <algorithm>
 #include <fstream>

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Writes MoziCode/Table932.inc, the table of code page 932, from Python's own codec.
+"""Writes src/text/Table932.inc, the table of code page 932, from Python's own codec.
 
-Usage: tools/make_table932.py > MoziCode/Table932.inc
+Usage: tools/make_table932.py > src/text/Table932.inc
 
 The two-byte characters are laid out in rows of 94, as the character set defines them: a lead byte holds two rows.
 The rows for the user's own characters (lead bytes F0 to F9) and the single bytes follow a formula and are not here.

@@ -3,7 +3,7 @@
 
 #include "Catalogues.h"
 #include "TextTools.h"
-#include "driver/Msg.h"
+#include "messages/Msg.h"
 
 #include <algorithm>
 #include <array>

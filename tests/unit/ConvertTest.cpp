@@ -1,8 +1,8 @@
 // The conversions among code page 932, EUC-JP, UTF-8 and UTF-16.
 
-#include "MoziCode/Convert.h"
+#include "text/Convert.h"
 
-#include "MoziCode/TMoziCode.h"
+#include "input/TMoziCode.h"
 
 #include <gtest/gtest.h>
 

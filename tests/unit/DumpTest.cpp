@@ -3,8 +3,8 @@
 #include "reports/Dump.h"
 
 #include "TextTools.h"
-#include "assembler/records/Records.h"
-#include "assembler/records/TLabelSpace.h"
+#include "records/Records.h"
+#include "records/TLabelSpace.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -1,7 +1,7 @@
 // The table of the machine instructions: no two rows share an opcode, an operation code, a name or a text of their own,
 // and each row holds what its shape needs.
 
-#include "assembler/operands/Instructions.h"
+#include "operands/Instructions.h"
 
 #include <gtest/gtest.h>
 #include <set>

@@ -1,6 +1,6 @@
 // The conversions of numbers at their limits, and the counts of character constants in both kinds of text.
 
-#include "assembler/operands/Numbers.h"
+#include "operands/Numbers.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -3,10 +3,10 @@
 
 #include "input/Readers.h"
 
-#include "MoziCode/Convert.h"
-#include "MoziCode/TMoziCode.h"
-#include "assembler/records/Records.h"
+#include "input/TMoziCode.h"
 #include "platform/Files.h"
+#include "records/Records.h"
+#include "text/Convert.h"
 
 #include <filesystem>
 #include <fstream>

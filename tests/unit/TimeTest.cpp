@@ -1,6 +1,6 @@
 // The texts of a time, clock by clock.
 
-#include "TimeVcl/TTimeVcl.h"
+#include "timing/TTimeVcl.h"
 
 #include <gtest/gtest.h>
 

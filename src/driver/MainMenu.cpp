@@ -1,0 +1,145 @@
+#include "driver/MainMenu.h"
+
+#include "driver/DriverMsgs.h"
+#include "driver/Settings.h"
+#include "input/Readers.h"
+#include "messages/TMsgStore.h"
+#include "platform/Commands.h"
+#include "platform/Console.h"
+#include "records/Records.h"
+
+#include <limits>
+
+namespace tolvane {
+
+namespace {
+
+constexpr std::size_t EnterLimit = 44;
+constexpr std::size_t NumberLimit = 40;
+
+// The Enter prompt. False at the end of the input.
+bool WaitForEnter() {
+    const bool first = po->Lang != 0 && po->EnglishEnterPrompts == 0;
+    po->Say(first ? DriverMsg.FirstEnterPrompt : DriverMsg.EnterPrompt);
+    if (po->Lang != 0) ++po->EnglishEnterPrompts;
+    return console::ReadLine(EnterLimit).has_value();
+}
+
+void DspMenu() {
+    const bool silent = modeFlags->SilentModeIndex != 0 && !po->Pipe->isArray;
+    const bool shortForm = silent || b->SimpleTitleIndex != 0;
+    po->Say(shortForm ? DriverMsg.ShortMenu : DriverMsg.LongMenu, {po->AssembledDumpName, po->ResultantDumpName});
+}
+
+// Opens a file in the chosen editor. The result is `own` for an editor of the settings, `standard` for the system's.
+int OpenInEditor(const std::string& file, int own, int standard) {
+    std::string command = b->TextEditors[static_cast<std::size_t>(b->TextEditorIndex)];
+    if (b->TextEditorIndex != 0) EditFilePath(command);
+    platform::RunEditor(command, file);
+    return b->TextEditorIndex == 0 ? standard : own;
+}
+
+int ChooseSource(std::string& path) {
+    po->Say(DriverMsg.AskSourceName);
+    bool ended = false;
+    path = GetFilenameStrA(ended);
+    if (ended) return InputEnded;
+    store->ClearMsgStore();
+    return SourceChosen;
+}
+
+int ChooseLastSource(std::string& path) {
+    path = po->LastAssembledSrcFilePath;
+    b->SrcFilePath = path;
+    store->ClearMsgStore();
+    return SourceChosen;
+}
+
+int ShowFolder() {
+    po->Say(DriverMsg.AskFolder);
+    bool ended = false;
+    const std::string folder = GetFoldername(ended);
+    if (ended) return InputEnded;
+    platform::ListFolder(folder);
+    return FolderListed;
+}
+
+int ShowText() {
+    po->Say(DriverMsg.AskTextName);
+    bool ended = false;
+    std::string file = GetFilenameStrA(ended);
+    if (ended) return InputEnded;
+    EditFilePath(file);
+    return OpenInEditor(file, TextShown, ShownInDefaultEditor);
+}
+
+int ShowLastText() {
+    std::string file = po->LastAssembledSrcFilePath;
+    EditFilePath(file);
+    return OpenInEditor(file, LastShown, LastShownInDefaultEditor);
+}
+
+int Exit() {
+    SaveSettings(toolWin->IniPath);
+    return ExitChosen;
+}
+
+constexpr int NoCommand = -1;
+
+int CarryOut(int command, std::string& path) {
+    switch (command) {
+    case 1:
+        return ChooseSource(path);
+    case 11:
+        return ChooseLastSource(path);
+    case 2:
+        return OpenInEditor(po->AssembledDumpName, ImageDumpShown, ShownInDefaultEditor);
+    case 3:
+        return OpenInEditor(po->ResultantDumpName, ResultDumpShown, ShownInDefaultEditor);
+    case 4:
+        return ShowFolder();
+    case 5:
+        return ShowText();
+    case 55:
+        return ShowLastText();
+    case 123:
+        return Exit();
+    default:
+        return NoCommand;
+    }
+}
+
+} // namespace
+
+int LeadingNumber(const std::string& text, std::size_t& end) {
+    constexpr long long most = std::numeric_limits<int>::max();
+    std::size_t i = std::min(FindNonBlank(text), text.size());
+    const bool minus = At(text, i) == '-';
+    if (IsSign(At(text, i))) ++i;
+    long long value = 0;
+    for (; IsDigit(At(text, i)); ++i)
+        value = std::min(value * 10 + (text[i] - '0'), most);
+    end = i;
+    return static_cast<int>(minus ? -value : value);
+}
+
+int GetMainMenu(std::string& path) {
+    if (!WaitForEnter()) return InputEnded;
+    for (;;) {
+        DspMenu();
+        const auto line = console::ReadLine(NumberLimit);
+        if (!line) return InputEnded;
+        const std::string typed = TrimBlank(TrimZenBlankUtf8(*line));
+        std::size_t end = 0;
+        const int command = LeadingNumber(typed, end);
+        if (command == 0 || end != typed.size()) {
+            po->Say(DriverMsg.NoMenuNumber);
+            continue;
+        }
+        const int result = CarryOut(command, path);
+        if (result != NoCommand) return result;
+        po->Say(DriverMsg.TryAgain);
+    }
+}
+
+} // namespace tolvane

@@ -1,0 +1,204 @@
+#include "input/Readers.h"
+
+#include "input/InputMsgs.h"
+#include "input/SourceLines.h"
+#include "input/TMoziCode.h"
+#include "platform/Console.h"
+#include "platform/Files.h"
+#include "records/Records.h"
+#include "text/Convert.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace tolvane {
+
+namespace {
+
+constexpr std::size_t FileNameLimit = 246;
+constexpr std::size_t FolderNameLimit = 989;
+
+constexpr std::array<const char*, 6> Suffixes = {"", ".txt", ".asl", ".asm", ".cas", ".casl"};
+
+constexpr int Utf8ReaderFailed = -3;
+constexpr int Utf16ReaderFailed = -4;
+constexpr int NarrowReaderFailed = -1;
+
+bool IsQuoted(const std::string& text) {
+    return text.size() >= 2 && text.front() == '"' && text.back() == '"';
+}
+
+// A name with a suffix behind it; a quoted name takes it within its quotation marks.
+std::string WithSuffix(const std::string& name, const std::string& suffix) {
+    if (!IsQuoted(name) || suffix.empty()) return name + suffix;
+    return name.substr(0, name.size() - 1) + suffix + "\"";
+}
+
+// The first line of a file with a byte-order mark of UTF-8 loses it; every other line stays as it is.
+TextA WithoutMark(TextA line, std::size_t number) {
+    if (number == 0 && !moziCode->BomStr.empty()) line.erase(0, 3);
+    return line;
+}
+
+template <class Ch> void AppendRecord(Text<Ch> text) {
+    b->Src<Ch>().emplace_back().strSrc = std::move(text);
+}
+
+bool IsUtf16() {
+    return moziCode->CodePage == 1200 || moziCode->CodePage == 1201;
+}
+
+// The 16-bit units of a file, low byte first for code page 1200; an odd last byte is half of a unit whose other half
+// is 0.
+TextW Utf16Units(std::string_view bytes) {
+    if (!IsUtf16()) {
+        po->Say(InputMsg.NoUtf16CodePage);
+        return {};
+    }
+    const auto byte = [&](std::size_t i) { return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0; };
+    const std::size_t low = moziCode->CodePage == 1200 ? 0 : 1;
+    TextW units;
+    units.reserve(bytes.size() / 2 + 1);
+    for (std::size_t i = 0; i < bytes.size(); i += 2)
+        units += static_cast<char16_t>(byte(i + 1 - low) << 8 | byte(i + low));
+    return units;
+}
+
+// Gives the lines of a UTF-16 file to `take`. The mark is left out, and U+FFFF ends the text. Only CR LF ends a line,
+// and what stands behind the last one is a line, even if it is empty.
+template <class Take> void ForEachUtf16Line(std::string_view bytes, Take take) {
+    const TextW units = Utf16Units(bytes);
+    const std::size_t textEnd = std::min(units.find(u'\uFFFF'), units.size());
+    std::size_t begin = std::min<std::size_t>(1, textEnd);
+    for (;;) {
+        const std::size_t end = units.find(u"\r\n", begin);
+        if (end == npos || end + 2 > textEnd) break;
+        take(units.substr(begin, end - begin));
+        begin = end + 2;
+    }
+    take(units.substr(begin, textEnd - begin));
+}
+
+} // namespace
+
+int EditFilePath(std::string& path) {
+    if (path.empty()) return -1;
+    std::string text = TrimZenBlankUtf8(path);
+    const bool hasBlank = text.find(' ') != npos || text.find("\u3000") != npos;
+    if (hasBlank && !IsQuoted(text)) text = "\"" + text + "\"";
+    path.clear();
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        path += text[i];
+        if (text[i] != '\\') continue;
+        path += '\\';
+        if (At(text, i + 1) == '\\') ++i;
+    }
+    return 0;
+}
+
+std::string GetFilenameStrA(bool& ended) {
+    const std::optional<std::string> line = console::ReadLine(FileNameLimit);
+    ended = !line.has_value();
+    if (ended) return {};
+    const std::string typed = TrimZenBlankUtf8(*line);
+    for (const char* suffix : Suffixes) {
+        const std::string name = WithSuffix(typed, suffix);
+        std::string path = name;
+        EditFilePath(path);
+        if (!platform::IsFileThere(path)) continue;
+        po->SrcFileName = name;
+        po->LastAssembledSrcFilePath = path;
+        return path;
+    }
+    po->Say(InputMsg.FileNotFound);
+    return {};
+}
+
+std::string GetFoldername(bool& ended) {
+    const std::optional<std::string> line = console::ReadLine(FolderNameLimit);
+    ended = !line.has_value();
+    if (ended) return {};
+    std::string name = *line;
+    if (EditFilePath(name) < 0) po->Say(InputMsg.NoInput);
+    return TrimZenBlankUtf8(name);
+}
+
+int OpenFileUTF8toVecW20(const std::string& path) {
+    const std::optional<std::string> bytes = platform::ReadFile(path);
+    if (!bytes) {
+        po->Explain(Severity::Error, NoLine, InputMsg.DoesNotOpenBinary, {Utf8Arg{path}});
+        return Utf8ReaderFailed;
+    }
+    b->vecSrcW.clear();
+    const bool isUtf8 = moziCode->CodePage == 65001;
+    ForEachLine(*bytes, [&](TextA line, std::size_t number) {
+        line = WithoutMark(std::move(line), number);
+        AppendRecord(isUtf8 ? Utf8ToWide(line) : utf_16_to_shift_jis(line));
+    });
+    return 0;
+}
+
+int OpenFileUTF16toVecW20(const std::string& path) {
+    const std::optional<std::string> bytes = platform::ReadFile(path);
+    if (!bytes) {
+        po->Explain(Severity::Error, NoLine, InputMsg.DoesNotOpenBinary, {Utf8Arg{path}});
+        return Utf16ReaderFailed;
+    }
+    b->vecSrcW.clear();
+    ForEachUtf16Line(*bytes, [](TextW line) { AppendRecord(std::move(line)); });
+    return 0;
+}
+
+int OpenFileNarrow(const std::string& path) {
+    moziCode->DetMoziCode(path, b->SimpleTitleIndex != 0);
+    const std::optional<std::string> bytes = platform::ReadFile(path);
+    if (!bytes) {
+        po->Explain(Severity::Error, NoLine, InputMsg.DoesNotOpen, {Utf8Arg{path}});
+        return NarrowReaderFailed;
+    }
+    b->vecSrcA.clear();
+    if (IsUtf16()) {
+        ForEachUtf16Line(*bytes, [](const TextW& line) { AppendRecord(Narrow932(line)); });
+        return 0;
+    }
+    const bool isSjis = moziCode->CodePage == 932;
+    ForEachLine(*bytes, [&](TextA line, std::size_t number) {
+        line = WithoutMark(std::move(line), number);
+        AppendRecord(isSjis ? std::move(line) : Utf8ToNarrow(line));
+    });
+    return 0;
+}
+
+int OpenFileWidened(const std::string& path) {
+    const int result = OpenFileNarrow(path);
+    if (result < 0) return result;
+    b->vecSrcW.clear();
+    for (const SrcDataA& line : b->vecSrcA)
+        AppendRecord(NarrowToWide(line.strSrc));
+    b->vecSrcA.clear();
+    return 0;
+}
+
+int ReadSource(const std::string& path) {
+    int result = 0;
+    switch (po->Pipe->reader) {
+    case Reader::Wide:
+        moziCode->DetMoziCode(path, b->SimpleTitleIndex != 0);
+        result = IsUtf16() ? OpenFileUTF16toVecW20(path) : OpenFileUTF8toVecW20(path);
+        break;
+    case Reader::Widened:
+        result = OpenFileWidened(path);
+        break;
+    case Reader::Narrow:
+        result = OpenFileNarrow(path);
+        break;
+    case Reader::Array:
+        return OpenFileChH(path);
+    }
+    return result < 0 ? 1 : 0;
+}
+
+} // namespace tolvane

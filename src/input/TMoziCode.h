@@ -1,0 +1,37 @@
+#pragma once
+// Which character code a source file has. One object, `moziCode`; its verdict stays until the next file.
+
+#include "messages/TMsgBase.h"
+
+#include <cstdint>
+#include <string>
+
+namespace tolvane {
+
+class TMoziCode : public TMsgBase {
+public:
+    std::int32_t BomKazu = 0;  // bytes of the byte-order mark
+    std::string BomStr;        // the mark in hexadecimal digits, or empty
+    std::int32_t CodePage = 0; // 932, 65001, 1200, 1201; 0 until the first file has been seen
+    std::string CodeName;      // as it is shown
+
+    // Decides the code of a file and prints the reading line. `simpleTitle` leaves the counting of bytes out. 0.
+    int DetMoziCode(const std::string& path, bool simpleTitle);
+    // BomStr; empty if there is no mark or the file does not open.
+    std::string DetBOM_MzC(const std::string& path);
+    // 932 for Shift_JIS; -1 for UTF-8 and for a file that does not open.
+    int Det_sjisMzC(const std::string& path);
+};
+
+// Code page 932 to wide text, up to the first zero. Never fails.
+TextW utf_16_to_shift_jis(const TextA& narrow);
+// UTF-8 to wide text; what is not valid UTF-8 is read as code page 932.
+TextW Utf8ToWide(const TextA& utf8);
+// UTF-8 to code page 932, by way of wide text.
+TextA Utf8ToNarrow(const TextA& utf8);
+// Narrow text to wide text, for the widened reader.
+TextW NarrowToWide(const TextA& narrow);
+
+extern TMoziCode* const moziCode;
+
+} // namespace tolvane

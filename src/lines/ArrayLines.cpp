@@ -1,0 +1,109 @@
+#include "lines/ArrayLines.h"
+
+#include "lines/LinesMsgs.h"
+#include "lines/Opcodes.h"
+#include "operands/DcMsgs.h"
+#include "records/Lines.h"
+#include "stages/LineDriver.h"
+
+#include <algorithm>
+
+namespace tolvane {
+
+namespace {
+
+constexpr int RunsOfBlanks = 2; // in front of the opcode word and behind it
+constexpr int MostOpErrors = 3; // op30 goes on to the next line up to here
+
+TextA WithShortRuns(const TextA& line) {
+    TextA out;
+    int runs = 0;
+    for (std::size_t i = 0; i < line.size();) {
+        if (!IsBlank(line[i]) || runs == RunsOfBlanks) {
+            out += line[i++];
+            continue;
+        }
+        out += ' ';
+        ++runs;
+        i = std::min(FindNonBlank(line, i), line.size());
+    }
+    return out;
+}
+
+void EditLine(SrcDataA& src) {
+    src.strLine = WithShortRuns(src.strSrc);
+    const std::size_t p = FindNonBlank(src.strLine);
+    if (p == npos) {
+        src.strLine = " ";
+    } else if (src.strLine[p] == ';') {
+        src.strComment = src.strLine.substr(p);
+        src.strLine.clear();
+    }
+}
+
+bool HoldsText(const SrcDataA& src) {
+    return FindNonBlank(src.strLine) != npos;
+}
+
+// START and END have no place between the two, and EXIT ends a run at once.
+bool IsOpWord(const TextA& op) {
+    return Is(op, "EXIT") || (IsCaslWord(op) && !Is(op, "START") && !Is(op, "END"));
+}
+
+// The first word that is too long to be an opcode.
+int CkOpLength(const PrgDataA& program) {
+    const int limit = cs->Pipe->limits.opLength;
+    for (int line = program.StartLine; line <= program.EndLine; ++line) {
+        const TextA& op = LineAt<char>(line).strOp;
+        if (op.size() <= static_cast<std::size_t>(limit)) continue;
+        cs->Error(line, LinesMsg.OpTooLong, {op, limit});
+        return 1;
+    }
+    return 0;
+}
+
+int CkOpWords(const PrgDataA& program) {
+    const int before = cs->ErrorKazu;
+    for (int line = program.StartLine + 1; line < program.EndLine; ++line) {
+        const TextA& op = LineAt<char>(line).strOp;
+        if (op.empty() || IsOpWord(op)) continue;
+        ExplainUnknownOp<char>(line);
+        if (cs->ErrorKazu - before > MostOpErrors) break;
+    }
+    return cs->ErrorKazu > before ? 1 : 0;
+}
+
+// From the first DC or DS on there is nothing else up to END.
+int CkPlaceOfDcDs(const PrgDataA& program) {
+    bool found = false;
+    for (int line = program.StartLine + 1; line < program.EndLine; ++line) {
+        const TextA& op = LineAt<char>(line).strOp;
+        if (op.empty()) continue;
+        if (IsDcOrDs(op)) {
+            found = true;
+        } else if (found) {
+            cs->Error(line, DcMsg.DcDsNotAtEnd);
+            return 1;
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+int editN() {
+    for (SrcDataA& src : b->vecSrcA)
+        EditLine(src);
+    if (std::any_of(b->vecSrcA.begin(), b->vecSrcA.end(), HoldsText)) return 0;
+    po->Error(NoLine, LinesMsg.EmptySource);
+    return 1;
+}
+
+int op30(int prg) {
+    SplitFields<char>(prg);
+    const PrgDataA& program = PrgAt<char>(prg);
+    if (CkOpLength(program) != 0 || CkOpWords(program) != 0) return 1;
+    return CkPlaceOfDcDs(program);
+}
+
+} // namespace tolvane

@@ -1,0 +1,67 @@
+#include "lines/CrossChecks.h"
+
+#include "lines/LinesMsgs.h"
+#include "records/Lines.h"
+
+namespace tolvane {
+
+// One walk finds what comparing all pairs would: the first line whose label comes again, and where it first does.
+template <class Ch> int CkLabelDouble(int prg, int first, int last) {
+    auto& index = PrgAt<Ch>(prg).LabelLine;
+    index.clear();
+    int firstLine = -1;
+    int againLine = -1;
+    for (int line = first; line <= last; ++line) {
+        const Text<Ch>& label = LineAt<Ch>(line).strLabel;
+        if (label.empty()) continue;
+        const auto [entry, isNew] = index.try_emplace(label, line);
+        if (isNew || (firstLine >= 0 && entry->second >= firstLine)) continue;
+        firstLine = entry->second;
+        againLine = line;
+    }
+    if (firstLine < 0) return 0;
+    cs->Error(NoLine, LinesMsg.LabelDouble, {LineAt<Ch>(firstLine).strLabel, firstLine + 1, againLine + 1});
+    return -1;
+}
+
+template <class Ch> int CkPrgNameDouble() {
+    const int kazu = b->GetPrgKazuInFile();
+    for (int i = 0; i < kazu; ++i)
+        for (int j = i + 1; j < kazu; ++j) {
+            const PrgData<Ch>& one = PrgAt<Ch>(i);
+            const PrgData<Ch>& other = PrgAt<Ch>(j);
+            if (one.strPrgName != other.strPrgName) continue;
+            b->Error(NoLine, LinesMsg.PrgNameDouble,
+                     {one.strPrgName, i + 1, one.StartLine + 1, j + 1, other.StartLine + 1});
+            return -b->ErrorKazu;
+        }
+    return 0;
+}
+
+template <class Ch> int CkLabelInUse() {
+    for (const PrgData<Ch>& program : b->Prg<Ch>())
+        for (int line = program.StartLine + 1; line < program.EndLine; ++line) {
+            const SrcData<Ch>& src = LineAt<Ch>(line);
+            if (!src.strLabel.empty() && !src.fLabelInUse) b->Note(line, LinesMsg.LabelUnreferenced, {src.strLabel});
+        }
+    return 0;
+}
+
+template <class Ch> int CkPrgNameInUse() {
+    for (int prg = 1; prg < b->GetPrgKazuInFile(); ++prg) {
+        const PrgData<Ch>& program = PrgAt<Ch>(prg);
+        if (!program.fCalled) b->Warning(program.StartLine, LinesMsg.PrgNeverCalled, {program.strPrgName});
+    }
+    return 0;
+}
+
+template int CkLabelDouble<char16_t>(int, int, int);
+template int CkLabelDouble<char>(int, int, int);
+template int CkPrgNameDouble<char16_t>();
+template int CkPrgNameDouble<char>();
+template int CkLabelInUse<char16_t>();
+template int CkLabelInUse<char>();
+template int CkPrgNameInUse<char16_t>();
+template int CkPrgNameInUse<char>();
+
+} // namespace tolvane

@@ -1,0 +1,146 @@
+#include "lines/Labels.h"
+
+#include "lines/CrossChecks.h"
+#include "lines/LinesMsgs.h"
+#include "lines/ZenKaku.h"
+#include "operands/Registers.h"
+#include "records/Lines.h"
+
+#include <algorithm>
+
+namespace tolvane {
+
+namespace {
+
+template <class Ch> bool BeginsWithBlankOrIsEmpty(const Text<Ch>& text) {
+    return text.empty() || IsBlank(text.front());
+}
+
+// A word that fills its line alone is a label without an instruction.
+template <class Ch> void TakeOutLabel(int line) {
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    if (BeginsWithBlankOrIsEmpty(src.strLine)) {
+        src.strLabel.clear();
+        return;
+    }
+    const std::size_t blank = FindBlank(src.strLine);
+    src.strLabel = src.strLine.substr(0, blank);
+    if (blank == npos) cs->Error(line, LinesMsg.LabelAlone, {src.strLabel});
+}
+
+template <class Ch> void CkLabelFirstLetter(int line) {
+    const Text<Ch>& label = LineAt<Ch>(line).strLabel;
+    if (!label.empty() && !IsUpper(label.front())) cs->Error(line, LinesMsg.LabelFirstLetter, {label});
+}
+
+// False for a label with a character that is not allowed.
+template <class Ch> bool CkLabelMozi(int line) {
+    const Text<Ch>& label = LineAt<Ch>(line).strLabel;
+    int pos = 0;
+    const bool found = DetNonLabelMoziPos(label, pos) && (pos > 0 || cs->Pipe->firstLabelCharCounts);
+    if (!found) return true;
+    cs->Error(line, LinesMsg.LabelMozi, {label});
+    AnalystZenKSpace20(label, line);
+    return false;
+}
+
+template <class Ch> void CkLabelLength(int line) {
+    const Text<Ch>& label = LineAt<Ch>(line).strLabel;
+    if (label.size() > static_cast<std::size_t>(cs->LabelMax))
+        cs->Error(line, LinesMsg.LabelTooLong, {label, label.size()});
+}
+
+// The names of the registers are the only reserved words.
+template <class Ch> void CkLabelReserved(int line) {
+    const Text<Ch>& label = LineAt<Ch>(line).strLabel;
+    if (IsRegister(label)) cs->Error(line, LinesMsg.LabelReserved, {label});
+}
+
+// The faults of a program's name, the first one only. 0, or the result of CkPrgName.
+template <class Ch> int CkPrgNameMozi(const Text<Ch>& label, int line) {
+    if (!IsUpper(At(label, 0))) {
+        cs->Error(line, LinesMsg.PrgNameFirstLetter, {label});
+        return -2;
+    }
+    if (const int pos = CkMozi(label); pos != 0) {
+        cs->Error(line, LinesMsg.PrgNameMozi, {label, pos + 1});
+        if (const int small = CkSmallMozi(label); small != 0)
+            cs->Error(line, LinesMsg.PrgNameSmallMozi, {label, small});
+        return -3;
+    }
+    if (label.size() >= 9) {
+        cs->Error(line, LinesMsg.PrgNameTooLong, {label, label.size()});
+        return -4;
+    }
+    if (IsRegister(label)) {
+        cs->Error(line, LinesMsg.PrgNameReserved, {label});
+        return -5;
+    }
+    return 0;
+}
+
+} // namespace
+
+template <class Ch> int CkPrgName(int prg) {
+    PrgData<Ch>& program = PrgAt<Ch>(prg);
+    const int line = program.StartLine;
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    if (BeginsWithBlankOrIsEmpty(src.strLine)) {
+        cs->Error(line, LinesMsg.PrgWithoutName);
+        return -1;
+    }
+    const Text<Ch> label = src.strLine.substr(0, FindBlank(src.strLine));
+    AnalystZenKSpace20(label, line);
+    if (const int fault = CkPrgNameMozi(label, line); fault != 0) return fault;
+    program.strPrgName = label;
+    src.strLabel = label;
+    return 0;
+}
+
+// One sweep for each rule. Each runs to its end whatever the others found; the one for the characters stops at its
+// first find.
+template <class Ch> int Label35G(int prg, int first, int last) {
+    for (int line = first; line <= last; ++line)
+        TakeOutLabel<Ch>(line);
+    for (int line = first; line <= last; ++line)
+        CkLabelFirstLetter<Ch>(line);
+    for (int line = first; line <= last && CkLabelMozi<Ch>(line);)
+        ++line;
+    for (int line = first; line <= last; ++line)
+        CkLabelLength<Ch>(line);
+    for (int line = first; line <= last; ++line)
+        CkLabelReserved<Ch>(line);
+    CkLabelDouble<Ch>(prg, first, last);
+    return 0;
+}
+
+template <class Ch> int CkMozi(const Text<Ch>& text) {
+    int pos = 0;
+    return DetNonLabelMoziPos(text, pos) ? pos : 0;
+}
+
+template <class Ch> int CkSmallMozi(const Text<Ch>& text) {
+    for (std::size_t i = 0; i < text.size(); i += CharLength(text, i))
+        if (IsLower(text[i])) return static_cast<int>(i) + 1;
+    return 0;
+}
+
+template <class Ch> bool DetNonLabelMoziPos(const Text<Ch>& text, int& pos) {
+    const auto bad = std::find_if_not(text.begin(), text.end(), [](Ch c) { return IsLabelChar(c); });
+    if (bad == text.end()) return false;
+    pos = static_cast<int>(bad - text.begin());
+    return true;
+}
+
+template int CkPrgName<char16_t>(int);
+template int CkPrgName<char>(int);
+template int Label35G<char16_t>(int, int, int);
+template int Label35G<char>(int, int, int);
+template int CkMozi(const TextW&);
+template int CkMozi(const TextA&);
+template int CkSmallMozi(const TextW&);
+template int CkSmallMozi(const TextA&);
+template bool DetNonLabelMoziPos(const TextW&, int&);
+template bool DetNonLabelMoziPos(const TextA&, int&);
+
+} // namespace tolvane

@@ -1,0 +1,19 @@
+#pragma once
+// The label field: 1 to 8 characters, the first A to Z, the others A to Z or 0 to 9, no register name.
+
+#include "records/Records.h"
+
+namespace tolvane {
+
+// Checks and stores a program's name. 0; -1 no label, -2 first letter, -3 character, -4 length, -5 reserved word.
+template <class Ch> int CkPrgName(int prg);
+// Finds and checks the labels of the lines from first to last, duplicates included. 0; errors are counted.
+template <class Ch> int Label35G(int prg, int first, int last);
+// Position of the first character that is not A to Z or 0 to 9; 0 if there is none or it stands at the front.
+template <class Ch> int CkMozi(const Text<Ch>& text);
+// Position, counted from 1, of the first character that is a to z; 0 if there is none.
+template <class Ch> int CkSmallMozi(const Text<Ch>& text);
+// Whether a character that is not A to Z or 0 to 9 occurs, position 0 included; sets its position.
+template <class Ch> bool DetNonLabelMoziPos(const Text<Ch>& text, int& pos);
+
+} // namespace tolvane

@@ -1,0 +1,197 @@
+#include "lines/Normalising.h"
+
+#include "lines/LinesMsgs.h"
+#include "records/Lines.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tolvane {
+
+namespace {
+
+// One line as it was read: a blank line, a comment line, or text without blanks at its right end.
+template <class Ch> void SortLine(SrcData<Ch>& src) {
+    const std::size_t p = FindNonBlank(src.strLine);
+    if (p == npos) {
+        src.strSrc.clear();
+        src.strLine.clear();
+        src.strComment.clear();
+    } else if (src.strLine[p] == Ch(';')) {
+        src.strComment = TrimRightBlank(src.strLine.substr(p));
+        src.strLine.clear();
+    } else {
+        src.strLine = TrimRightBlank(src.strLine);
+    }
+}
+
+// Two leading blanks or more become one space. A single one stays, even a tab.
+template <class Ch> void ShortenLead(Text<Ch>& line) {
+    const std::size_t p = FindNonBlank(line);
+    if (p != npos && p >= 2) line.replace(0, p, 1, Ch(' '));
+}
+
+// The position of the semicolon that begins the comment, npos if there is none. Inside a character constant a
+// semicolon is text, and two apostrophes in a row do not end the constant.
+template <class Ch> std::size_t FindComment(const Text<Ch>& line) {
+    bool inside = false;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (line[i] == Ch(';') && !inside) return i;
+        if (line[i] != Ch('\'')) continue;
+        if (At(line, i + 1) == Ch('\''))
+            ++i;
+        else
+            inside = !inside;
+    }
+    return npos;
+}
+
+template <class Ch> void DropBlanksBehindEqual(Text<Ch>& line, std::size_t equal) {
+    const std::size_t next = FindNonBlank(line, equal + 1);
+    if (next == npos)
+        line.erase(equal);
+    else
+        line.erase(equal + 1, next - equal - 1);
+}
+
+// Whether one of the signs stands in the text with a blank directly behind it.
+template <class Ch, std::size_t N>
+bool HasBlankBehind(const Text<Ch>& line, const std::array<std::string_view, N>& signs) {
+    for (std::string_view sign : signs)
+        for (std::size_t at = Find(line, sign); at != npos; at = Find(line, sign, at + 1))
+            if (IsBlank(At(line, at + sign.size()))) return true;
+    return false;
+}
+
+constexpr std::array<std::string_view, 3> LiteralSigns = {"=+", "=-", "=#"};
+constexpr std::array<std::string_view, 3> Signs = {"+", "-", "#"};
+constexpr std::array<std::string_view, 5> NoOperandOps = {"NOP", "RPUSH", "RPOP", "RET", "END"};
+
+template <class Ch> void SplitComment(SrcData<Ch>& src, std::size_t semicolon) {
+    src.strComment = src.strLine.substr(semicolon);
+    src.strLine.erase(semicolon);
+}
+
+} // namespace
+
+template <class Ch> int editNWB() {
+    auto& lines = b->Src<Ch>();
+    for (SrcData<Ch>& src : lines)
+        src.strLine = src.strSrc;
+    for (SrcData<Ch>& src : lines)
+        if (!src.strLine.empty()) SortLine(src);
+    for (SrcData<Ch>& src : lines)
+        ShortenLead(src.strLine);
+
+    if (std::any_of(lines.begin(), lines.end(), [](const SrcData<Ch>& src) { return !src.strLine.empty(); })) return 0;
+    po->Error(NoLine, LinesMsg.EmptySource);
+    return 1;
+}
+
+template <class Ch> int StripComment(int prg) {
+    const PrgData<Ch>& program = PrgAt<Ch>(prg);
+    for (int line = program.StartLine; line < program.EndLine; ++line) {
+        Text<Ch>& text = LineAt<Ch>(line).strLine;
+        const std::size_t comment = FindComment(text);
+        if (comment != npos) text.erase(comment);
+    }
+    return 0;
+}
+
+template <class Ch> int edit30c(int prg) {
+    const PrgData<Ch>& program = PrgAt<Ch>(prg);
+    for (int line = program.StartLine; line < program.EndLine; ++line) {
+        Text<Ch>& text = LineAt<Ch>(line).strLine;
+        const std::size_t apostrophe = text.find(Ch('\''));
+        const std::size_t equal = text.find(Ch('='));
+        if (equal == npos || apostrophe < equal) continue;
+        DropBlanksBehindEqual(text, equal);
+        if (!HasBlankBehind(text, LiteralSigns)) continue;
+        cs->Error(line, LinesMsg.SpaceBehindLiteralSign, {text});
+        return -1;
+    }
+    return 0;
+}
+
+template <class Ch> int edit50(int prg) {
+    const PrgData<Ch>& program = PrgAt<Ch>(prg);
+    for (int line = program.StartLine; line < program.EndLine; ++line) {
+        const Text<Ch>& text = LineAt<Ch>(line).strLine;
+        const std::size_t apostrophe = text.find(Ch('\''));
+        const std::size_t sign = text.find_first_of(Lit<Ch>("+-#"));
+        if (sign == npos || apostrophe < sign) continue;
+        if (!HasBlankBehind(text, Signs)) continue;
+        cs->Error(line, LinesMsg.SpaceBehindSign, {text});
+        return -1;
+    }
+    return 0;
+}
+
+template <class Ch> int CutComment(int prg) {
+    const PrgData<Ch>& program = PrgAt<Ch>(prg);
+    for (int line = program.StartLine; line < program.EndLine; ++line) {
+        SrcData<Ch>& src = LineAt<Ch>(line);
+        const Text<Ch>& text = src.strLine;
+        const std::size_t first = text.find(Ch(';'));
+        if (first == npos) continue;
+        const std::size_t apostrophe = text.find(Ch('\''));
+        const bool beforeConstant = first < apostrophe;
+        const bool onlyOneBehindConstant =
+            apostrophe != npos && text.rfind(Ch(';')) == first && text.rfind(Ch('\'')) < first;
+        if (beforeConstant || onlyOneBehindConstant) SplitComment(src, first);
+    }
+    return 0;
+}
+
+template <class Ch> int RemoveNoOprndOpSemiColn(int line) {
+    const SrcData<Ch>& src = LineAt<Ch>(line);
+    for (std::string_view op : NoOperandOps) {
+        const Text<Ch> word = Lit<Ch>(op);
+        if (!ContainsMozi(src.strOp, word)) continue;
+        // Only the first word of the table that occurs is looked for. The form with the space is the one shown.
+        const Text<Ch> behindSpace = Ch(' ') + word + Ch(';');
+        const Text<Ch> behindTab = Ch('\t') + word + Ch(';');
+        if (!ContainsMozi(src.strSrc, behindSpace) && !ContainsMozi(src.strSrc, behindTab)) return 0;
+        cs->Error(NoLine, LinesMsg.CommentTouchesOp, {behindSpace});
+        return -1;
+    }
+    return 0;
+}
+
+template <class Ch> int OpNoOperand(int line, const Text<Ch>& firstOperand) {
+    if (firstOperand.empty()) return 0;
+    cs->Error(line, LinesMsg.OperandOfNoOperandOp, {firstOperand});
+    return 1;
+}
+
+template <class Ch> void TabsToBlanks() {
+    auto toSpaces = [](Text<Ch>& text, std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i)
+            if (text[i] == Ch('\t')) text[i] = Ch(' ');
+    };
+    for (SrcData<Ch>& src : b->Src<Ch>()) {
+        Text<Ch>& text = src.strLine;
+        const std::size_t first = text.find(Ch('\''));
+        toSpaces(text, 0, std::min(first, text.size()));
+        if (first != npos) toSpaces(text, text.rfind(Ch('\'')), text.size());
+    }
+}
+
+template int editNWB<char16_t>();
+template int editNWB<char>();
+template int StripComment<char16_t>(int);
+template int StripComment<char>(int);
+template int edit30c<char16_t>(int);
+template int edit30c<char>(int);
+template int edit50<char16_t>(int);
+template int edit50<char>(int);
+template int CutComment<char16_t>(int);
+template int CutComment<char>(int);
+template int RemoveNoOprndOpSemiColn<char16_t>(int);
+template int RemoveNoOprndOpSemiColn<char>(int);
+template int OpNoOperand(int, const TextW&);
+template int OpNoOperand(int, const TextA&);
+template void TabsToBlanks<char16_t>();
+template void TabsToBlanks<char>();
+
+} // namespace tolvane

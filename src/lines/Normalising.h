@@ -1,0 +1,27 @@
+#pragma once
+// The routines that bring the text of a line into the form of the later checks, and those that refuse its spacing.
+// Blank means space or tab; the full-width space is none.
+
+#include "records/Records.h"
+
+namespace tolvane {
+
+// Recognises comment lines and blank lines, trims the right end, leaves one leading blank. 1 with an Error when the
+// file has no line with text, else 0.
+template <class Ch> int editNWB();
+// Cuts the comments off the lines of a program, END left out. 0.
+template <class Ch> int StripComment(int prg);
+// Removes the blanks behind the first "="; refuses a blank behind =+, =- and =#. Negative at the first Error, else 0.
+template <class Ch> int edit30c(int prg);
+// Refuses a blank behind "+", "-" and "#". Negative at the first Error, else 0.
+template <class Ch> int edit50(int prg);
+// Splits off the comment that StripComment has left. 0.
+template <class Ch> int CutComment(int prg);
+// Explains an unknown word that is an instruction without operands run together with its comment. -1 with an Error.
+template <class Ch> int RemoveNoOprndOpSemiColn(int line);
+// Refuses operand text of an instruction without operands. 1 with an Error, else 0.
+template <class Ch> int OpNoOperand(int line, const Text<Ch>& firstOperand);
+// Replaces the tabs outside character constants by blanks, over the whole file.
+template <class Ch> void TabsToBlanks();
+
+} // namespace tolvane

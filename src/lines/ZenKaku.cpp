@@ -1,0 +1,239 @@
+#include "lines/ZenKaku.h"
+
+#include "lines/LinesMsgs.h"
+#include "lines/Opcodes.h"
+#include "records/Lines.h"
+#include "text/Convert.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tolvane {
+
+namespace {
+
+// What a walk over the characters of a text meets first.
+enum class Walk { Nothing, SingleBytes, ZenKaku };
+
+// Bytes of the character at i in code page 932, 0 for what is no character of it.
+template <class Ch> int ByteLengthAt(const Text<Ch>& text, std::size_t i) {
+    if (IsZenKakuAt(text, i)) return 2;
+    if constexpr (IsWide<Ch>)
+        return ByteLength932(text[i]);
+    else
+        return IsLeadByte932(static_cast<unsigned char>(text[i])) ? 0 : 1;
+}
+
+// Ends at the first full-width character, and quietly at what is no character.
+template <class Ch> Walk WalkMozi(const Text<Ch>& text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const int bytes = ByteLengthAt(text, i);
+        if (bytes == 2) return Walk::ZenKaku;
+        if (bytes == 0) return i > 0 ? Walk::SingleBytes : Walk::Nothing;
+    }
+    return text.empty() ? Walk::Nothing : Walk::SingleBytes;
+}
+
+template <class Ch> int RefuseZenKaku(const Text<Ch>& text, int line, const Msg& msg) {
+    switch (WalkMozi(text)) {
+    case Walk::Nothing:
+        return 0;
+    case Walk::SingleBytes:
+        return 1;
+    case Walk::ZenKaku:
+        break;
+    }
+    cs->Error(line, msg, {text});
+    return -2;
+}
+
+// The rows for START and END.
+struct BoundaryRows {
+    std::string_view word;
+    const Msg& zenBehind;
+    const Msg& zenBefore;
+    const Msg& lrSemicolon;
+    const Msg& lrZenBehind;
+    const Msg& lrZenBefore;
+};
+constexpr BoundaryRows StartRows = {"START",
+                                    LinesMsg.ZenSpaceBehindStart,
+                                    LinesMsg.ZenSpaceBeforeStart,
+                                    LinesMsg.StartWithSemicolon,
+                                    LinesMsg.StartThenZenSpace,
+                                    LinesMsg.ZenSpaceThenStart};
+constexpr BoundaryRows EndRows = {"END",
+                                  LinesMsg.ZenSpaceBehindEnd,
+                                  LinesMsg.ZenSpaceBeforeEnd,
+                                  LinesMsg.EndWithSemicolon,
+                                  LinesMsg.EndThenZenSpace,
+                                  LinesMsg.ZenSpaceThenEnd};
+
+template <class Ch> int DetAtZenKakuSpace(const BoundaryRows& rows) {
+    const Text<Ch> behind = Lit<Ch>(rows.word) + ZenSpace<Ch>();
+    const Text<Ch> before = ZenSpace<Ch>() + Lit<Ch>(rows.word);
+    for (int line = 0; line < LineKazu<Ch>(); ++line) {
+        const Text<Ch>& text = LineAt<Ch>(line).strLine;
+        if (ContainsMozi(text, behind)) {
+            po->Error(line, rows.zenBehind, {behind});
+            return -1;
+        }
+        if (ContainsMozi(text, before)) {
+            po->Error(line, rows.zenBefore, {before});
+            return -2;
+        }
+    }
+    return 0;
+}
+
+template <class Ch> int CkLeftRight(const BoundaryRows& rows) {
+    const Text<Ch> word = Lit<Ch>(rows.word);
+    const Text<Ch> semicolon = Ch(' ') + word + Ch(';');
+    const Text<Ch> zenBehind = word + ZenSpace<Ch>();
+    const Text<Ch> zenBefore = ZenSpace<Ch>() + word;
+    for (int line = 0; line < LineKazu<Ch>(); ++line) {
+        const Text<Ch>& text = LineAt<Ch>(line).strLine;
+        const Msg* row = ContainsMozi(text, semicolon)   ? &rows.lrSemicolon
+                         : ContainsMozi(text, zenBehind) ? &rows.lrZenBehind
+                         : ContainsMozi(text, zenBefore) ? &rows.lrZenBefore
+                                                         : nullptr;
+        if (row == nullptr) continue;
+        po->Error(line, *row);
+        return -1;
+    }
+    return 0;
+}
+
+// How the operand text of an opcode is tidied.
+enum class Tidy { None, Simple, Careful, CarefulWithCommas };
+
+template <class Ch> Tidy TidyOf(const Text<Ch>& op) {
+    constexpr std::array<std::string_view, 5> simple = {"START", "POP", "DS", "IN", "OUT"};
+    constexpr std::array<std::string_view, 3> careful = {"CALL", "PUSH", "SVC"};
+    auto isOp = [&op](std::string_view word) { return Is(op, word); };
+    if (std::any_of(simple.begin(), simple.end(), isOp)) return Tidy::Simple;
+    if (std::any_of(careful.begin(), careful.end(), isOp)) return Tidy::Careful;
+    return isOp("DC") ? Tidy::CarefulWithCommas : Tidy::None;
+}
+
+template <class Ch> void TabsToSpaces(Text<Ch>& text) {
+    std::replace(text.begin(), text.end(), Ch('\t'), Ch(' '));
+}
+
+// For operands that never hold an apostrophe. Of each pair of spaces one goes, so that a run shrinks to about half.
+template <class Ch> void TidySimply(Text<Ch>& text) {
+    const std::size_t semicolon = text.find(Ch(';'));
+    if (semicolon != npos) text.erase(semicolon);
+    TabsToSpaces(text);
+    for (std::size_t at = Find(text, "  "); at != npos; at = Find(text, "  ", at + 1))
+        text.erase(at, 1);
+    text = TrimBlank(text);
+}
+
+// Cuts the comment: at the first semicolon if no apostrophe stands before it, else at the last one as long as it stands
+// behind the last apostrophe.
+template <class Ch> void CutCommentOutside(Text<Ch>& text) {
+    const std::size_t first = text.find(Ch(';'));
+    if (first == npos) return;
+    const std::size_t apostrophe = text.find(Ch('\''));
+    if (first < apostrophe) {
+        text.erase(first);
+        return;
+    }
+    const std::size_t lastApostrophe = text.rfind(Ch('\''));
+    for (std::size_t last = text.rfind(Ch(';')); last != npos && last > lastApostrophe; last = text.rfind(Ch(';')))
+        text.erase(last);
+}
+
+// Text that lies outside the apostrophes: each run of blanks shrinks to a space, and beside a comma it goes.
+template <class Ch> Text<Ch> TidyOutside(Text<Ch> text, bool commas) {
+    TabsToSpaces(text);
+    Text<Ch> tidy;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == Ch(' ')) {
+            const bool behindSpace = i > 0 && text[i - 1] == Ch(' ');
+            const bool behindComma = !tidy.empty() && tidy.back() == Ch(',');
+            if (behindSpace || (commas && behindComma)) continue;
+        } else if (commas && text[i] == Ch(',') && !tidy.empty() && tidy.back() == Ch(' ')) {
+            tidy.pop_back();
+        }
+        tidy += text[i];
+    }
+    return tidy;
+}
+
+template <class Ch> void TidyCarefully(Text<Ch>& text, bool commas) {
+    CutCommentOutside(text);
+    const std::size_t first = text.find(Ch('\''));
+    if (first == npos) {
+        text = TrimBlank(TidyOutside(text, commas));
+        return;
+    }
+    const std::size_t last = text.rfind(Ch('\''));
+    text = TrimBlank(TidyOutside(text.substr(0, first), commas) + text.substr(first, last + 1 - first) +
+                     TidyOutside(text.substr(last + 1), commas));
+}
+
+} // namespace
+
+template <class Ch> int AnalystZenKSpace20(const Text<Ch>& text, int line) {
+    const std::size_t at = FindZenSpace(text);
+    if (at == npos) return 0;
+    cs->Error(line, LinesMsg.ZenSpaceInWord, {text});
+    return static_cast<int>(at);
+}
+
+template <class Ch> int AnalystZenKMozi(const Text<Ch>& text, int line) {
+    return RefuseZenKaku(text, line, LinesMsg.ZenMoziInWord);
+}
+
+template <class Ch> int AnalystZenKakuMoziStr(const Text<Ch>& text, int line) {
+    return RefuseZenKaku(text, line, LinesMsg.ZenMoziInStartOperand);
+}
+
+template <class Ch> int DetSTARTatZenKakuSpace() {
+    return DetAtZenKakuSpace<Ch>(StartRows);
+}
+template <class Ch> int DetENDatZenKakuSpace() {
+    return DetAtZenKakuSpace<Ch>(EndRows);
+}
+template <class Ch> int CkSTART_LR() {
+    return CkLeftRight<Ch>(StartRows);
+}
+template <class Ch> int CkEnd_LR() {
+    return CkLeftRight<Ch>(EndRows);
+}
+
+template <class Ch> int TrimZenOprndCom() {
+    const bool tellsUnknownOp = !IsWide<Ch> && !cs->Pipe->isArray;
+    for (SrcData<Ch>& src : b->Src<Ch>()) {
+        if (src.strOp.empty() || src.strOprndCom.empty()) continue;
+        const Tidy tidy = TidyOf(src.strOp);
+        if (tidy == Tidy::Simple)
+            TidySimply(src.strOprndCom);
+        else if (tidy != Tidy::None)
+            TidyCarefully(src.strOprndCom, tidy == Tidy::CarefulWithCommas);
+        else if (tellsUnknownOp && !IsCaslWord(src.strOp))
+            cs->Say(LinesMsg.NoOpCodeToTrim, {src.strOp});
+    }
+    return 0;
+}
+
+template int AnalystZenKSpace20(const TextW&, int);
+template int AnalystZenKSpace20(const TextA&, int);
+template int AnalystZenKMozi(const TextW&, int);
+template int AnalystZenKMozi(const TextA&, int);
+template int AnalystZenKakuMoziStr(const TextW&, int);
+template int AnalystZenKakuMoziStr(const TextA&, int);
+template int DetSTARTatZenKakuSpace<char16_t>();
+template int DetSTARTatZenKakuSpace<char>();
+template int DetENDatZenKakuSpace<char16_t>();
+template int DetENDatZenKakuSpace<char>();
+template int CkSTART_LR<char16_t>();
+template int CkSTART_LR<char>();
+template int CkEnd_LR<char16_t>();
+template int CkEnd_LR<char>();
+template int TrimZenOprndCom<char16_t>();
+template int TrimZenOprndCom<char>();
+
+} // namespace tolvane

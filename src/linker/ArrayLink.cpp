@@ -1,0 +1,125 @@
+// The link of the array pipeline: a memory of its own size, checked program by program and again while it is filled.
+
+#include "lines/Opcodes.h"
+#include "linker/Linker.h"
+#include "linker/LinkerMsgs.h"
+#include "machine/Tcomet2.h"
+#include "operands/Dc.h"
+#include "records/Lines.h"
+
+namespace tolvane {
+
+namespace {
+
+constexpr int AllAddresses = 65536;
+
+bool IsMacro(const SrcDataA& src) {
+    return Is(src.strOp, "IN") || Is(src.strOp, "OUT") || Is(src.strOp, "RPUSH") || Is(src.strOp, "RPOP");
+}
+
+// The words of a program's lines without DC and DS.
+int InstructionWords(const PrgDataA& program) {
+    int words = 0;
+    for (int line = program.StartLine; line < program.EndLine; ++line) {
+        const SrcDataA& src = LineAt<char>(line);
+        if (src.strOp.empty() || IsDcOrDs(src.strOp)) continue;
+        if (!IsMacro(src) && (src.word_kazu < 0 || 2 < src.word_kazu)) cs->Error(line, LinkerMsg.StrangeWordKazu);
+        words += src.word_kazu;
+    }
+    return words;
+}
+
+int DcDsWords(const PrgDataA& program) {
+    int words = 0;
+    for (int line = program.StartLine; line < program.EndLine; ++line)
+        if (IsDcOrDs(LineAt<char>(line).strOp)) words += LineAt<char>(line).word_kazu;
+    return words;
+}
+
+int LiteralWords(const PrgDataA& program) {
+    return program.AbAdrAtEnd + 1 - program.AbAdrAtLite;
+}
+
+// The first program finds an empty machine.
+void ClearForFirst(int prg) {
+    if (prg == 0) comet2->InitComet2();
+}
+
+// Refuses an image that would reach beyond the memory.
+bool Exceeds(int total, int line) {
+    if (total <= cs->Pipe->limits.imageWords) return false;
+    cs->Say(LinkerMsg.LinkerError);
+    CkMaxMemory2(total, line);
+    return true;
+}
+
+} // namespace
+
+int AdrCk3(int prg) {
+    AdrCk53<char>(prg);
+    if (ErrorSum() > 0) return 1;
+    cs->max_rl_memory_l += LiteralWords(PrgAt<char>(prg));
+    return 0;
+}
+
+int CkMaxMemory(int prg) {
+    const PrgDataA& program = PrgAt<char>(prg);
+    const Limits& limits = cs->Pipe->limits;
+    const int n = InstructionWords(program);
+    const int d = cs->max_rl_memory_d;
+    if (d > limits.dcdsWords) {
+        cs->Error(NoLine, LinkerMsg.BeyondDcDsWords, {d - limits.dcdsWords});
+        return d;
+    }
+    const int l = cs->max_rl_memory_l;
+    if (l > limits.literalWords) {
+        cs->Error(NoLine, LinkerMsg.BeyondLiteralWords, {l - limits.literalWords});
+        return l;
+    }
+    return CkMaxMemory2(n + d + l, program.EndLine);
+}
+
+int CkMaxMemory2(int total, int line) {
+    const int limit = cs->Pipe->limits.imageWords;
+    if (total <= limit) return 0;
+    if (total > AllAddresses)
+        cs->Error(line, LinkerMsg.BeyondAllAddresses, {total});
+    else
+        cs->Error(line, LinkerMsg.BeyondMemory, {total, limit});
+    return 1;
+}
+
+int InitialSetMemory(int prg) {
+    ClearForFirst(prg);
+    SetMemory<char>(*cs, prg);
+    return 0;
+}
+
+int SetMemory25(TMsgBase& game, int prg) {
+    ClearForFirst(prg);
+    const PrgDataA& program = PrgAt<char>(prg);
+    int address = program.AbAdrAtStart;
+    SetLinesInMemory<char>(game, prg, Taken::Instructions, address);
+    if (Exceeds(address + DcDsWords(program), program.EndLine)) return -1;
+    SetLinesInMemory<char>(game, prg, Taken::Constants, address);
+    if (Exceeds(address + LiteralWords(program), program.EndLine)) return -1;
+    SetLiteralsInMemory<char>(prg, address);
+    comet2->ReservedWords = address;
+    return 0;
+}
+
+int Link2(TMsgBase& game) {
+    for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg) {
+        SetMryInAtDC<char>(prg);
+        AdrCk53<char>(prg);
+        SumMsgKazu(game);
+        if (game.ErrorKazu > 0) return ~prg;
+        if (SetMemory25(game, prg) == 0) continue;
+        cs->Error(NoLine, LinkerMsg.LinkRefused, {cs->Pipe->limits.imageWords});
+        SumMsgKazu(game);
+        return -2;
+    }
+    return 0;
+}
+
+} // namespace tolvane

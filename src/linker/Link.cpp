@@ -1,0 +1,153 @@
+#include "lines/Opcodes.h"
+#include "linker/Linker.h"
+#include "linker/LinkerMsgs.h"
+#include "machine/Tcomet2.h"
+#include "operands/AddressConstants.h"
+#include "operands/Dc.h"
+#include "records/Lines.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace tolvane {
+
+namespace {
+
+template <class Ch> int PrgKazu() {
+    return static_cast<int>(b->Prg<Ch>().size());
+}
+
+// A number takes one word, a character literal one word a character.
+template <class Ch> int LiteralWords(const TLiteConst<Ch>& literal) {
+    return std::max(static_cast<int>(literal.vecLiteMozi.size()), 1);
+}
+
+template <class Ch> bool HasLiteral(const SrcData<Ch>& src) {
+    return !src.strOp.empty() && src.word_kazu != 0 && !src.vecLite.empty();
+}
+
+void OwnWords(int line, int address, int words) {
+    for (int a = address; a < address + words && a <= MaxImageWords; ++a)
+        comet2->LineOfWord[static_cast<std::size_t>(a)] = line;
+}
+
+void Store(int& address, int value) {
+    comet2->Memory[static_cast<std::size_t>(address++)] = value;
+}
+
+// Writes the constants of a DC line and tells them their addresses.
+template <class Ch> void StoreDc(TMsgBase& game, SrcData<Ch>& src, int start, int& address) {
+    for (std::size_t k = 0; k < src.vecDcConst.size(); ++k) {
+        TDcConst<Ch>& constant = src.vecDcConst[k];
+        const std::string_view kind = constant.DataTypeStrFlag;
+        constant.ConstAbAdr = address;
+        constant.ConstRlAdr = address - start;
+        if (kind == "Dec" || kind == "Hex" || kind == "Label" || kind == "AdrConst") {
+            Store(address, constant.ConstValue);
+        } else if (kind == "MoziRetuConst" || kind == "CharConst") {
+            for (TMoziWord& mozi : constant.vecMozi) {
+                mozi.AbAdr = address;
+                Store(address, mozi.Code);
+            }
+        } else {
+            game.Error(NoLine, LinkerMsg.StrangeKind, {constant.strConst, k, constant.DataTypeStrFlag});
+        }
+    }
+}
+
+template <class Ch> void StoreLine(TMsgBase& game, SrcData<Ch>& src, int start, int& address) {
+    if (Is(src.strOp, "DC")) {
+        StoreDc(game, src, start, address);
+    } else if (Is(src.strOp, "DS")) {
+        src.AbAdr = address; // also the address of a label on DS 0: what follows
+        for (int i = 0; i < src.word_kazu; ++i)
+            Store(address, 0);
+    } else if (src.word_kazu == 1 || src.word_kazu == 2) {
+        Store(address, src.first_word);
+        if (src.word_kazu == 2) Store(address, src.second_word);
+    } else {
+        for (const TWordRec& word : src.vecWord)
+            Store(address, word.Value);
+    }
+}
+
+template <class Ch> void StoreLiteral(SrcData<Ch>& src, int start, int& address) {
+    TLiteConst<Ch>& literal = src.vecLite[0];
+    literal.AbAdr = address;
+    literal.RlAdr = address - start;
+    SetSecondWord(src, address);
+    if (literal.vecLiteMozi.empty()) Store(address, literal.LiteValue);
+    for (TLiteMozi& mozi : literal.vecLiteMozi) {
+        mozi.AbAdr = address;
+        Store(address, mozi.Word);
+    }
+}
+
+} // namespace
+
+template <class Ch> void SetLineOfWord() {
+    for (const PrgData<Ch>& program : b->Prg<Ch>()) {
+        for (int line = program.StartLine; line < program.EndLine; ++line) {
+            const SrcData<Ch>& src = LineAt<Ch>(line);
+            if (!src.strOp.empty()) OwnWords(line, src.AbAdr, src.word_kazu);
+            if (HasLiteral(src)) OwnWords(line, src.vecLite[0].AbAdr, LiteralWords(src.vecLite[0]));
+        }
+    }
+}
+
+template <class Ch> void SetLinesInMemory(TMsgBase& game, int prg, Taken taken, int& address) {
+    const PrgData<Ch>& program = PrgAt<Ch>(prg);
+    for (int line = program.StartLine; line < program.EndLine; ++line) {
+        SrcData<Ch>& src = LineAt<Ch>(line);
+        if (src.strOp.empty()) continue;
+        const Taken kind = IsDcOrDs(src.strOp) ? Taken::Constants : Taken::Instructions;
+        if (taken == Taken::All || taken == kind) StoreLine(game, src, program.AbAdrAtStart, address);
+    }
+}
+
+template <class Ch> void SetLiteralsInMemory(int prg, int& address) {
+    const PrgData<Ch>& program = PrgAt<Ch>(prg);
+    for (int line = program.StartLine; line < program.EndLine; ++line) {
+        SrcData<Ch>& src = LineAt<Ch>(line);
+        if (HasLiteral(src)) StoreLiteral(src, program.AbAdrAtStart, address);
+    }
+}
+
+template <class Ch> void SetMemory(TMsgBase& game, int prg) {
+    int address = PrgAt<Ch>(prg).AbAdrAtStart;
+    SetLinesInMemory<Ch>(game, prg, Taken::All, address);
+    SetLiteralsInMemory<Ch>(prg, address);
+    if (prg + 1 < PrgKazu<Ch>()) PrgAt<Ch>(prg + 1).AbAdrAtStart = address;
+}
+
+template <class Ch> int Link31(TMsgBase& game) {
+    const int programs = PrgKazu<Ch>();
+    for (int prg = 0; prg < programs; ++prg)
+        SetMryInAtDC<Ch>(prg);
+    for (int prg = 0; prg < programs; ++prg) {
+        AdrCk53<Ch>(prg);
+        SumMsgKazu(game);
+        if (game.ErrorKazu > 0) return ~prg;
+    }
+    if (CkMaxMrySize<Ch>() < 0) {
+        ++game.ErrorKazu;
+        return -2;
+    }
+    if (cs->Pipe->buildsLineOfWord) SetLineOfWord<Ch>();
+    for (int prg = 0; prg < programs; ++prg)
+        SetMemory<Ch>(game, prg);
+    return 0;
+}
+
+template void SetLineOfWord<char16_t>();
+template void SetLineOfWord<char>();
+template void SetLinesInMemory<char16_t>(TMsgBase&, int, Taken, int&);
+template void SetLinesInMemory<char>(TMsgBase&, int, Taken, int&);
+template void SetLiteralsInMemory<char16_t>(int, int&);
+template void SetLiteralsInMemory<char>(int, int&);
+template void SetMemory<char16_t>(TMsgBase&, int);
+template void SetMemory<char>(TMsgBase&, int);
+template int Link31<char16_t>(TMsgBase&);
+template int Link31<char>(TMsgBase&);
+
+} // namespace tolvane

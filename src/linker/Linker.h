@@ -1,0 +1,47 @@
+#pragma once
+// Placing the programs one behind the other, resolving names, the size check, writing the image.
+//
+// The image of a program: its START word or words, its lines in source order, its literals in the order of the lines
+// that use them. The next program follows. Every address is absolute from the moment it is assigned.
+
+#include "records/Records.h"
+
+namespace tolvane {
+
+// The address walk over one program: addresses of its lines, address operands, literals behind the lines, and the
+// start of the next program. It runs once at the end of the analysis, when references to what lies further down read
+// no address yet, and once more in the link. 0, or -1 for a line that no branch fits.
+template <class Ch> int AdrCk53(int prg);
+// Whether the whole file fits below the stack area. 0, or -1 or -2 with an Error.
+template <class Ch> int CkMaxMrySize();
+// The link: second walk, size check, image. `game` receives the sums of the counters. 0; the complement of the index
+// of a program with an Error; -2 if the size is refused.
+template <class Ch> int Link31(TMsgBase& game);
+
+// Which source line owns each word of the image, for all programs; a literal belongs to the line that uses it.
+template <class Ch> void SetLineOfWord();
+// Which lines of a program go to memory.
+enum class Taken { Instructions, Constants, All };
+// Pieces of SetMemory: the words of the lines, DC and DS being the constants; the words of the literals. `address` is
+// where the next word goes.
+template <class Ch> void SetLinesInMemory(TMsgBase& game, int prg, Taken taken, int& address);
+template <class Ch> void SetLiteralsInMemory(int prg, int& address);
+// Writes the words of one program into the machine's memory. An unknown kind of constant counts at `game`.
+template <class Ch> void SetMemory(TMsgBase& game, int prg);
+
+// The array pipeline, whose machine is smaller.
+
+// AdrCk53, and the words of the literals added to those of the file. 0, or 1 if an Error is counted.
+int AdrCk3(int prg);
+// Whether a program fits, with the constants and literals of the file so far. 0, or another value with an Error.
+int CkMaxMemory(int prg);
+// Whether a total fits. 0, or 1 with an Error on the line.
+int CkMaxMemory2(int total, int line);
+// Writes the words of a program for the first time, to an empty machine if it is the first program. 0.
+int InitialSetMemory(int prg);
+// The same with the sums checked again: instructions, then DC and DS, then literals. 0, or -1 with an Error.
+int SetMemory25(TMsgBase& game, int prg);
+// The link: second walk and image, program by program. Results as those of Link31.
+int Link2(TMsgBase& game);
+
+} // namespace tolvane

@@ -1,0 +1,226 @@
+#include "operands/AddressConstants.h"
+
+#include "lines/Labels.h"
+#include "lines/ZenKaku.h"
+#include "operands/AddressMsgs.h"
+#include "operands/Literals.h"
+#include "operands/Numbers.h"
+#include "operands/Registers.h"
+#include "records/Lines.h"
+
+namespace tolvane {
+
+namespace {
+
+constexpr int JumpCode = 0x6400;
+
+// A plain number or name: the line has no literal of a number.
+template <class Ch> int SetAddress(SrcData<Ch>& src, int value) {
+    SetSecondWord(src, value);
+    src.fLite = false;
+    return 0;
+}
+
+// The form of a name. Characters that are not allowed are reported and the look-up goes on. -7 if it is too long.
+template <class Ch> int CkNameForm(int line, const Text<Ch>& name) {
+    int pos = 0;
+    if (DetNonLabelMoziPos(name, pos)) {
+        cs->Error(line, AddressMsg.NameBadChar, {name});
+        AnalystZenKMozi(name, line);
+    }
+    if (CkSmallMozi(name) != 0) cs->Error(line, AddressMsg.NameSmallLetter, {name});
+    if (name.size() > AdrConstMax) {
+        cs->Error(line, AddressMsg.NameTooLong, {name, name.size()});
+        return -7;
+    }
+    return 0;
+}
+
+// A name: that of another program before a label of the own one.
+template <class Ch> int NameAddress(int line, const Text<Ch>& name) {
+    if (int refused = CkNameForm(line, name); refused < 0) return refused;
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    if (int other = FindOtherProgram(src.PrgNr, name); other >= 0) {
+        PrgData<Ch>& prg = PrgAt<Ch>(other);
+        prg.fCalled = true;
+        src.fLabelInUse = true;
+        if (!Is(src.strOp, "CALL") && !Is(src.strOp, "LAD")) cs->Warning(line, AddressMsg.OutsideProgram);
+        return SetAddress(src, prg.AbAdrAtStart);
+    }
+    if (int target = FindLabelLine(src.PrgNr, name); target >= 0) {
+        SrcData<Ch>& label = LineAt<Ch>(target);
+        label.fLabelInUse = true;
+        return SetAddress(src, label.AbAdr);
+    }
+    cs->Error(line, AddressMsg.NameUndefined, {name});
+    AnalystZenKSpace20(name, line);
+    return -8;
+}
+
+// "#" and four digits. A number that is too long draws two Errors and still gets a value.
+template <class Ch> int HexAddress(int line, const Text<Ch>& text) {
+    const std::size_t n = text.size() - 1;
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        if (IsHexDigit(text[i])) continue;
+        cs->Error(line, AddressMsg.HexBadDigit, {text});
+        break;
+    }
+    if (n == 0) {
+        cs->Error(line, AddressMsg.HexEmpty);
+        return -2;
+    }
+    if (n < 4) {
+        cs->Error(line, n == 1 ? AddressMsg.HexOneDigit : AddressMsg.HexTooShort, {text, n});
+        return -9;
+    }
+    if (n > 4) {
+        cs->Error(line, AddressMsg.HexTooLong, {text});
+        cs->Error(line, AddressMsg.HexTooLongBy, {text, n});
+    }
+    return SetAddress(LineAt<Ch>(line), HexStrToIntG(text, line, 0));
+}
+
+// A decimal number of any size, of which the low 16 bits count. `nonNumeral` and `outOfRange` are the rows of its
+// form, with or without a sign.
+template <class Ch> int DecAddress(int line, const Text<Ch>& text, const Msg& nonNumeral, const Msg& outOfRange) {
+    std::size_t end = 0;
+    const int value = ReadDecimal(text, end);
+    if (end < text.size()) {
+        cs->Error(line, nonNumeral, {text});
+        return -1;
+    }
+    if (value < WordMin || AddressMax < value) cs->Note(line, outOfRange);
+    return SetAddress(LineAt<Ch>(line), value & 0xFFFF);
+}
+
+// "='", "=#", "=" with a digit or with a sign and a digit: the texts that are read as a literal.
+template <class Ch> bool IsLiteral(const Text<Ch>& text) {
+    const Ch c = At(text, 1);
+    if (At(text, 0) != Ch('=')) return false;
+    return c == Ch('\'') || c == Ch('#') || IsDigit(c) || (IsSign(c) && IsDigit(At(text, 2)));
+}
+
+// A literal. Its address is final only at the end of the walk. A bad number counts here once more than in its check.
+template <class Ch> int LiteralAddress(int line, const Text<Ch>& operand) {
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    const Text<Ch> constant = operand.substr(1);
+    if (constant[0] == Ch('\'')) {
+        SetLiteCharConstMryIn(line, constant);
+    } else {
+        const bool hex = constant[0] == Ch('#');
+        if ((hex ? CkHexConstG(constant, line, 0) : CkDecConstG(constant, line, 0)) < 0) {
+            ++cs->ErrorKazu;
+            return -1;
+        }
+        if (hex)
+            SetLiteNumber(line, operand, "LiteHexConst", HexStrToIntG(constant, line, 0));
+        else
+            SetLiteNumber(line, operand, "LiteDecConst", DecStrToIntG(constant, line, 0));
+    }
+    if (!src.vecLite.empty()) SetSecondWord(src, src.vecLite[0].AbAdr);
+    return 0;
+}
+
+// The two words of a START with an operand: a jump to the address.
+template <class Ch> void SetStartJump(SrcData<Ch>& src, int address) {
+    src.first_word = JumpCode;
+    src.second_word = address;
+    src.word_kazu = 2;
+    src.vecWord = {{JumpCode, 0, 0, 0, "START"}, {address, 0, 0, 0, "An operand of START"}};
+}
+
+template <class Ch> int FindProgram(const Text<Ch>& name) {
+    return FindOtherProgram(-1, name);
+}
+
+} // namespace
+
+template <class Ch> void SetSecondWord(SrcData<Ch>& src, int value) {
+    src.second_word = value;
+    if (src.vecWord.size() > 1) src.vecWord[1].Value = value;
+}
+
+template <class Ch> int FindOtherProgram(int own, const Text<Ch>& name) {
+    const auto& programs = b->Prg<Ch>();
+    for (std::size_t i = 0; i < programs.size(); ++i)
+        if (static_cast<int>(i) != own && programs[i].strPrgName == name) return static_cast<int>(i);
+    return -1;
+}
+
+template <class Ch> void DetNonAdrConstMoziPosAW(const Text<Ch>& text, int line, int& pos) {
+    if (DetNonLabelMoziPos(text, pos)) cs->Error(line, AddressMsg.UnsuitableChar, {text, pos + 1});
+}
+
+template <class Ch> int CkAdrConst20(int line, int n) {
+    const Text<Ch>& s = LineAt<Ch>(line).chOprnd[static_cast<std::size_t>(n)];
+    const Ch c = At(s, 0);
+    if (IsRegisterWord(s)) return 0;
+    if (IsUpper(c)) return NameAddress(line, s);
+    if (c == Ch('#')) return HexAddress(line, s);
+    if (IsSign(c) && IsDigit(At(s, 1)))
+        return DecAddress(line, s, AddressMsg.DecSignedNonNumeral, AddressMsg.DecSignedOutOfRange);
+    if (IsDigit(c)) {
+        if (DecAddress(line, s, AddressMsg.DecNonNumeral, AddressMsg.DecOutOfRange) == 0) return 0;
+        AnalystZenKSpace20(s, line);
+        return -4;
+    }
+    if (IsLiteral(s)) return LiteralAddress(line, s);
+    int pos = 0;
+    DetNonAdrConstMoziPosAW(s, line, pos);
+    ++cs->ErrorKazu; // one diagnostic, two Errors
+    return -5;
+}
+
+template <class Ch> int CkStartAdrOperand(int prg, int line) {
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    const Text<Ch> t = src.strOprnd[1];
+    if (t.empty()) { // three words in the operand field count as none
+        src.first_word = src.second_word = 0;
+        src.word_kazu = 1;
+        src.vecWord = {{0, 0, 0, 0, "An Operand of START"}};
+        return 0;
+    }
+    int pos = 0;
+    if (DetNonLabelMoziPos(t.substr(1), pos)) {
+        cs->Error(line, AddressMsg.StartBadChar, {t});
+        if (cs->Pipe->startAnalystZenKaku) AnalystZenKakuMoziStr(t, line);
+    }
+    if (t.size() > AdrConstMax) {
+        cs->Error(line, AddressMsg.StartTooLong, {t, t.size()});
+        return 1;
+    }
+    if (int target = FindLabelLine(prg, t); target >= 0) {
+        SrcData<Ch>& label = LineAt<Ch>(target);
+        label.fLabelInUse = true;
+        SetStartJump(src, label.AbAdr);
+        return 0;
+    }
+    if (int named = FindProgram(t); named >= 0) {
+        if (!cs->Pipe->startNamesProgram) {
+            cs->Error(line, AddressMsg.StartIsProgram);
+            return 1;
+        }
+        PrgData<Ch>& program = PrgAt<Ch>(named);
+        SrcData<Ch>& start = LineAt<Ch>(program.StartLine);
+        program.fCalled = true;
+        start.fLabelInUse = true;
+        SetStartJump(src, start.AbAdr);
+        return 0;
+    }
+    cs->Error(line, AddressMsg.StartUndefined, {t});
+    AnalystZenKSpace20(t, line);
+    return 1;
+}
+
+template void SetSecondWord(SrcDataW&, int);
+template void SetSecondWord(SrcDataA&, int);
+template int FindOtherProgram(int, const TextW&);
+template int FindOtherProgram(int, const TextA&);
+template void DetNonAdrConstMoziPosAW(const TextW&, int, int&);
+template void DetNonAdrConstMoziPosAW(const TextA&, int, int&);
+template int CkAdrConst20<char16_t>(int, int);
+template int CkAdrConst20<char>(int, int);
+template int CkStartAdrOperand<char16_t>(int, int);
+template int CkStartAdrOperand<char>(int, int);
+
+} // namespace tolvane

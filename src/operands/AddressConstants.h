@@ -1,0 +1,22 @@
+#pragma once
+// Address constants: labels, program names, decimal and hexadecimal numbers, literals.
+
+#include "records/Records.h"
+
+namespace tolvane {
+
+inline constexpr int AdrConstMax = 8; // characters of a name
+
+// Checks operand n of a line and sets second_word. 0, or a negative value with an Error.
+template <class Ch> int CkAdrConst20(int line, int n);
+// Checks the operand of a program's START and sets the words of its line. 0, or 1 with an Error.
+template <class Ch> int CkStartAdrOperand(int prg, int line);
+// Reports the first character of the text outside A to Z and 0 to 9, and sets its position.
+template <class Ch> void DetNonAdrConstMoziPosAW(const Text<Ch>& text, int line, int& pos);
+
+// The program other than `own` that has the name; -1 if there is none.
+template <class Ch> int FindOtherProgram(int own, const Text<Ch>& name);
+// Sets second_word, and its copy among the words of the line where the line has them.
+template <class Ch> void SetSecondWord(SrcData<Ch>& src, int value);
+
+} // namespace tolvane

@@ -1,0 +1,76 @@
+#include "operands/Ds.h"
+
+#include "operands/DsMsgs.h"
+#include "operands/Numbers.h"
+#include "records/Lines.h"
+
+namespace tolvane {
+
+namespace {
+
+constexpr int ImageWordsMax = 65035; // what is left below the stack area
+
+template <class Ch> Text<Ch> CountOf(int line) {
+    return TrimBlank(LineAt<Ch>(line).chOprnd[1]);
+}
+
+// Sets the words of a line to the count. False if the count goes on behind its number.
+template <class Ch> bool SetDsWords(SrcData<Ch>& src, const Text<Ch>& count) {
+    std::size_t end = 0;
+    src.word_kazu = ReadDecimal(count, end);
+    src.oprnd_kazu = 1;
+    src.first_word = 0;
+    src.vecWord.clear();
+    return end == count.size();
+}
+
+} // namespace
+
+template <class Ch> int OprndAtDS(int line) {
+    const Text<Ch> count = CountOf<Ch>(line);
+    if (count.empty()) {
+        cs->Error(line, DsMsg.NoOperand);
+        return -cs->ErrorKazu;
+    }
+    for (std::size_t i = 0; i < count.size(); ++i) {
+        if (count[i] == Ch('+') || IsDigit(count[i])) continue;
+        cs->Error(line, DsMsg.NonNumeral, {count.substr(i, CharLength(count, i)), count});
+        return -cs->ErrorKazu;
+    }
+    return 0;
+}
+
+template <class Ch> int SetWordKazuAtDS(int line) {
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    const Text<Ch> count = CountOf<Ch>(line);
+    if (!SetDsWords(src, count)) cs->Error(line, DsMsg.CountNotRead, {count});
+    if (src.word_kazu > AddressMax) {
+        cs->Error(line, DsMsg.BeyondAddresses);
+        return -1;
+    }
+    if (src.word_kazu > ImageWordsMax) {
+        cs->Error(line, DsMsg.BeyondImage);
+        return -2;
+    }
+    return 0;
+}
+
+template <class Ch> int SetMryInAtDS(int prg) {
+    const PrgData<Ch>& program = PrgAt<Ch>(prg);
+    for (int line = program.StartLine; line < program.EndLine; ++line) {
+        SrcData<Ch>& src = LineAt<Ch>(line);
+        if (!Is(src.strOp, "DS")) continue;
+        SetDsWords(src, CountOf<Ch>(line));
+        if (src.word_kazu == 0) src.fDsZero = true;
+    }
+    return 0;
+}
+
+template int OprndAtDS<char16_t>(int);
+template int OprndAtDS<char>(int);
+template int SetWordKazuAtDS<char16_t>(int);
+template int SetWordKazuAtDS<char>(int);
+template int SetMryInAtDS<char16_t>(int);
+template int SetMryInAtDS<char>(int);
+
+} // namespace tolvane

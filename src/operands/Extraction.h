@@ -1,0 +1,43 @@
+#pragma once
+// Cutting the operand text of a line into operands, the comma helpers, and the scanners of string constants.
+
+#include "records/Records.h"
+
+namespace tolvane {
+
+// The record of a line.
+template <class Ch> SrcData<Ch>& OprndLine(int line) {
+    return b->Src<Ch>()[static_cast<std::size_t>(line)];
+}
+// Operand n of a line.
+template <class Ch> Text<Ch>& Oprnd(int line, int n) {
+    return b->Src<Ch>()[static_cast<std::size_t>(line)].chOprnd[static_cast<std::size_t>(n)];
+}
+
+// Splits the comment off the lines whose opcode takes no character constant. 0, or -1 for an unknown opcode.
+template <class Ch> int SearchApostForNonCharConstOP(int prg);
+// Renews chOprndCom from strOprndCom, cut to the pipeline's limit. 0.
+template <class Ch> int CopyOprndComStrToChH(int prg);
+// Cuts chOprndCom of every line but DC into chOprnd, strOprnd and oprnd_kazu. 0; errors are counted.
+template <class Ch> int operand20m15(int prg);
+// Presets the counts of each line by opcode, and cleans the text of DC lines. 0, or -1 for an unknown opcode.
+template <class Ch> int ExtractAllOprnds(int prg);
+// The further pass of the pointer pipelines: a comma with nothing behind it, or a missing one. 0.
+template <class Ch> int CkCommas(int prg);
+
+template <class Ch> bool EndsInComma(const Text<Ch>& operand);
+// The operand without the comma that ended it.
+template <class Ch> Text<Ch> WithoutComma(const Text<Ch>& operand);
+// Sets CommaAriFlag from the last character of operand n.
+template <class Ch> void GetCommaAriFlagForNextOprnd(int line, int n);
+// True if CommaAriFlag is 1. `place` names the caller, for the self-check of the flag.
+bool CommaNextOprnd3(const char* place);
+// True if operand n is not empty; sets NextOprndAriFlag.
+template <class Ch> bool CkNextOprndAriWithComma(int line, int n);
+
+// Moves pos from the opening apostrophe of a string constant to the closing one, or to the end of the text.
+template <class Ch> void DetStrConstGL10(std::size_t& pos, const Text<Ch>& text);
+// Judges what DetStrConstGL10 left. 0 or more if the constant is closed, negative with an Error.
+template <class Ch> int IsStrConstClosedGL10(int line, std::size_t& pos, const Text<Ch>& text);
+
+} // namespace tolvane

@@ -1,0 +1,13 @@
+#pragma once
+// The machine-instruction handlers: the pass that turns operands into first words and word counts.
+
+#include "records/Records.h"
+
+namespace tolvane {
+
+// Runs the handler of each line of a program, END included. 0, or -2 if an opcode has no handler.
+template <class Ch> int OpCk(int prg);
+// The Error for r1,r2 where only r,adr is allowed. It leaves the counting to its caller.
+template <class Ch> void DspSyntaxErrorMsg(int line, const char* op);
+
+} // namespace tolvane

@@ -1,0 +1,171 @@
+#include "operands/Literals.h"
+
+#include "operands/Extraction.h"
+#include "operands/LiteralMsgs.h"
+#include "operands/Numbers.h"
+#include "records/Lines.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tolvane {
+
+namespace {
+
+constexpr std::array<std::string_view, 8> WithoutLiteral = {"DC", "DS", "NOP", "RPUSH", "RPOP", "RET", "START", "END"};
+
+// The end of the text, a blank or a comma ends a number.
+template <class Ch> bool EndsNumber(const Text<Ch>& text, std::size_t i) {
+    return i >= text.size() || IsBlank(text[i]) || text[i] == Ch(',');
+}
+
+template <class Ch> void CkDecLiteral(int line, const Text<Ch>& text, std::size_t digits) {
+    std::size_t i = digits;
+    while (IsDigit(At(text, i)))
+        ++i;
+    if (!EndsNumber(text, i)) cs->Error(line, LiteralMsg.DecNonNumeral);
+}
+
+template <class Ch> void CkHexLiteral(int line, const Text<Ch>& text, std::size_t digits) {
+    std::size_t i = digits;
+    while (IsHexDigit(At(text, i)))
+        ++i;
+    if (!EndsNumber(text, i)) cs->Error(line, LiteralMsg.HexBadDigit);
+    if (i - digits != 4) cs->Error(line, LiteralMsg.HexLength);
+}
+
+// Where the mark stands with a character behind it that `fits`; npos if nowhere.
+template <class Ch, class Fits>
+std::size_t FindMark(const Text<Ch>& text, std::string_view mark, Fits fits, std::size_t from = 0) {
+    for (std::size_t p = Find(text, mark, from); p != npos; p = Find(text, mark, p + 1))
+        if (p + mark.size() < text.size() && fits(text[p + mark.size()])) return p;
+    return npos;
+}
+
+// The first form that fits decides. A sign is passed over: the digits behind it are judged with their address.
+template <class Ch> void CkLiteralForm(int line, const Text<Ch>& operands) {
+    const Text<Ch> t = WithoutBlanksBehindEqual(operands);
+    const std::size_t p = Find(t, "=");
+    if (IsDigit(At(t, p + 1))) return CkDecLiteral(line, t, p + 1);
+
+    const std::size_t sign = std::min(FindMark(t, "=+", IsDigit<Ch>), FindMark(t, "=-", IsDigit<Ch>));
+    if (sign != npos) {
+        const std::size_t later = FindMark(t, "=", IsDigit<Ch>, sign + 1);
+        if (later != npos) CkDecLiteral(line, t, later + 1);
+        return;
+    }
+    if (const std::size_t hex = FindMark(t, "=#", IsHexDigit<Ch>); hex != npos) return CkHexLiteral(line, t, hex + 2);
+    if (FindMark(t, "='", [](Ch) { return true; }) != npos) return CkMoziLiteral(line, t);
+    cs->Error(line, LiteralMsg.NoLiteral, {operands});
+}
+
+} // namespace
+
+template <class Ch> Text<Ch> WithoutBlanksBehindEqual(const Text<Ch>& text) {
+    const std::size_t p = Find(text, "=");
+    if (p == npos) return text;
+    return text.substr(0, p + 1) + TrimLeftBlank(text.substr(p + 1));
+}
+
+template <class Ch> void CkMoziLiteral(int line, const Text<Ch>& text) {
+    const std::size_t open = Find(text, "='") + 1;
+    const std::size_t close = FindClosingApost(text, open);
+    const Ch behind = close == npos ? Ch('?') : At(text, close + 1);
+    const bool ends = behind == Ch(0) || behind == Ch(',') || behind == Ch(';') || IsBlank(behind);
+    if (!ends) cs->Error(line, LiteralMsg.CharsNotClosed, {text});
+    if (CountWordKazuAtCharConst(text.substr(open)) == 0) cs->Error(line, LiteralMsg.NoCharacter);
+}
+
+template <class Ch> int CkLiteral15(int prg) {
+    const PrgData<Ch>& program = PrgAt<Ch>(prg);
+    for (int line = program.StartLine; line < program.EndLine; ++line) {
+        const SrcData<Ch>& src = LineAt<Ch>(line);
+        if (!Contains(src.strOprndCom, "=")) continue;
+        if (std::any_of(WithoutLiteral.begin(), WithoutLiteral.end(),
+                        [&src](std::string_view op) { return Is(src.strOp, op); }))
+            continue;
+        CkLiteralForm(line, src.strOprndCom);
+    }
+    return cs->ErrorKazu > 0 ? -1 : 0;
+}
+
+template <class Ch> void TrimOprndComComma(Text<Ch>& text) {
+    const std::size_t end = std::min(Find(text, "="), text.size());
+    Text<Ch> out;
+    std::size_t i = 0;
+    while (i < end) {
+        const Ch c = text[i];
+        if (c == Ch(';')) {
+            text = out;
+            return;
+        }
+        // Of a run of blanks in front of a comma only the last one goes.
+        if (IsBlank(c) && i + 1 < end && text[i + 1] == Ch(',')) {
+            ++i;
+            continue;
+        }
+        out += c;
+        ++i;
+        if (c == Ch(',')) i = std::min(FindNonBlank(text, i), end);
+    }
+    text = out + text.substr(end);
+}
+
+template <class Ch> int CkStrConstLiteral(int prg) {
+    const PrgData<Ch>& program = PrgAt<Ch>(prg);
+    for (int line = program.StartLine; line < program.EndLine; ++line) {
+        SrcData<Ch>& src = LineAt<Ch>(line);
+        if (Is(src.strOp, "DC")) continue;
+        Text<Ch> work = WithoutBlanksBehindEqual(src.strOprndCom);
+        if (std::size_t pos = Find(work, "='"); pos != npos) {
+            DetStrConstGL10(++pos, work);
+            if (IsStrConstClosedGL10(line, pos, work) < 0) cs->Error(line, LiteralMsg.CharsExample, {work});
+        }
+        TrimOprndComComma(work);
+        src.strOprndCom = work;
+    }
+    return 0;
+}
+
+template <class Ch> int SetLiteCharConstMryIn(int line, const Text<Ch>& text) {
+    if (text.size() < 3) return -1;
+    TLiteConst<Ch> literal;
+    literal.strLite = text;
+    if (text[0] == Ch('\'')) {
+        literal.LiteWordKazu = CountWordKazuAtCharConst(text);
+        ForEachMozi(text, 0, [&](int code) { literal.vecLiteMozi.push_back({code, 1, code, line, 0}); });
+    }
+    LineAt<Ch>(line).vecLite = {literal};
+    return 0;
+}
+
+template <class Ch> void SetLiteNumber(int line, const Text<Ch>& operand, const char* kind, int value) {
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    TLiteConst<Ch> literal;
+    literal.strLite = operand;
+    literal.strLiteKind = kind;
+    literal.LiteValue = value;
+    if (!src.vecLite.empty()) {
+        literal.RlAdr = src.vecLite[0].RlAdr;
+        literal.AbAdr = src.vecLite[0].AbAdr;
+    }
+    src.fLite = true;
+    src.vecLite = {literal};
+}
+
+template Text<char16_t> WithoutBlanksBehindEqual(const TextW&);
+template Text<char> WithoutBlanksBehindEqual(const TextA&);
+template void CkMoziLiteral(int, const TextW&);
+template void CkMoziLiteral(int, const TextA&);
+template int CkLiteral15<char16_t>(int);
+template int CkLiteral15<char>(int);
+template void TrimOprndComComma(TextW&);
+template void TrimOprndComComma(TextA&);
+template int CkStrConstLiteral<char16_t>(int);
+template int CkStrConstLiteral<char>(int);
+template int SetLiteCharConstMryIn(int, const TextW&);
+template int SetLiteCharConstMryIn(int, const TextA&);
+template void SetLiteNumber(int, const TextW&, const char*, int);
+template void SetLiteNumber(int, const TextA&, const char*, int);
+
+} // namespace tolvane

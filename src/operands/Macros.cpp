@@ -1,0 +1,196 @@
+#include "operands/Macros.h"
+
+#include "lines/Labels.h"
+#include "lines/Normalising.h"
+#include "operands/Extraction.h"
+#include "operands/MacroMsgs.h"
+#include "operands/Registers.h"
+#include "records/Lines.h"
+
+#include <span>
+
+namespace tolvane {
+
+namespace {
+
+constexpr std::array<int, 5> InOutHead = {0x7001, 0, // PUSH 0,GR1
+                                          0x7002, 0, // PUSH 0,GR2
+                                          0x1210};   // LAD  GR1,operand 1
+constexpr int LadGR2 = 0x1220;                       // LAD  GR2,operand 2
+constexpr int Svc = 0xF000;                          // SVC  1 or 2
+constexpr int SvcIn = 1;
+constexpr int SvcOut = 2;
+constexpr std::array<int, 2> InOutTail = {0x7120, 0x7110}; // POP GR2, POP GR1
+
+// PUSH 0,GR1 to PUSH 0,GR7.
+constexpr std::array<int, RpushWords> RpushTable = {0x7001, 0,      0x7002, 0,      0x7003, 0,      0x7004,
+                                                    0,      0x7005, 0,      0x7006, 0,      0x7007, 0};
+// POP GR7 to POP GR1.
+constexpr std::array<int, RpopWords> RpopTable = {0x7170, 0x7160, 0x7150, 0x7140, 0x7130, 0x7120, 0x7110};
+
+template <class Ch> void AddWord(SrcData<Ch>& src, int line, int value) {
+    src.vecWord.push_back({.Value = value, .Line = line});
+}
+
+template <class Ch> void CutLastBlank(Text<Ch>& text) {
+    if (!text.empty() && IsBlank(text.back())) text.pop_back();
+}
+
+// "#", a sign and a digit, or the beginning of a literal.
+template <class Ch> bool BeginsLikeSignOrLiteral(const Text<Ch>& s) {
+    const Ch first = At(s, 0);
+    const Ch second = At(s, 1);
+    if (first == Ch('#')) return true;
+    if (IsSign(first)) return IsDigit(second);
+    if (first != Ch('=')) return false;
+    if (second == Ch('#') || second == Ch('\'') || IsDigit(second)) return true;
+    return IsSign(second) && IsDigit(At(s, 2));
+}
+
+// Why the label of operand n was not found. MacroIN has told of a register name and of an operand that is not there.
+template <class Ch> void ReportUndefined(int line, int n) {
+    const Text<Ch>& s = Oprnd<Ch>(line, n);
+    if (s.empty() || IsRegisterWordOrComma(s)) return;
+    if (!IsUpper(s.front()))
+        cs->Error(line, MacroMsg.NoAddressConstant, {s});
+    else
+        cs->Error(line, n == 1 ? MacroMsg.Undefined1 : MacroMsg.Undefined2, {s});
+}
+
+// Adds the address of the label that operand n names. False, with an Error where none has been told, if there is none.
+template <class Ch> bool AddLabelAddress(int line, int n) {
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    const Text<Ch>& label = Oprnd<Ch>(line, n);
+    const int target = label.empty() ? -1 : FindLabelLine<Ch>(src.PrgNr, label);
+    if (target < 0) {
+        ReportUndefined<Ch>(line, n);
+        return false;
+    }
+    LineAt<Ch>(target).fLabelInUse = true;
+    AddWord(src, line, LineAt<Ch>(target).AbAdr);
+    return true;
+}
+
+template <class Ch> void BuildAt(int line, std::span<const int> values, int& rel, int& abs) {
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    src.RlAdr = rel;
+    src.AbAdr = abs;
+    src.word_kazu = static_cast<std::int32_t>(values.size());
+    src.oprnd_kazu = 0;
+    src.vecWord.clear();
+    for (const int value : values)
+        src.vecWord.push_back({.Value = value, .RlAdr = rel++, .AbAdr = abs++, .Line = line});
+}
+
+} // namespace
+
+template <class Ch> int macro2(int line) {
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    src.word_kazu = InOutWords;
+    if (!Is(src.strOp, "IN") && !Is(src.strOp, "OUT")) {
+        cs->Error(line, MacroMsg.NoInOut, {src.strOp});
+        return 1;
+    }
+    Text<Ch>& first = src.chOprnd[1];
+    if (EndsInComma(first)) {
+        first = WithoutComma(first);
+        CutLastBlank(first);
+    } else {
+        cs->Error(line, MacroMsg.NoComma);
+    }
+    Text<Ch>& second = src.chOprnd[2];
+    if (EndsInComma(second)) {
+        second = WithoutComma(second);
+        cs->Warning(line, MacroMsg.CommaBehindOperand2);
+    }
+    if (!second.empty() && IsBlank(second.back())) {
+        CutLastBlank(second);
+        src.chOprnd[3].clear();
+    }
+    return 0;
+}
+
+template <class Ch> int macroR2(int line) {
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    const bool push = Is(src.strOp, "RPUSH");
+    if (!push && !Is(src.strOp, "RPOP")) {
+        cs->Error(line, MacroMsg.NoRpushRpop, {src.strOp});
+        return 1;
+    }
+    src.word_kazu = push ? RpushWords : RpopWords;
+    if (OpNoOperand(line, src.chOprnd[1]) >= 1) return 0;
+    for (std::size_t i = 1; i <= 3; ++i)
+        src.chOprnd[i].clear();
+    src.oprnd_kazu = 0;
+    return 0;
+}
+
+template <class Ch> int MacroIN(int line, int n) {
+    const Text<Ch>& op = LineAt<Ch>(line).strOp;
+    const Text<Ch>& s = Oprnd<Ch>(line, n);
+    if (s.empty()) {
+        if (cs->ErrorKazu == 0) cs->Error(line, MacroMsg.NoOperand, {op});
+        return 1;
+    }
+    if (IsDigit(s.front())) {
+        cs->Error(line, MacroMsg.Digit);
+        return 1;
+    }
+    if (BeginsLikeSignOrLiteral(s)) {
+        cs->Error(line, MacroMsg.SignOrLiteral);
+        return 1;
+    }
+    if (!IsUpper(s.front())) return 0; // left for InOut1 to report
+
+    if (CkMozi(s) > 0) cs->Error(line, MacroMsg.BadCharacter, {s});
+    if (s.size() > static_cast<std::size_t>(cs->LabelMax)) {
+        cs->Error(line, MacroMsg.TooLong, {s, s.size()});
+        return 1;
+    }
+    if (IsRegisterWordOrComma(s)) {
+        cs->Error(line, MacroMsg.ReservedWord, {op});
+        return 1;
+    }
+    return 0;
+}
+
+template <class Ch> int InOut1(int line) {
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    src.vecWord.clear();
+    for (const int value : InOutHead)
+        AddWord(src, line, value);
+    if (!AddLabelAddress<Ch>(line, 1)) return 1;
+    AddWord(src, line, LadGR2);
+    if (!AddLabelAddress<Ch>(line, 2)) return 1;
+    AddWord(src, line, Svc);
+    if (!Is(src.strOp, "IN") && !Is(src.strOp, "OUT")) {
+        cs->Error(line, MacroMsg.InOutBroken);
+        return 1;
+    }
+    AddWord(src, line, Is(src.strOp, "IN") ? SvcIn : SvcOut);
+    for (const int value : InOutTail)
+        AddWord(src, line, value);
+    return 0;
+}
+
+template <class Ch> void MacroRPUSH(int line, int& rel, int& abs) {
+    BuildAt<Ch>(line, RpushTable, rel, abs);
+}
+template <class Ch> void MacroRPOP(int line, int& rel, int& abs) {
+    BuildAt<Ch>(line, RpopTable, rel, abs);
+}
+
+template int macro2<char16_t>(int);
+template int macro2<char>(int);
+template int macroR2<char16_t>(int);
+template int macroR2<char>(int);
+template int MacroIN<char16_t>(int, int);
+template int MacroIN<char>(int, int);
+template int InOut1<char16_t>(int);
+template int InOut1<char>(int);
+template void MacroRPUSH<char16_t>(int, int&, int&);
+template void MacroRPUSH<char>(int, int&, int&);
+template void MacroRPOP<char16_t>(int, int&, int&);
+template void MacroRPOP<char>(int, int&, int&);
+
+} // namespace tolvane

@@ -1,0 +1,118 @@
+#include "operands/Numbers.h"
+
+#include "operands/NumberMsgs.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace tolvane {
+
+namespace {
+
+constexpr std::int64_t CellMin = std::numeric_limits<std::int32_t>::min();
+constexpr std::int64_t CellMax = std::numeric_limits<std::int32_t>::max();
+constexpr std::size_t HexDigits = 4;
+
+template <class Ch> int HexDigitValue(Ch c) {
+    return IsDigit(c) ? c - Ch('0') : c - Ch('A') + 10;
+}
+
+} // namespace
+
+template <class Ch> int ReadDecimal(const Text<Ch>& text, std::size_t& end) {
+    const bool negative = At(text, 0) == Ch('-');
+    const std::size_t first = IsSign(At(text, 0)) ? 1 : 0;
+    std::size_t i = first;
+    std::int64_t value = 0;
+    for (; IsDigit(At(text, i)); ++i)
+        value = std::min(value * 10 + (text[i] - Ch('0')), -CellMin);
+    end = i == first ? 0 : i;
+    return static_cast<int>(std::clamp(negative ? -value : value, CellMin, CellMax));
+}
+
+template <class Ch> int CkDecConstG(const Text<Ch>& text, int line, int k) {
+    const Ch first = At(text, 0);
+    if (!IsSign(first) && !IsDigit(first)) {
+        cs->Error(line, NumberMsg.DecBadCall, {text.substr(0, 1)});
+        return -1;
+    }
+    if (std::all_of(text.begin() + 1, text.end(), IsDigit<Ch>)) return 0;
+    cs->Error({line, k}, NumberMsg.NonNumeral, {text});
+    return -1;
+}
+
+template <class Ch> int DecStrToIntG(const Text<Ch>& text, int line, int k) {
+    std::size_t end = 0;
+    const int value = ReadDecimal(text, end);
+    if (value < WordMin || WordMax < value) cs->Warning({line, k}, NumberMsg.DecOutOfRange, {value});
+    return value;
+}
+
+template <class Ch> int CkHexConstG(const Text<Ch>& text, int line, int k) {
+    if (At(text, 0) != Ch('#')) {
+        cs->Error(line, NumberMsg.HexBadCall, {text.substr(0, 1)});
+        return -1;
+    }
+    const Place place{line, k};
+    const std::size_t n = text.size() - 1;
+    if (!std::all_of(text.begin() + 1, text.end(), IsHexDigit<Ch>)) {
+        cs->Error(place, NumberMsg.HexBadDigit, {text});
+        return -1;
+    }
+    if (n > HexDigits) {
+        cs->Error(place, NumberMsg.HexTooLong, {text, n});
+        return -2;
+    }
+    if (n == 0) {
+        cs->Error(place, NumberMsg.HexEmpty);
+        return -3;
+    }
+    if (n < HexDigits) {
+        cs->Error(place, n == 1 ? NumberMsg.HexOneDigit : NumberMsg.HexTooShort, {text, n});
+        return -4;
+    }
+    return 0;
+}
+
+template <class Ch> int HexStrToIntG(const Text<Ch>& text, int line, int k) {
+    if (text.size() < 2) return 0;
+    std::int64_t value = 0;
+    std::size_t i = 1;
+    for (; IsHexDigit(At(text, i)); ++i)
+        value = std::min(value * 16 + HexDigitValue(text[i]), CellMax);
+    if (i < text.size()) cs->Error({line, k}, NumberMsg.HexNotRead);
+    return static_cast<int>(value);
+}
+
+template <class Ch> std::size_t FindClosingApost(const Text<Ch>& text, std::size_t open) {
+    for (std::size_t i = open + 1; i < text.size(); ++i) {
+        if (text[i] != Ch('\'')) continue;
+        if (At(text, i + 1) != Ch('\'')) return i;
+        ++i;
+    }
+    return npos;
+}
+
+template <class Ch> int CountWordKazuAtCharConst(const Text<Ch>& text) {
+    if (At(text, 0) != Ch('\'')) return 0;
+    int count = 0;
+    ForEachMozi(text, 0, [&count](int) { ++count; });
+    return count;
+}
+
+template int ReadDecimal(const TextW&, std::size_t&);
+template int ReadDecimal(const TextA&, std::size_t&);
+template int CkDecConstG(const TextW&, int, int);
+template int CkDecConstG(const TextA&, int, int);
+template int DecStrToIntG(const TextW&, int, int);
+template int DecStrToIntG(const TextA&, int, int);
+template int CkHexConstG(const TextW&, int, int);
+template int CkHexConstG(const TextA&, int, int);
+template int HexStrToIntG(const TextW&, int, int);
+template int HexStrToIntG(const TextA&, int, int);
+template std::size_t FindClosingApost(const TextW&, std::size_t);
+template std::size_t FindClosingApost(const TextA&, std::size_t);
+template int CountWordKazuAtCharConst(const TextW&);
+template int CountWordKazuAtCharConst(const TextA&);
+
+} // namespace tolvane

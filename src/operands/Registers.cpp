@@ -1,0 +1,265 @@
+#include "operands/Registers.h"
+
+#include "lines/Labels.h"
+#include "lines/ZenKaku.h"
+#include "operands/Extraction.h"
+#include "operands/RegisterMsgs.h"
+#include "records/Lines.h"
+
+#include <string_view>
+
+namespace tolvane {
+
+namespace {
+
+template <class Ch> bool BeginsWithGRn(const Text<Ch>& text, char last) {
+    return BeginsWith(text, "GR") && Ch('0') <= At(text, 2) && At(text, 2) <= Ch(last);
+}
+
+template <class Ch> bool EndsAfterName(const Text<Ch>& text) {
+    return At(text, 3) == Ch(0) || IsBlank(At(text, 3));
+}
+
+template <class Ch> bool BeginsWithGR89(const Text<Ch>& text) {
+    return BeginsWith(text, "GR8") || BeginsWith(text, "GR9");
+}
+
+const Msg& NthOperandExpected(int n) {
+    if (n == 1) return RegisterMsg.FirstOperandExpected;
+    return n == 2 ? RegisterMsg.SecondOperandExpected : RegisterMsg.AnotherOperandExpected;
+}
+
+} // namespace
+
+template <class Ch> bool BeginsWithRegister(const Text<Ch>& text) {
+    return BeginsWithGRn(text, '7');
+}
+
+template <class Ch> bool IsRegister(const Text<Ch>& text) {
+    return text.size() == 3 && BeginsWithRegister(text);
+}
+
+template <class Ch> bool IsRegisterWord(const Text<Ch>& text) {
+    return IsRegisterWordUpTo(text, '7');
+}
+
+template <class Ch> bool IsRegisterWordOrComma(const Text<Ch>& text) {
+    return BeginsWithRegister(text) && (EndsAfterName(text) || At(text, 3) == Ch(','));
+}
+
+template <class Ch> bool IsRegisterWordUpTo(const Text<Ch>& text, char last) {
+    return BeginsWithGRn(text, last) && EndsAfterName(text);
+}
+
+template <class Ch> int RegisterDigit(const Text<Ch>& text) {
+    return At(text, 2) - Ch('0');
+}
+
+template <class Ch> int CkOpTypeOprndOne(int line, const char* op) {
+    const Text<Ch>& s = Oprnd<Ch>(line, 1);
+    if (s.empty()) cs->Error(line, RegisterMsg.NoRegister, {op});
+    if (BeginsWithRegister(s) && GRxComma<Ch>(line)) {
+        if (IsRegister(s)) cs->Error(line, RegisterMsg.NothingBehindRegister, {op});
+        return cs->ErrorKazu;
+    }
+    cs->Error(line, RegisterMsg.NoExactRegister, {s, op});
+    AnalystZenKSpace20(s, line);
+    AnalystRegMozi(s, line);
+    return cs->ErrorKazu;
+}
+
+template <class Ch> int CkOpTypeOprndOneAdr(int line, const char* op, const Msg& name, const Msg& missing) {
+    const Text<Ch>& s = Oprnd<Ch>(line, 1);
+    if (BeginsWithRegister(s) && GRxLabelAll<Ch>(line, op))
+        cs->Error(line, RegisterMsg.RegisterAsFirstOperand, {op});
+    else if (s.empty())
+        cs->Error(line, missing, {Utf8Arg{cs->TextOf(name)}, op});
+    return cs->ErrorKazu;
+}
+
+template <class Ch> int CkOpTypeOprndOnePop(int line, const char* op) {
+    const Text<Ch>& s = Oprnd<Ch>(line, 1);
+    if (s.empty()) {
+        cs->Error(line, RegisterMsg.NoPopRegister, {op});
+        return cs->ErrorKazu;
+    }
+    if (BeginsWithRegister(s) && GRxLabelAll<Ch>(line, op)) return cs->ErrorKazu;
+    cs->Error(line, RegisterMsg.NoExactPopRegister, {s, op});
+    AnalystRegMozi(s, line);
+    return cs->ErrorKazu;
+}
+
+template <class Ch> bool GRxComma(int line) {
+    const Text<Ch>& s = Oprnd<Ch>(line, 1);
+    const Text<Ch> name = WithoutComma(s);
+    if (!IsRegister(name)) return false;
+    if (!EndsInComma(s)) cs->Error(line, RegisterMsg.NoCommaBehindRegister, {name});
+    return true;
+}
+
+template <class Ch> bool GRxLabelAll(int line, const char* op) {
+    const Text<Ch>& s = Oprnd<Ch>(line, 1);
+    const Text<Ch> name = WithoutComma(s);
+    if (!IsRegister(name)) return false;
+    if (std::string_view(op) != "POP")
+        cs->Error(line, RegisterMsg.RegisterInsteadOfAddress, {op});
+    else if (EndsInComma(s))
+        cs->Warning(line, RegisterMsg.CommaBehindPopRegister, {name});
+    return true;
+}
+
+template <class Ch> int AnalystRegMozi(const Text<Ch>& text, int line) {
+    int faults = 0;
+    if (BeginsWithGR89(text)) {
+        cs->Explain(Severity::Error, line, RegisterMsg.NoSuchRegister);
+        ++faults;
+    }
+    if (IsDigit(At(text, 0))) {
+        cs->Error(line, RegisterMsg.RegisterFirstDigit, {text});
+        ++faults;
+    }
+    if (CkSmallMozi(text) > 0) {
+        cs->Error(line, RegisterMsg.RegisterSmallLetter, {text});
+        ++faults;
+    }
+    return faults;
+}
+
+template <class Ch> int r2(int line) {
+    const Text<Ch> s = Oprnd<Ch>(line, 2);
+    if (IsRegister(s)) {
+        Oprnd<Ch>(line, 4).clear(); // what stands behind a blank is a comment
+        return 0;
+    }
+    if (!IsRegister(WithoutComma(s))) {
+        cs->Error(line, RegisterMsg.BadRegister2, {s});
+        AnalystZenKSpace20(s, line);
+        return 1;
+    }
+    if (Oprnd<Ch>(line, 3).empty()) {
+        cs->Warning(line, RegisterMsg.CommaBehindRegister2);
+        return 0;
+    }
+    Oprnd<Ch>(line, 2) = WithoutComma(s);
+    Oprnd<Ch>(line, 3).clear();
+    cs->Warning(line, RegisterMsg.TextBehindRegister2);
+    return 0;
+}
+
+template <class Ch> int CkAdrOperand(int line, int n) {
+    Text<Ch>& s = Oprnd<Ch>(line, n);
+    if (Is(TrimLeftBlank(s), ",")) {
+        cs->Error(line, RegisterMsg.LoneComma);
+        return 0;
+    }
+    if (s.empty()) {
+        cs->Error(line, NthOperandExpected(n), {n});
+        return 0;
+    }
+    GetCommaAriFlagForNextOprnd<Ch>(line, n);
+    const bool comma = EndsInComma(s);
+    const Text<Ch>& next = Oprnd<Ch>(line, n + 1);
+    if (!comma && !next.empty()) {
+        cs->Error(line, RegisterMsg.NoCommaBehindAddress, {next, s});
+        return 1;
+    }
+    if (comma && next.empty()) cs->Warning(line, RegisterMsg.CommaBehindAddress, {n});
+    s = WithoutComma(s);
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    src.oprnd_kazu = next.empty() ? 2 : 3;
+    src.word_kazu = 2;
+    src.second_word = 0;
+    return 2;
+}
+
+template <class Ch> int RegX(int line, int n) {
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    Text<Ch>& s = Oprnd<Ch>(line, n);
+    Text<Ch>& next = Oprnd<Ch>(line, n + 1);
+    const bool comma = CommaNextOprnd3("RegX");
+    if (comma && s.empty()) {
+        cs->Error(line, RegisterMsg.NoIndexBehindComma, {Oprnd<Ch>(line, n - 1)});
+        return 1;
+    }
+    if (!comma && !next.empty()) {
+        cs->Error(line, RegisterMsg.NoCommaBeforeIndex, {s});
+        return 1;
+    }
+    if (s.empty()) {
+        src.oprnd_kazu = 2;
+        src.word_kazu = 2;
+        return 0;
+    }
+    if (!IsRegisterWordOrComma(s)) {
+        cs->Error(line, RegisterMsg.NoExactIndex, {s});
+        if (cs->Pipe->regXDoubleComma && s.front() == Ch(',')) cs->Error(line, RegisterMsg.DoubleComma, {s});
+        AnalystZenKSpace20(s, line);
+        AnalystIndexReg<Ch>(line, n);
+        return 1;
+    }
+    const int digit = RegisterDigit(s);
+    if (digit == 0) {
+        cs->Error(line, RegisterMsg.IndexGR0);
+        s.resize(3);
+        return 1;
+    }
+    if (At(s, 3) == Ch(',')) cs->Warning(line, RegisterMsg.CommaBehindIndex);
+    s.resize(3);
+    next.clear();
+    src.oprnd_kazu = n;
+    src.first_word |= digit;
+    src.word_kazu = 2;
+    return 0;
+}
+
+template <class Ch> int AnalystIndexReg(int line, int n) {
+    const Text<Ch>& s = Oprnd<Ch>(line, n);
+    const auto before = cs->ErrorKazu;
+    if (Is(s, "GR0")) cs->Error(line, RegisterMsg.IndexIsGR0);
+    if (s.size() == 3 && BeginsWithGR89(s)) cs->Error(line, RegisterMsg.IndexIsGR89);
+    if (IsDigit(At(s, 0))) cs->Error(line, RegisterMsg.IndexFirstDigit, {s});
+    if (CkSmallMozi(s) > 0) cs->Error(line, RegisterMsg.IndexSmallLetter, {s});
+    return cs->ErrorKazu - before;
+}
+
+template <class Ch> void AnalystGR89(int line) {
+    const Text<Ch>& s = Oprnd<Ch>(line, 2);
+    if (s.size() == 3 && BeginsWithGR89(s)) cs->Warning(line, RegisterMsg.GR89AsLabel, {s});
+}
+
+template bool IsRegister(const TextW&);
+template bool IsRegister(const TextA&);
+template bool BeginsWithRegister(const TextW&);
+template bool BeginsWithRegister(const TextA&);
+template bool IsRegisterWord(const TextW&);
+template bool IsRegisterWord(const TextA&);
+template bool IsRegisterWordOrComma(const TextW&);
+template bool IsRegisterWordOrComma(const TextA&);
+template bool IsRegisterWordUpTo(const TextW&, char);
+template bool IsRegisterWordUpTo(const TextA&, char);
+template int RegisterDigit(const TextW&);
+template int RegisterDigit(const TextA&);
+template int CkOpTypeOprndOne<char16_t>(int, const char*);
+template int CkOpTypeOprndOne<char>(int, const char*);
+template int CkOpTypeOprndOneAdr<char16_t>(int, const char*, const Msg&, const Msg&);
+template int CkOpTypeOprndOneAdr<char>(int, const char*, const Msg&, const Msg&);
+template int CkOpTypeOprndOnePop<char16_t>(int, const char*);
+template int CkOpTypeOprndOnePop<char>(int, const char*);
+template bool GRxComma<char16_t>(int);
+template bool GRxComma<char>(int);
+template bool GRxLabelAll<char16_t>(int, const char*);
+template bool GRxLabelAll<char>(int, const char*);
+template int r2<char16_t>(int);
+template int r2<char>(int);
+template int CkAdrOperand<char16_t>(int, int);
+template int CkAdrOperand<char>(int, int);
+template int RegX<char16_t>(int, int);
+template int RegX<char>(int, int);
+template int AnalystRegMozi(const TextW&, int);
+template int AnalystRegMozi(const TextA&, int);
+template int AnalystIndexReg<char16_t>(int, int);
+template int AnalystIndexReg<char>(int, int);
+template void AnalystGR89<char16_t>(int);
+template void AnalystGR89<char>(int);
+
+} // namespace tolvane

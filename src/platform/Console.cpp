@@ -1,0 +1,254 @@
+#include "platform/Console.h"
+
+#include "text/Convert.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <limits>
+#include <poll.h>
+#include <unistd.h>
+
+namespace tolvane::console {
+
+namespace {
+
+enum class Code { Utf8, ShiftJis, EucJp };
+
+constexpr std::size_t LargeOutput = 64 * 1024;
+constexpr std::size_t InputBlock = 64 * 1024;
+
+// The value of the user's environment that names the console's character code, as the C library would choose it.
+std::string_view LocaleName() {
+    for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        const char* value = std::getenv(variable);
+        if (value != nullptr && *value != '\0') return value;
+    }
+    return {};
+}
+
+// The code set of a locale's name, "ja_JP.eucJP@modifier", in small letters and digits alone.
+std::string CodeSetOf(std::string_view locale) {
+    const std::size_t dot = locale.find('.');
+    if (dot == std::string_view::npos) return {};
+    std::string name;
+    for (char c : locale.substr(dot + 1)) {
+        if (c == '@') break;
+        if ('A' <= c && c <= 'Z') name += static_cast<char>(c - 'A' + 'a');
+        if (('a' <= c && c <= 'z') || ('0' <= c && c <= '9')) name += c;
+    }
+    return name;
+}
+
+Code FindCode() {
+    const std::string name = CodeSetOf(LocaleName());
+    for (const char* sjis : {"shiftjis", "sjis", "cp932", "ms932", "windows31j"})
+        if (name == sjis) return Code::ShiftJis;
+    for (const char* euc : {"eucjp", "ujis"})
+        if (name == euc) return Code::EucJp;
+    return Code::Utf8;
+}
+
+Code ConsoleCode() {
+    static const Code code = FindCode();
+    return code;
+}
+
+void WaitFor(int file, short event) {
+    pollfd waiting{file, event, 0};
+    poll(&waiting, 1, -1);
+}
+
+// Writes all bytes as long as that is possible. Nobody can be told of a failed output, so its bytes are dropped; a
+// reader that has gone ends the program.
+void WriteOut(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(STDOUT_FILENO, bytes.data(), bytes.size());
+        if (written > 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        } else if (written < 0 && errno == EAGAIN) {
+            WaitFor(STDOUT_FILENO, POLLOUT);
+        } else if (written < 0 && errno == EPIPE) {
+            std::_Exit(EXIT_SUCCESS);
+        } else if (written == 0 || errno != EINTR) {
+            return;
+        }
+    }
+}
+
+class Output {
+public:
+    Output() { std::signal(SIGPIPE, SIG_IGN); }
+    ~Output() { Flush(); }
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+
+    void Append(std::string_view bytes) {
+        pending += bytes;
+        if (pending.size() >= LargeOutput) Flush();
+    }
+    void Flush() {
+        WriteOut(pending);
+        pending.clear();
+    }
+
+private:
+    std::string pending;
+};
+
+Output& TheOutput() {
+    static Output output;
+    return output;
+}
+
+// The bytes of the standard input one after the other. Its end is no lasting state: a terminal can go on behind it.
+class Input {
+public:
+    std::size_t validLength = 0;
+
+    // The next byte, -1 at the end of the input.
+    int Next() {
+        if (position == filled && !Fill()) return -1;
+        return static_cast<unsigned char>(block[position++]);
+    }
+
+private:
+    bool Fill() {
+        for (;;) {
+            const ssize_t got = read(STDIN_FILENO, block.data(), block.size());
+            if (got < 0 && errno == EINTR) continue;
+            if (got < 0 && errno == EAGAIN) {
+                WaitFor(STDIN_FILENO, POLLIN);
+                continue;
+            }
+            position = 0;
+            filled = got > 0 ? static_cast<std::size_t>(got) : 0;
+            return got > 0;
+        }
+    }
+
+    std::array<char, InputBlock> block;
+    std::size_t position = 0;
+    std::size_t filled = 0;
+};
+
+Input& TheInput() {
+    static Input input;
+    return input;
+}
+
+// Bytes of the character of the console's code that begins at i; 1 for a byte that begins none.
+std::size_t CharBytes(std::string_view line, std::size_t i) {
+    switch (ConsoleCode()) {
+    case Code::ShiftJis:
+        return IsLeadByte932(static_cast<unsigned char>(line[i])) && i + 1 < line.size() ? 2 : 1;
+    case Code::EucJp:
+        return EucLength(line, i);
+    case Code::Utf8:
+        break;
+    }
+    return std::max<std::size_t>(1, Utf8Length(line, i));
+}
+
+std::string_view FirstChars(std::string_view line, std::size_t limit) {
+    std::size_t end = 0;
+    for (std::size_t n = 0; n < limit && end < line.size(); ++n)
+        end += CharBytes(line, end);
+    return line.substr(0, end);
+}
+
+// The bytes of one line, at most `most` of them; nothing at the end of the input.
+std::optional<std::string> ReadBytes(std::size_t most) {
+    std::string line;
+    bool whole = true;
+    int c = TheInput().Next();
+    if (c < 0) return std::nullopt;
+    for (; c >= 0 && c != '\n'; c = TheInput().Next()) {
+        if (line.size() < most)
+            line += static_cast<char>(c);
+        else
+            whole = false;
+    }
+    if (whole && !line.empty() && line.back() == '\r') line.pop_back();
+    return line;
+}
+
+// A line in the console's code as UTF-8. Bytes of UTF-8 stay as they are in any case, because they may be the name of a
+// file.
+std::string Decoded(std::string_view line) {
+    switch (ConsoleCode()) {
+    case Code::ShiftJis:
+        return Utf8From932(line);
+    case Code::EucJp:
+        return Utf8From932(EucTo932(line));
+    case Code::Utf8:
+        break;
+    }
+    return std::string(line);
+}
+
+bool IsValidChar(std::string_view bytes) {
+    switch (ConsoleCode()) {
+    case Code::ShiftJis:
+        return IsValid932(bytes);
+    case Code::EucJp:
+        return bytes == "?" || EucTo932(bytes) != "?"; // a character without a place becomes one
+    case Code::Utf8:
+        break;
+    }
+    return Utf8Length(bytes, 0) > 0;
+}
+
+// The characters in front of the first bytes that are none.
+std::string_view ValidPart(std::string_view line) {
+    std::size_t end = 0;
+    while (end < line.size()) {
+        const std::size_t length = CharBytes(line, end);
+        if (!IsValidChar(line.substr(end, length))) break;
+        end += length;
+    }
+    return line.substr(0, end);
+}
+
+std::string Encoded(std::string_view utf8) {
+    const std::string bytes = Narrow932(WideUtf8Lossy(utf8));
+    return ConsoleCode() == Code::EucJp ? EucFrom932(bytes) : bytes;
+}
+
+} // namespace
+
+void Write(std::string_view utf8) {
+    if (ConsoleCode() == Code::Utf8)
+        TheOutput().Append(utf8);
+    else
+        TheOutput().Append(Encoded(utf8));
+}
+
+void Flush() {
+    TheOutput().Flush();
+}
+
+std::optional<std::string> ReadLine(std::size_t limit) {
+    constexpr std::size_t longestChar = 4;
+    constexpr std::size_t lineEnd = 1; // a CR that belongs to it
+    Flush();
+    TheInput().validLength = 0;
+    const std::size_t counted = std::min(limit, std::numeric_limits<std::size_t>::max() / (2 * longestChar));
+    const std::optional<std::string> bytes = ReadBytes(counted * longestChar + lineEnd);
+    if (!bytes) return std::nullopt;
+    const std::string_view line = FirstChars(*bytes, counted);
+    TheInput().validLength = Decoded(ValidPart(line)).size();
+    return Decoded(line);
+}
+
+std::size_t LastLineValidLength() {
+    return TheInput().validLength;
+}
+
+bool IsTerminal() {
+    return isatty(STDOUT_FILENO) == 1;
+}
+
+} // namespace tolvane::console

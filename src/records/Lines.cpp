@@ -1,0 +1,28 @@
+#include "records/Lines.h"
+
+namespace tolvane {
+
+template <class Ch> std::size_t FindMozi(const Text<Ch>& text, const Text<Ch>& pattern, std::size_t from) {
+    if constexpr (IsWide<Ch>) return text.find(pattern, from);
+    for (std::size_t i = from; i + pattern.size() <= text.size(); i += CharLength(text, i))
+        if (text.compare(i, pattern.size(), pattern) == 0) return i;
+    return npos;
+}
+
+template <class Ch> bool HoldsWord(const Text<Ch>& text, std::string_view word, WordRule rule) {
+    const Text<Ch> pattern = Lit<Ch>(word);
+    for (std::size_t at = FindMozi(text, pattern); at != npos; at = FindMozi(text, pattern, at + 1)) {
+        const std::size_t behind = at + pattern.size();
+        const bool goodBefore = !rule.blankBefore || (at > 0 && IsBlank(text[at - 1]));
+        const bool goodBehind = !rule.blankOrEndBehind || behind == text.size() || IsBlank(text[behind]);
+        if (goodBefore && goodBehind) return true;
+    }
+    return false;
+}
+
+template std::size_t FindMozi(const TextW&, const TextW&, std::size_t);
+template std::size_t FindMozi(const TextA&, const TextA&, std::size_t);
+template bool HoldsWord(const TextW&, std::string_view, WordRule);
+template bool HoldsWord(const TextA&, std::string_view, WordRule);
+
+} // namespace tolvane

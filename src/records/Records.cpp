@@ -1,0 +1,83 @@
+#include "records/Records.h"
+
+#include "records/RecordsMsgs.h"
+#include "records/TLabelSpace.h"
+
+#include <algorithm>
+
+namespace tolvane {
+
+namespace {
+
+bool HasLabel(const SrcDataA& src) {
+    return IsUpper(At(src.strLabel, 0));
+}
+
+} // namespace
+
+void TBasicData::SetPrgKazuInFile(int kazu) {
+    if (kazu < 0) {
+        Say(RecordsMsg.NegativePrgKazu, {kazu});
+        return;
+    }
+    prgKazuInFile = kazu;
+}
+
+void TBasicData::SetTextEdIndex(int index) {
+    if (index < 0 || 2 < index) {
+        Say(RecordsMsg.EditorIndexOutOfRange);
+        index = 0;
+    }
+    TextEditorIndex = index;
+}
+
+void TBasicData::Reset() {
+    vecSrcA.clear();
+    vecSrcW.clear();
+    vecPrgA.clear();
+    vecPrgW.clear();
+    StartLines.fill(0);
+    EndLines.fill(0);
+    prgKazuInFile = 0;
+    SrcFilePath.clear();
+}
+
+void TCorrectScode::CountLabels() {
+    LabelKazuInFile = static_cast<std::int32_t>(std::count_if(b->vecSrcA.begin(), b->vecSrcA.end(), HasLabel));
+}
+
+void TCorrectScode::Reset() {
+    CommaAriFlag = 0;
+    NextOprndAriFlag = 0;
+    DcLineKazu = DsLineKazu = 0;
+    max_rl_memory_d = max_rl_memory_l = 0;
+    LabelKazuInFile = 0;
+}
+
+void TPO::Reset() {
+    StartLine = 0;
+    EndLine = 0;
+    PrgKazu = 0;
+}
+
+int TLabelSpace::CopyLabel() {
+    constexpr std::size_t longest = 14;
+    Rows.clear();
+    Rows.reserve(static_cast<std::size_t>(cs->LabelKazuInFile));
+    int line = 0;
+    for (const SrcDataA& src : b->vecSrcA) {
+        if (HasLabel(src)) Rows.push_back({src.strLabel.substr(0, longest), line, src.fLabelInUse, src.AbAdr});
+        ++line;
+    }
+    const auto kazu = static_cast<std::int32_t>(Rows.size());
+    if (kazu != cs->LabelKazuInFile) cs->Say(RecordsMsg.LabelKazuDiffer, {kazu, cs->LabelKazuInFile});
+    LabelKazuInFile = kazu;
+    return 0;
+}
+
+void TLabelSpace::Free() {
+    Rows.clear();
+    LabelKazuInFile = 0;
+}
+
+} // namespace tolvane

@@ -1,0 +1,322 @@
+// The dump: head, registers, memory rows, stack rows. Two forms of the memory table, by pipeline:
+//
+//   DspRegMry70   #0000:    0:  LABEL: 'c':#0000:    0:    +0: 0000 0000 0000 0000: 0:LABEL LD GR1, A
+//   DspRegMry68   the label stands in the place of the decimal address, and no column is wide for labels
+//
+// Widths count characters of the record's own kind of text: units of wide text, bytes of narrow text.
+
+#include "reports/Dump.h"
+
+#include "platform/Console.h"
+#include "platform/Files.h"
+#include "records/Records.h"
+#include "records/TLabelSpace.h"
+#include "reports/ReportsMsgs.h"
+#include "text/Convert.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string_view>
+#include <vector>
+
+namespace tolvane {
+
+namespace {
+
+constexpr int RowsBehindImage = 10;
+constexpr const char* CellHead = " Char  Hex    UD     SD       Binary Code\n";
+constexpr std::size_t LongLabel68 = 12; // from here on the columns of DspRegMry68 widen
+
+std::string Rule(int pairs) {
+    std::string rule = "//--";
+    while (pairs-- > 0)
+        rule += "--";
+    return rule + "\n";
+}
+
+// Shift_JIS text and the number of characters that a column takes it for.
+struct Label {
+    std::string bytes;
+    std::size_t length = 0;
+};
+
+std::string Bytes(const TextW& text) {
+    return Narrow932(text);
+}
+const std::string& Bytes(const TextA& text) {
+    return text;
+}
+
+void Pad(std::string& out, std::size_t width, std::size_t length) {
+    if (length < width) out.append(width - length, ' ');
+}
+
+void Right(std::string& out, std::string_view text, std::size_t width) {
+    Pad(out, width, text.size());
+    out += text;
+}
+
+void Right(std::string& out, const Label& label, std::size_t width) {
+    Pad(out, width, label.length);
+    out += label.bytes;
+}
+
+void Right(std::string& out, int number, std::size_t width) {
+    Right(out, std::to_string(number), width);
+}
+
+void Left(std::string& out, std::string_view text, std::size_t length, std::size_t width) {
+    out += text;
+    Pad(out, width, length);
+}
+
+void Hex4(std::string& out, int word) {
+    for (int shift = 12; shift >= 0; shift -= 4)
+        out += "0123456789ABCDEF"[(word >> shift) & 0xF];
+}
+
+// The picture of one word: character, hexadecimal, unsigned, signed, binary.
+void DspWordCell(std::string& out, int cell) {
+    const int w = cell & 0xFFFF;
+    out += ' ';
+    if (32 <= w && w <= 126) {
+        const char quoted[] = {'\'', static_cast<char>(w), '\''};
+        out.append(quoted, sizeof quoted);
+    } else {
+        out += "   ";
+    }
+    out += ":#";
+    Hex4(out, w);
+    out += ':';
+    Right(out, w, 5);
+    out += ':';
+    const int value = static_cast<std::int16_t>(w);
+    const std::string digits = std::to_string(value);
+    Right(out, value < 0 ? digits : std::string("+").append(digits), 6);
+    out += ':';
+    for (int bit = 15; bit >= 0; --bit) {
+        if (bit % 4 == 3) out += ' ';
+        out += ((w >> bit) & 1) != 0 ? '1' : '0';
+    }
+    out += ':';
+}
+
+// One dump over the records of one kind of text.
+template <class Ch> class Dumper {
+public:
+    Dumper(const Tcomet2& m, std::string& text)
+        : machine(m), out(text), form(m.Pipe->dump), lines(b->Src<Ch>()), reserved(b->GetReservedWords()),
+          rows(std::clamp(reserved + RowsBehindImage, 0, AddressCount)), labels(static_cast<std::size_t>(rows)) {
+        CollectLabels();
+        runColWidth = std::to_string(machine.MaxRunCount).size() + 1;
+    }
+
+    void Registers() const;
+    void MemoryHead() const;
+    void MemoryRows();
+    void StackRows() const;
+
+private:
+    const Tcomet2& machine;
+    std::string& out;
+    const Dump form;
+    const std::vector<SrcData<Ch>>& lines;
+    const int reserved;
+    const int rows;
+    std::vector<Label> labels; // by address
+    std::size_t maxLabelLen = 0;
+    std::size_t runColWidth = 2;
+    int shownLine = -1; // the line of the last row that showed text
+
+    void CollectLabels();
+    void AddLabel(int address, const Text<Ch>& name);
+    void AddressColumns(int address, const Label& label) const;
+    void SourceText(int address);
+};
+
+// Every address gets the labels of its lines, in line order, joined by one blank.
+template <class Ch> void Dumper<Ch>::AddLabel(int address, const Text<Ch>& name) {
+    if (name.empty() || address < 0 || address >= rows) return;
+    Label& label = labels[static_cast<std::size_t>(address)];
+    if (label.length > 0) {
+        label.bytes += ' ';
+        ++label.length;
+    }
+    label.bytes += Bytes(name);
+    label.length += name.size();
+}
+
+// The array pipeline has its labels in a table of their own.
+template <class Ch> void Dumper<Ch>::CollectLabels() {
+    if constexpr (!IsWide<Ch>)
+        for (const TLabelRow& row : labelSpace->Rows)
+            AddLabel(row.LabelAdr, row.LabelName);
+    if (!machine.Pipe->isArray)
+        for (const SrcData<Ch>& line : lines)
+            AddLabel(line.AbAdr, line.strLabel);
+    maxLabelLen = form == Dump::DspRegMry70 ? 5 : 8;
+    for (int a = 0; a < std::min(reserved, rows); ++a)
+        maxLabelLen = std::max(maxLabelLen, labels[static_cast<std::size_t>(a)].length);
+}
+
+template <class Ch> void Dumper<Ch>::Registers() const {
+    out += std::string("     ") + CellHead;
+    out += "   PR:";
+    DspWordCell(out, machine.PR);
+    out += '\n';
+    for (std::size_t n = 0; n < machine.GR.size(); ++n) {
+        out += "  GR" + std::to_string(n) + ":";
+        DspWordCell(out, machine.GR[n]);
+        out += '\n';
+    }
+    const auto text = [this](const Msg& msg) { return std::string(msg.For(machine.Lang, machine.Pipe->wording)); };
+    out += "Flags:    Fovf=" + std::to_string(machine.Fovf);
+    out += ", Fsign=" + std::to_string(machine.Fsign) + "(";
+    out += machine.Fsign == 0 ? "plus), " : machine.Fsign == 1 ? "minus), " : text(ReportsMsg.BadFsign);
+    out += "Fzero=" + std::to_string(machine.Fzero) + "(";
+    out += machine.Fzero == 0 ? "non zero)." : machine.Fzero == 1 ? "zero)." : text(ReportsMsg.BadFzero);
+    out += "\n   SP:";
+    DspWordCell(out, machine.SP);
+    out += "\n\n";
+}
+
+template <class Ch> void Dumper<Ch>::MemoryHead() const {
+    const bool is70 = form == Dump::DspRegMry70;
+    out += is70 ? "//------------------------------------------------------------------------------------\n"
+                : "//------------------------------------------------------------\n";
+    out += "  Address   ";
+    if (is70) {
+        const std::size_t half = (maxLabelLen + 1) / 2;
+        Right(out, "Lab", half + 2);
+        Left(out, "el", 2, half - 2);
+    } else if (maxLabelLen < LongLabel68) {
+        Right(out, "Label", 5);
+    } else {
+        Right(out, "Label  ", maxLabelLen - 5);
+    }
+    out += CellHead;
+}
+
+template <class Ch> void Dumper<Ch>::MemoryRows() {
+    const auto& programs = b->Prg<Ch>();
+    const int lastEnd = programs.empty() ? -1 : programs.back().AbAdrAtEnd;
+    for (int a = 0; a < rows; ++a) {
+        const auto i = static_cast<std::size_t>(a);
+        AddressColumns(a, labels[i]);
+        DspWordCell(out, machine.Memory[i]);
+        if (machine.Pipe->dumpsRunCount) {
+            Right(out, machine.RunCount[i], runColWidth);
+            out += ':';
+        }
+        if (machine.Pipe->buildsLineOfWord) SourceText(a);
+        out += '\n';
+        if (a == reserved - 1 && a == lastEnd) out += Rule(35);
+    }
+}
+
+template <class Ch> void Dumper<Ch>::AddressColumns(int address, const Label& label) const {
+    out += '#';
+    Hex4(out, address);
+    out += ':';
+    if (form == Dump::DspRegMry70) {
+        Right(out, address, 5);
+        out += ':';
+        Right(out, label, maxLabelLen + 1);
+    } else if (label.length > 0) {
+        Right(out, label, maxLabelLen < LongLabel68 ? 11 : maxLabelLen + 1);
+    } else {
+        Right(out, address, 5);
+        out += ':';
+        Pad(out, maxLabelLen < LongLabel68 ? 6 : maxLabelLen - 4, 0);
+    }
+    out += ':';
+}
+
+// A line shows its text at its first word, and once more, as such, at the literal that it uses.
+template <class Ch> void Dumper<Ch>::SourceText(int address) {
+    const int nr = machine.LineOfWord[static_cast<std::size_t>(address)];
+    if (nr < 0 || nr == shownLine || static_cast<std::size_t>(nr) >= lines.size()) return;
+    const SrcData<Ch>& line = lines[static_cast<std::size_t>(nr)];
+    if (line.strOp.empty()) return;
+    shownLine = nr;
+    const std::string label = Bytes(line.strLabel);
+    const std::string text = Bytes(line.strOp) + " " + Bytes(line.strOprndCom);
+    if (!line.vecLite.empty() && address > line.AbAdr) {
+        out += "Literal:(" + (label.empty() ? "" : label + " ") + text + ")";
+        return;
+    }
+    Left(out, label, line.strLabel.size(), 2);
+    out += " " + text;
+}
+
+// From the bottom of the stack up to the fourth empty cell in a row.
+template <class Ch> void Dumper<Ch>::StackRows() const {
+    int passed = 0;
+    for (int zeros = 0; zeros < 4 && passed < StackWords; ++passed)
+        zeros = machine.Stack[static_cast<std::size_t>(passed)] == 0 ? zeros + 1 : 0;
+    for (int i = passed; i >= 0; --i) {
+        AddressColumns(StackBottom - i, Label());
+        DspWordCell(out, machine.Stack[static_cast<std::size_t>(i)]);
+        out += '\n';
+    }
+}
+
+// A row of the catalogue as bytes of the file.
+std::string TextFor(const Tcomet2& machine, const Msg& msg, Args args = {}) {
+    const std::string utf8 =
+        Compose(msg.For(machine.Lang, machine.Pipe->wording), machine.Lang, Severity::Error, NoLine, args);
+    return Narrow932(WideUtf8Lossy(utf8));
+}
+
+template <class Ch> void Write(const Tcomet2& machine, std::string& out) {
+    Dumper<Ch> dumper(machine, out);
+    dumper.Registers();
+    dumper.MemoryHead();
+    dumper.MemoryRows();
+    out += TextFor(machine, ReportsMsg.Boundary);
+    out += TextFor(machine, ReportsMsg.StackHead, {machine.SP});
+    dumper.StackRows();
+    out += Rule(55);
+}
+
+} // namespace
+
+std::string DumpDate(const Tcomet2& machine, const platform::LocalTime& now) {
+    static constexpr std::string_view Days = "SunMonTueWedThuFriSat";
+    static constexpr std::string_view Months = "JanFebMarAprMayJunJulAugSepOctNovDec";
+    const int hour = now.hour == 0 ? 12 : now.hour;
+    if (machine.Lang == 0) {
+        return Compose(ReportsMsg.JapaneseDate.For(machine.Lang, machine.Pipe->wording), machine.Lang, Severity::Error,
+                       NoLine, {now.year, now.month, now.day, hour, now.minute, now.second});
+    }
+    char standard[64];
+    std::snprintf(standard, sizeof standard, "%.3s %.3s%3d %.2d:%.2d:%.2d %d\n",
+                  Days.data() + 3 * std::clamp(now.weekDay, 0, 6), Months.data() + 3 * std::clamp(now.month - 1, 0, 11),
+                  now.day, hour, now.minute, now.second, now.year);
+    return standard;
+}
+
+std::string DumpText(const Tcomet2& machine, const std::string& fileName) {
+    std::string out;
+    out.reserve(static_cast<std::size_t>(std::max(b->GetReservedWords(), 0)) * 100 + 8192);
+    out += TextFor(machine, ReportsMsg.Font);
+    out += Rule(43);
+    out += TextFor(machine, ReportsMsg.Source, {Utf8Arg{b->SrcFilePath}, Utf8Arg{DumpDate(machine, platform::Now())}});
+    out += TextFor(machine, ReportsMsg.DumpFile, {Utf8Arg{fileName}});
+    out += "//-------------------------------------------------\n";
+    if (machine.Pipe->text == TextKind::Wide)
+        Write<char16_t>(machine, out);
+    else
+        Write<char>(machine, out);
+    return out;
+}
+
+int DspRegMry(const Tcomet2& machine, const std::string& fileName) {
+    const auto failure = platform::WriteFile(fileName, DumpText(machine, fileName));
+    if (!failure) return 0;
+    console::Write(Compose(ReportsMsg.DoesNotOpen.For(machine.Lang, machine.Pipe->wording), machine.Lang,
+                           Severity::Error, NoLine, {Utf8Arg{fileName}, Utf8Arg{*failure}}));
+    return 1;
+}
+
+} // namespace tolvane

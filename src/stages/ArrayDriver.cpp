@@ -1,0 +1,65 @@
+#include "lines/ArrayLines.h"
+#include "lines/Boundaries.h"
+#include "lines/Normalising.h"
+#include "linker/Linker.h"
+#include "operands/ArrayDcDs.h"
+#include "operands/Extraction.h"
+#include "operands/Handlers.h"
+#include "operands/Literals.h"
+#include "records/Lines.h"
+#include "stages/LineDriver.h"
+
+namespace tolvane {
+
+namespace {
+
+struct Step {
+    int (*run)(int prg);     // a result other than 0 stops the driver
+    bool checkAfter = false; // stop if an Error is counted
+};
+constexpr bool Check = true;
+
+constexpr Step Steps[] = {
+    {StartEnd<char>},
+    {FindLabels<char>},
+    {op30, Check},
+    // the operand edits
+    {SearchApostForNonCharConstOP<char>},
+    {CopyOprndComToLine<char>},
+    {edit30c<char>},
+    {edit50<char>},
+    {CutComment<char>},
+    {CkLiteral15<char>},
+    {CkStrConstLiteral<char>},
+    {TrimZenOprndComOfFile<char>},
+    {TrimOprndCom<char>},
+    {CopyOprndComStrToChH<char>},
+    {operand20m15<char>},
+    {ExtractAllOprnds<char>},
+    {OpCk<char>, Check},
+    // the DC and DS lines
+    {dcds10},
+    {dcds30},
+    {dcdsWordKazu40, Check},
+    {dcdsMemoryIn30, Check},
+    // addresses and memory
+    {AdrCk3},
+    {CkMaxMemory},
+    {InitialSetMemory},
+};
+
+bool RunSteps(int prg) {
+    for (const Step& step : Steps)
+        if (step.run(prg) != 0 || (step.checkAfter && ErrorSum() > 0)) return false;
+    return true;
+}
+
+} // namespace
+
+int AnalyseArrayLines() {
+    for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg)
+        if (!RunSteps(prg)) return -1;
+    return 0;
+}
+
+} // namespace tolvane

@@ -1,0 +1,109 @@
+#include "text/Text.h"
+
+#include "text/Convert.h"
+
+namespace tolvane {
+
+template <class Ch> Text<Ch> TrimLeftBlank(const Text<Ch>& text) {
+    std::size_t begin = FindNonBlank(text);
+    return begin == npos ? Text<Ch>() : text.substr(begin);
+}
+
+template <class Ch> Text<Ch> TrimRightBlank(const Text<Ch>& text) {
+    std::size_t end = text.size();
+    while (end > 0 && IsBlank(text[end - 1]))
+        --end;
+    return text.substr(0, end);
+}
+
+template <class Ch> Text<Ch> TrimBlank(const Text<Ch>& text) {
+    return TrimLeftBlank(TrimRightBlank(text));
+}
+
+template <class Ch> Text<Ch> ZenSpace() {
+    if constexpr (IsWide<Ch>)
+        return Text<Ch>(1, u'\u3000');
+    else
+        return "\x81\x40";
+}
+
+template <class Ch> std::size_t CharLength(const Text<Ch>& text, std::size_t i) {
+    if constexpr (!IsWide<Ch>) {
+        if (i + 1 < text.size() && IsLeadByte932(static_cast<unsigned char>(text[i]))) return 2;
+    }
+    return 1;
+}
+
+template <class Ch> std::size_t FindZenSpace(const Text<Ch>& text, std::size_t from) {
+    const Text<Ch> space = ZenSpace<Ch>();
+    for (std::size_t i = from; i < text.size(); i += CharLength(text, i))
+        if (text.compare(i, space.size(), space) == 0) return i;
+    return npos;
+}
+
+template <class Ch> bool IsZenKakuAt(const Text<Ch>& text, std::size_t i) {
+    if (i >= text.size()) return false;
+    if constexpr (IsWide<Ch>)
+        return ByteLength932(text[i]) == 2;
+    else
+        return CharLength(text, i) == 2;
+}
+
+namespace {
+
+// The trim of both blank kinds on any text in which `zen` stands for the full-width space. Whole characters are
+// counted from the left, so that the second byte of a character is never taken for a space of its own.
+template <class String, class Length> String TrimZen(const String& text, const String& zen, Length length) {
+    std::size_t begin = 0;
+    while (begin < text.size()) {
+        if (text[begin] == ' ' || text[begin] == '\t')
+            ++begin;
+        else if (text.compare(begin, zen.size(), zen) == 0)
+            begin += zen.size();
+        else
+            break;
+    }
+    std::size_t end = begin;
+    for (std::size_t i = begin; i < text.size();) {
+        std::size_t n = length(text, i);
+        bool blank = text[i] == ' ' || text.compare(i, zen.size(), zen) == 0;
+        i += n;
+        if (!blank) end = i;
+    }
+    return text.substr(begin, end - begin);
+}
+
+} // namespace
+
+template <class Ch> Text<Ch> TrimZenBlank(const Text<Ch>& text) {
+    return TrimZen(text, ZenSpace<Ch>(), [](const Text<Ch>& t, std::size_t i) { return CharLength(t, i); });
+}
+
+std::string TrimZenBlankUtf8(const std::string& text) {
+    auto length = [](const std::string& t, std::size_t i) {
+        std::size_t n = 1;
+        while (i + n < t.size() && (static_cast<unsigned char>(t[i + n]) & 0xC0) == 0x80)
+            ++n;
+        return n;
+    };
+    return TrimZen(text, std::string("\u3000"), length);
+}
+
+template TextW TrimLeftBlank(const TextW&);
+template TextA TrimLeftBlank(const TextA&);
+template TextW TrimRightBlank(const TextW&);
+template TextA TrimRightBlank(const TextA&);
+template TextW TrimBlank(const TextW&);
+template TextA TrimBlank(const TextA&);
+template TextW TrimZenBlank(const TextW&);
+template TextA TrimZenBlank(const TextA&);
+template TextW ZenSpace<char16_t>();
+template TextA ZenSpace<char>();
+template std::size_t CharLength(const TextW&, std::size_t);
+template std::size_t CharLength(const TextA&, std::size_t);
+template std::size_t FindZenSpace(const TextW&, std::size_t);
+template std::size_t FindZenSpace(const TextA&, std::size_t);
+template bool IsZenKakuAt(const TextW&, std::size_t);
+template bool IsZenKakuAt(const TextA&, std::size_t);
+
+} // namespace tolvane
