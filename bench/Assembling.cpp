@@ -35,15 +35,9 @@ public:
     explicit Assembly(int lines) : source(Source(lines)) {}
 
     void Prepare() {
-        b->Reset();
-        cs->Reset();
-        po->Reset();
-        for (TMsgBase* object : {static_cast<TMsgBase*>(b), static_cast<TMsgBase*>(cs), static_cast<TMsgBase*>(po)})
-            object->ClearCounters();
-        comet2->InitComet2();
+        BeginAssembly(game, DefaultPipeline(), 1);
         for (const TextW& line : source) {
-            b->vecSrcW.emplace_back();
-            b->vecSrcW.back().strSrc = line;
+            b->vecSrcW.emplace_back().strSrc = line;
         }
     }
     void Run() { good = RunStages(game) && RunLink(game) == 0; }

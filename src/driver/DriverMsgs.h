@@ -7,34 +7,34 @@ namespace tolvane {
 
 struct DriverCatalogue {
     // Start-up
-    Msg NoIniDirectoryNarrow{Room::Driver, "iRt=0: Fail to SetCurrentDirChH()\n"};
-    Msg NoIniDirectoryWide{Room::Driver, "iRt=0: Fail to SetCurrentDirChWH()\n"};
-    Msg NoCurrentDirectory{Room::Driver, "iRt=0: Fail to TGame::SetCurrentDirChH()\n"};
-    Msg GetcwdError{Room::Driver, "_getcwd error: {0}\n"};
-    Msg PipelineByDefault{Room::Driver, "FightNwW(); by default.\n"};
-    Msg EditorFlagOutOfRange{Room::Driver, "Error: TextEditorFlag is out of range. \n"
-                                           "TextEditorIndex={0}\n"
-                                           "TextEditorIndex is corrected to be 0. \n"};
+    Msg NoIniDirectoryNarrow{"iRt=0: Fail to SetCurrentDirChH()\n"};
+    Msg NoIniDirectoryWide{"iRt=0: Fail to SetCurrentDirChWH()\n"};
+    Msg NoCurrentDirectory{"iRt=0: Fail to TGame::SetCurrentDirChH()\n"};
+    Msg GetcwdError{"_getcwd error: {0}\n"};
+    Msg PipelineByDefault{"FightNwW(); by default.\n"};
+    Msg EditorFlagOutOfRange{"Error: TextEditorFlag is out of range. \n"
+                             "TextEditorIndex={0}\n"
+                             "TextEditorIndex is corrected to be 0. \n"};
+    Msg EditorIndexOutOfRange{"PrgError: index < 0 || 2 < index\n"
+                              "The index was corrected to be zero.\n"
+                              "TBasicData::SetTextEdIndex(int)\n"};
 
     // Title
-    Msg Title{Room::Driver, "\nTolvane  Ver. 4.4.4  x64  R_{0}\n\n"
-                            "Assembler, Linker, and Simulator\n"
-                            "Built for {1}\n"
-                            "The Tolvane developers\n\n"};
-    Msg SimpleTitle{Room::Driver, "\nTolvane  Ver. 4.4.4  x64  R_{0}\n\n"
-                                  "Assembler & Simulator\n"
-                                  "Built for {1}\n"
-                                  "The Tolvane developers\n\n"};
+    Msg Title{"\nTolvane  Ver. 4.4.4  x64  R_{0}\n\n"
+              "Assembler, Linker, and Simulator\n"
+              "Built for {1}\n"
+              "The Tolvane developers\n\n"};
+    Msg SimpleTitle{"\nTolvane  Ver. 4.4.4  x64  R_{0}\n\n"
+                    "Assembler & Simulator\n"
+                    "Built for {1}\n"
+                    "The Tolvane developers\n\n"};
 
     // The Enter prompt and the menu
-    Msg FirstEnterPrompt{Room::Driver,
-                         "\n\nPress your Enter key to go next. \n",
+    Msg FirstEnterPrompt{"\n\nPress your Enter key to go next. \n",
                          "\n\n入力（Enter）キィを押すと次へ進む。\n",
                          {WordingNH, "\n\nPress the Enter key to go next. \n", nullptr}};
-    Msg EnterPrompt{Room::Driver, "\n\nPress the Enter key to go next. \n",
-                    "\n\n入力（Enter）キィを押すと次へ進む。\n"};
-    Msg ShortMenu{Room::Driver,
-                  "\nMenu:\n"
+    Msg EnterPrompt{"\n\nPress the Enter key to go next. \n", "\n\n入力（Enter）キィを押すと次へ進む。\n"};
+    Msg ShortMenu{"\nMenu:\n"
                   " 1.  Input a filename to assemble.\n"
                   "11.  assembles the previous file once again. \n"
                   " 2.  {0}\n"
@@ -54,8 +54,7 @@ struct DriverCatalogue {
                   "55.  前回のファイルを再度開く。 \n"
                   "123 プログラムを終了する。\n"
                   "メニュー番号を入力してください。\n"};
-    Msg LongMenu{Room::Driver,
-                 "\nMenu:\n"
+    Msg LongMenu{"\nMenu:\n"
                  " 1.  Input a filename to assemble.   e.g. src/pn100.txt\n"
                  "11.  assembles the previously assembled or opened file once again. \n"
                  " 2.  shows an assembled result of {0}\n"
@@ -75,35 +74,32 @@ struct DriverCatalogue {
                  "55.  前回開いたまたはアセンブルしたファイルを再度開く。 \n"
                  "123 プログラムを終了する。\n"
                  "メニュー番号を入力してください。\n"};
-    Msg NoMenuNumber{Room::Driver, "You are expected to input a good menu number.\n",
+    Msg NoMenuNumber{"You are expected to input a good menu number.\n",
                      "メニュー番号以外の入力がありましたのでもう一度！\n"};
-    Msg TryAgain{Room::Driver, "Try it again!\n", "もう一度\n"};
-    Msg AskSourceName{Room::Driver, "\nInput a filename (with no extension). \n",
+    Msg TryAgain{"Try it again!\n", "もう一度\n"};
+    Msg AskSourceName{"\nInput a filename (with no extension). \n",
                       "\nファイル名(拡張子省略可) を入力してください。 \n"};
-    Msg AskFolder{Room::Driver, "Input a folder name.  eg1:  src     eg2:  src/example\n",
+    Msg AskFolder{"Input a folder name.  eg1:  src     eg2:  src/example\n",
                   "フォルダ名を入力してください。　例１： src  例２：　src/example\n"};
-    Msg AskTextName{Room::Driver, "Input a text filename to edit. \n",
+    Msg AskTextName{"Input a text filename to edit. \n",
                     "テキスト名を入力してください。　例１： src\\pn3035  　例２: src/list792j\n"};
 
     // Summaries
-    Msg OneError{Room::Driver,
-                 "\n\nThere is 1 error to be corrected. \n"
+    Msg OneError{"\n\nThere is 1 error to be corrected. \n"
                  "\nCorrect the codes and assemble them again.\n",
                  "\n\n 1 個の エラー があるので修正が必要です。 \n"};
-    Msg Errors{Room::Driver,
-               "\n\nThere are {0} errors to be corrected. \n"
+    Msg Errors{"\n\nThere are {0} errors to be corrected. \n"
                "\nCorrect the codes and assemble them again.\n",
                "\n\n {0} 個の エラー があるので修正が必要です。 \n"};
-    Msg OneWarning{Room::Driver, "{0} warning: \n", "{0} 個の 警告 がある。 \n"};
-    Msg Warnings{Room::Driver, "{0} warnings: \n", "{0} 個の 警告 がある。 \n"};
-    Msg Assembled{Room::Driver, "Successfully Assembled! ", "アセンブル成功 "};
+    Msg OneWarning{"{0} warning: \n", "{0} 個の 警告 がある。 \n"};
+    Msg Warnings{"{0} warnings: \n", "{0} 個の 警告 がある。 \n"};
+    Msg Assembled{"Successfully Assembled! ", "アセンブル成功 "};
     // The first line of each dump in a run of the program says more in Japanese.
-    Msg FirstAssembledDump{Room::Driver, "---> {0} \n", "---> {0} \nアセンブルされたメモリの全容が保存してあります。"};
-    Msg AssembledDump{Room::Driver, "---> {0} \n", "---> {0} "};
-    Msg FirstResultantDump{Room::Driver, "---> {0} \n", "---> {0} \n実行後のメモリの全容が保存してあります。"};
-    Msg ResultantDump{Room::Driver, "---> {0} \n", "---> {0} "};
-    Msg RunQuestion{Room::Driver,
-                    "\n\n\nMenu:\n"
+    Msg FirstAssembledDump{"---> {0} \n", "---> {0} \nアセンブルされたメモリの全容が保存してあります。"};
+    Msg AssembledDump{"---> {0} \n", "---> {0} "};
+    Msg FirstResultantDump{"---> {0} \n", "---> {0} \n実行後のメモリの全容が保存してあります。"};
+    Msg ResultantDump{"---> {0} \n", "---> {0} "};
+    Msg RunQuestion{"\n\n\nMenu:\n"
                     "1.  Go on this execution. \n"
                     "2.  Go back to Main Menu. \n"
                     "Input a menu number. \n",

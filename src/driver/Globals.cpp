@@ -3,6 +3,7 @@
 #include "driver/Settings.h"
 #include "input/TMoziCode.h"
 #include "machine/Tcomet2.h"
+#include "messages/ModeFlags.h"
 #include "messages/TMsgStore.h"
 #include "records/Records.h"
 #include "records/TLabelSpace.h"

@@ -3,10 +3,12 @@
 #include "driver/DriverMsgs.h"
 #include "driver/Settings.h"
 #include "input/Readers.h"
+#include "messages/TMsgBase.h"
 #include "messages/TMsgStore.h"
 #include "platform/Commands.h"
 #include "platform/Console.h"
 #include "records/Records.h"
+#include "reports/Dump.h"
 
 #include <limits>
 
@@ -19,28 +21,28 @@ constexpr std::size_t NumberLimit = 40;
 
 // The Enter prompt. False at the end of the input.
 bool WaitForEnter() {
-    const bool first = po->Lang != 0 && po->EnglishEnterPrompts == 0;
-    po->Say(first ? DriverMsg.FirstEnterPrompt : DriverMsg.EnterPrompt);
-    if (po->Lang != 0) ++po->EnglishEnterPrompts;
+    const bool first = modeFlags->Lang != 0 && po->EnglishEnterPrompts == 0;
+    Say(first ? DriverMsg.FirstEnterPrompt : DriverMsg.EnterPrompt);
+    if (modeFlags->Lang != 0) ++po->EnglishEnterPrompts;
     return console::ReadLine(EnterLimit).has_value();
 }
 
 void DspMenu() {
-    const bool silent = modeFlags->SilentModeIndex != 0 && !po->Pipe->isArray;
-    const bool shortForm = silent || b->SimpleTitleIndex != 0;
-    po->Say(shortForm ? DriverMsg.ShortMenu : DriverMsg.LongMenu, {po->AssembledDumpName, po->ResultantDumpName});
+    const bool silent = modeFlags->SilentModeIndex != 0 && modeFlags->Pipe->silentShortensMenu;
+    const bool shortForm = silent || modeFlags->SimpleTitleIndex != 0;
+    Say(shortForm ? DriverMsg.ShortMenu : DriverMsg.LongMenu, {AssembledDumpName, ResultantDumpName});
 }
 
 // Opens a file in the chosen editor. The result is `own` for an editor of the settings, `standard` for the system's.
 int OpenInEditor(const std::string& file, int own, int standard) {
-    std::string command = b->TextEditors[static_cast<std::size_t>(b->TextEditorIndex)];
-    if (b->TextEditorIndex != 0) EditFilePath(command);
+    std::string command = modeFlags->TextEditors[static_cast<std::size_t>(modeFlags->TextEditorIndex)];
+    if (modeFlags->TextEditorIndex != 0) EditFilePath(command);
     platform::RunEditor(command, file);
-    return b->TextEditorIndex == 0 ? standard : own;
+    return modeFlags->TextEditorIndex == 0 ? standard : own;
 }
 
 int ChooseSource(std::string& path) {
-    po->Say(DriverMsg.AskSourceName);
+    Say(DriverMsg.AskSourceName);
     bool ended = false;
     path = GetFilenameStrA(ended);
     if (ended) return InputEnded;
@@ -50,13 +52,12 @@ int ChooseSource(std::string& path) {
 
 int ChooseLastSource(std::string& path) {
     path = po->LastAssembledSrcFilePath;
-    b->SrcFilePath = path;
     store->ClearMsgStore();
     return SourceChosen;
 }
 
 int ShowFolder() {
-    po->Say(DriverMsg.AskFolder);
+    Say(DriverMsg.AskFolder);
     bool ended = false;
     const std::string folder = GetFoldername(ended);
     if (ended) return InputEnded;
@@ -65,7 +66,7 @@ int ShowFolder() {
 }
 
 int ShowText() {
-    po->Say(DriverMsg.AskTextName);
+    Say(DriverMsg.AskTextName);
     bool ended = false;
     std::string file = GetFilenameStrA(ended);
     if (ended) return InputEnded;
@@ -93,9 +94,9 @@ int CarryOut(int command, std::string& path) {
     case 11:
         return ChooseLastSource(path);
     case 2:
-        return OpenInEditor(po->AssembledDumpName, ImageDumpShown, ShownInDefaultEditor);
+        return OpenInEditor(AssembledDumpName, ImageDumpShown, ShownInDefaultEditor);
     case 3:
-        return OpenInEditor(po->ResultantDumpName, ResultDumpShown, ShownInDefaultEditor);
+        return OpenInEditor(ResultantDumpName, ResultDumpShown, ShownInDefaultEditor);
     case 4:
         return ShowFolder();
     case 5:
@@ -133,12 +134,12 @@ int GetMainMenu(std::string& path) {
         std::size_t end = 0;
         const int command = LeadingNumber(typed, end);
         if (command == 0 || end != typed.size()) {
-            po->Say(DriverMsg.NoMenuNumber);
+            Say(DriverMsg.NoMenuNumber);
             continue;
         }
         const int result = CarryOut(command, path);
         if (result != NoCommand) return result;
-        po->Say(DriverMsg.TryAgain);
+        Say(DriverMsg.TryAgain);
     }
 }
 

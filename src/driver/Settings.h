@@ -5,15 +5,6 @@
 
 namespace tolvane {
 
-// Four settings as they stand in the file.
-struct TModeFlags {
-    int Lang = 1;
-    int SimpleTitleIndex = 0;
-    int SilentModeIndex = 0;
-    int BusyModeIndex = 1;
-};
-extern TModeFlags* const modeFlags;
-
 // The directory in which the program was started, the base of the default source path; UTF-8, empty if unknown.
 struct TLStd {
     std::string StartDirectory;
@@ -30,7 +21,10 @@ struct ToolWin {
 };
 extern ToolWin* const toolWin;
 
-// Reads every setting into the objects that keep it; an absent key takes its default.
+// Chooses the editor: 0, 1 or 2; any other index is reported and becomes 0.
+void SetTextEdIndex(int index);
+// Reads every setting into `modeFlags`, the clock into `timer` and the source path into `po`; an absent key takes its
+// default.
 void LoadSettings(const std::string& path);
 // Writes every setting.
 void SaveSettings(const std::string& path);

@@ -10,7 +10,6 @@
 #include "platform/Console.h"
 #include "platform/Files.h"
 #include "records/Records.h"
-#include "records/TLabelSpace.h"
 #include "reports/Dump.h"
 #include "stages/Stages.h"
 #include "timing/TTimeVcl.h"
@@ -35,8 +34,8 @@ bool StartsNextCycle(int result) {
 
 void TGame::Run() {
     StartUp();
-    if (FightFuncName == "NewChH" || FightFuncName == "NewChWH") return;
-    const Pipeline* pipeline = FindPipeline(FightFuncName);
+    if (IsGivenUp(modeFlags->FightFunc)) return;
+    const Pipeline* pipeline = FindPipeline(modeFlags->FightFunc);
     if (pipeline == nullptr) Say(DriverMsg.PipelineByDefault);
     RunPipeline(pipeline != nullptr ? *pipeline : DefaultPipeline());
     console::Flush();
@@ -44,20 +43,14 @@ void TGame::Run() {
 
 void TGame::StartUp() {
     toolWin->SetIniPath();
-    if (const auto directory = platform::CurrentDirectory())
-        CurrentDir = *directory;
-    else
-        Say(DriverMsg.NoCurrentDirectory);
-    if (const auto directory = platform::CurrentDirectory())
+    const auto directory = platform::CurrentDirectory();
+    if (directory) {
         tools->StartDirectory = *directory;
-    else
+    } else {
+        Say(DriverMsg.NoCurrentDirectory);
         Say(DriverMsg.GetcwdError, {Utf8Arg{platform::LastSystemMessage()}});
-
+    }
     LoadSettings(toolWin->IniPath);
-    Lang = b->Lang = cs->Lang = po->Lang;
-    SrcFilePath = po->LastAssembledSrcFilePath;
-    po->SilentFlag = SilentFlag;
-    po->FightFunc = FightFuncName = TrimZenBlankUtf8(po->FightFunc);
 }
 
 void TGame::RunPipeline(const Pipeline& pipeline) {
@@ -67,51 +60,34 @@ void TGame::RunPipeline(const Pipeline& pipeline) {
 }
 
 void TGame::StartPipeline(const Pipeline& pipeline) {
-    Pipe = &pipeline;
-    for (TMsgBase* object :
-         {static_cast<TMsgBase*>(b), static_cast<TMsgBase*>(cs), static_cast<TMsgBase*>(po),
-          static_cast<TMsgBase*>(store), static_cast<TMsgBase*>(moziCode), static_cast<TMsgBase*>(timer)}) {
-        object->Pipe = &pipeline;
-        object->Lang = po->Lang;
-    }
-    Lang = po->Lang;
-    comet2->Pipe = &pipeline;
-
-    b->Reset();
-    po->Reset();
-    cs->Reset();
-    store->ClearMsgStore();
+    modeFlags->Pipe = &pipeline;
     DspTitle();
-
-    TextEditorFlag = po->TextEditorIndex;
-    if (TextEditorFlag < 0 || 2 < TextEditorFlag) {
-        if (pipeline.wording != WordingNWW) Say(DriverMsg.EditorFlagOutOfRange, {TextEditorFlag});
-        TextEditorFlag = 0;
-    }
-    po->TextEditorName = b->TextEditors[static_cast<std::size_t>(TextEditorFlag)];
+    if (0 <= modeFlags->TextEditorIndex && modeFlags->TextEditorIndex <= 2) return;
+    if (pipeline.wording != WordingNWW) Say(DriverMsg.EditorFlagOutOfRange, {modeFlags->TextEditorIndex});
+    modeFlags->TextEditorIndex = 0;
 }
 
 void TGame::DspTitle() const {
     const std::string build = platform::SystemAndMachine();
-    Say(b->SimpleTitleIndex == 1 ? DriverMsg.SimpleTitle : DriverMsg.Title, {Utf8Arg{FightFuncName}, Utf8Arg{build}});
+    Say(modeFlags->SimpleTitleIndex == 1 ? DriverMsg.SimpleTitle : DriverMsg.Title,
+        {Utf8Arg{modeFlags->FightFunc}, Utf8Arg{build}});
 }
 
 bool TGame::Cycle() {
     SumMsgKazu(*this);
     DspErrors();
-    ResetCycle();
+    BeginAssembly(*this, *modeFlags->Pipe, modeFlags->Lang);
     const int result = GetSrcFile();
     timer->SetAssembleStart();
     if (EndsProgram(result)) return false;
     if (StartsNextCycle(result)) return true;
-    SrcFilePath = po->LastAssembledSrcFilePath;
     return AssembleLinkRun();
 }
 
-void TGame::DspErrors() {
+void TGame::DspErrors() const {
     if (ErrorKazu < 1) return;
     timer->SetAssembleEndTime();
-    if (Pipe->printsQueue) store->DspMsgStore();
+    if (modeFlags->Pipe->printsQueue) store->DspMsgStore();
     timer->DspAssembleTime();
     if (ErrorKazu == 1)
         Say(DriverMsg.OneError);
@@ -119,31 +95,17 @@ void TGame::DspErrors() {
         Say(DriverMsg.Errors, {ErrorKazu});
 }
 
-void TGame::ResetCycle() {
-    b->Reset();
-    cs->Reset();
-    po->Reset();
-    for (TMsgBase* object : {static_cast<TMsgBase*>(this), static_cast<TMsgBase*>(b), static_cast<TMsgBase*>(cs),
-                             static_cast<TMsgBase*>(po)})
-        object->ClearCounters();
-    po->TextEditorIndex = b->TextEditorIndex;
-    po->TextEditorName = b->TextEditors[static_cast<std::size_t>(b->TextEditorIndex)];
-    store->ClearMsgStore();
-    SrcFilePath = b->SrcFilePath = po->LastAssembledSrcFilePath;
-}
-
 int TGame::GetSrcFile() {
     std::string path = po->LastAssembledSrcFilePath;
     const int result = GetMainMenu(path);
     if (result != SourceChosen) return result;
     timer->SetReadFileStart();
-    b->SrcFilePath = path;
     return ReadSource(path) == 0 ? SourceChosen : SourceNotRead;
 }
 
 void TGame::DspWarningKazu() const {
     if (WarningKazu > 0) Say(WarningKazu == 1 ? DriverMsg.OneWarning : DriverMsg.Warnings, {WarningKazu});
-    if (Lang != 0) return;
+    if (modeFlags->Lang != 0) return;
     if (NoteKazu > 0) console::Write("\n");
     if (MemoKazu > 0) console::Write("\n");
 }
@@ -153,25 +115,11 @@ bool TGame::AssembleLinkRun() {
     timer->SetAssembleEndTime();
     DspWarningKazu();
 
-    po->Reset();
-    comet2->InitComet2();
-    comet2->Lang = Lang;
     const int linked = RunLink(*this);
     timer->SetLinkEnd();
     timer->DspLinkTime();
-    if (linked < 0) {
-        EndCycle();
-        return true;
-    }
+    if (linked < 0) return true;
 
-    labelSpace->Free();
-    if (Pipe->isArray) {
-        cs->CountLabels();
-        labelSpace->CopyLabel();
-    }
-    SrcFileName = b->SrcFilePath;
-    comet2->SrcFileName = SrcFileName;
-    comet2->ReservedWords = b->GetReservedWords();
     Say(DriverMsg.Assembled);
     Say(toldAssembledDump ? DriverMsg.AssembledDump : DriverMsg.FirstAssembledDump, {AssembledDumpName});
     toldAssembledDump = true;
@@ -179,7 +127,6 @@ bool TGame::AssembleLinkRun() {
 
     bool ended = false;
     if (WarningKazu == 0 || AskToRun(ended) == 1) RunMachine();
-    EndCycle();
     return !ended;
 }
 
@@ -198,12 +145,6 @@ void TGame::RunMachine() {
     Say(toldResultantDump ? DriverMsg.ResultantDump : DriverMsg.FirstResultantDump, {ResultantDumpName});
     toldResultantDump = true;
     DspRegMry(*comet2, ResultantDumpName);
-}
-
-void TGame::EndCycle() {
-    labelSpace->Free();
-    cs->Reset();
-    b->Reset();
 }
 
 } // namespace tolvane

@@ -3,19 +3,10 @@
 
 #include "messages/TMsgBase.h"
 
-#include <string>
-
 namespace tolvane {
 
 class TGame : public TMsgBase {
 public:
-    int TextEditorFlag = 0;  // 0 to 2, which editor opens files
-    std::string SrcFileName; // the source that was assembled last
-    std::string SrcFilePath; // the last source path
-    std::string CurrentDir;  // the working directory at start
-    std::string FightFuncName = "NWW";
-    int SilentFlag = 1;
-
     // Start-up, then the pipeline's cycle until the user exits or the input ends.
     void Run();
 
@@ -27,15 +18,13 @@ private:
 
     // One cycle. False when the user has chosen to exit.
     bool Cycle();
-    void DspErrors();
-    void ResetCycle();
+    void DspErrors() const;
     int GetSrcFile();
     void DspWarningKazu() const;
     bool AssembleLinkRun();
     // Asks whether to run a program with warnings. 1 to run, another number not to; `ended` at the end of the input.
     int AskToRun(bool& ended) const;
     void RunMachine();
-    void EndCycle();
 
     bool toldAssembledDump = false;
     bool toldResultantDump = false;

@@ -50,14 +50,14 @@ TextA CutToRow(const TextA& line, std::size_t limit) {
 } // namespace
 
 int OpenFileChH(const std::string& path) {
-    po->Say(InputMsg.ReadingArray, {Utf8Arg{path}});
+    Say(InputMsg.ReadingArray, {Utf8Arg{path}});
     const std::optional<std::string> bytes = platform::ReadFile(path);
     if (!bytes) {
-        po->Explain(Severity::Error, NoLine, InputMsg.DoesNotOpen, {Utf8Arg{path}});
+        Explain(Severity::Error, NoLine, InputMsg.DoesNotOpen, {Utf8Arg{path}});
         return 1;
     }
-    const auto lineLimit = static_cast<std::size_t>(po->Pipe->limits.lines);
-    const auto lengthLimit = static_cast<std::size_t>(po->Pipe->limits.lineLength);
+    const auto lineLimit = static_cast<std::size_t>(modeFlags->Pipe->limits.lines);
+    const auto lengthLimit = static_cast<std::size_t>(modeFlags->Pipe->limits.lineLength);
     const std::vector<TextA> lines = LinesOf(AsShiftJis(*bytes));
     WarnOfLongLine(lines, lengthLimit);
     if (lines.size() > lineLimit) {

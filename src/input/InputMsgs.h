@@ -6,37 +6,33 @@
 namespace tolvane {
 
 struct InputCatalogue {
-    Msg FileNotFound{Room::Input, "The file is not found there. *", "ファイルが見つかりませんでした。\n"};
-    Msg NoInput{Room::Input, "No Input Error!\n"};
-    Msg DoesNotOpenBinary{Room::Input,
-                          "\n{prefix}The file {0q} does not open on binary mode. "
+    Msg FileNotFound{"The file is not found there. *", "ファイルが見つかりませんでした。\n"};
+    Msg NoInput{"No Input Error!\n"};
+    Msg DoesNotOpenBinary{"\n{prefix}The file {0q} does not open on binary mode. "
                           "Misspellings?  Or the file does not exist there. *",
                           "\n{prefix}{0q} (binary mode)を開くことができません。 "
                           "ミススペル あるいは ファイルが存在しない。 *"};
-    Msg DoesNotOpen{Room::Input,
-                    "\n{prefix}The file {0} does not open. "
+    Msg DoesNotOpen{"\n{prefix}The file {0} does not open. "
                     "Misspellings?  Or the file does not exist there. *",
                     "\n{prefix}'{0}' を開くことができません。 "
                     "ミススペル あるいは ファイルが存在しない。 *"};
 
     // The array reader
-    Msg ReadingArray{Room::Input, "Reading {0}.\n", "'{0}' を読み込みます。\n"};
+    Msg ReadingArray{"Reading {0}.\n", "'{0}' を読み込みます。\n"};
     // {0} the length of the line, {1} the limit
-    Msg LongLine{Room::Input,
-                 "{line}There are {0} characters in the line. "
+    Msg LongLine{"{line}There are {0} characters in the line. "
                  "The assembler does not read more than {1} characters in a line. (Spec. of Tolvane): "
                  "This could cause an error to assemble the line. ",
                  "{line}一行の中に {0} 文字ある。 ソースコード一行の制限文字数 {1} 文字（独自仕様）を超えている。 "
                  "エラーにはなりませんが、制限文字数以上は読み込みません。 "};
     // {0} the limit, {1} the lines of the file
-    Msg TooManyLines{Room::Input,
-                     "{prefix}There is a limitation to the number of the lines in a source code file. "
+    Msg TooManyLines{"{prefix}There is a limitation to the number of the lines in a source code file. "
                      "The maximum is {0} lines in a file. There are {1} lines in your source code. "
                      "You are expected to decrease the lines in your file. ",
                      "{prefix}ソースコードのおおよその制限（一つのファイルにつき） {0}行 を超えています。"
                      "行数を減らす工夫をしてご利用ください。 "};
 
-    Msg NoUtf16CodePage{Room::Input, "Prg. Else Error: "};
+    Msg NoUtf16CodePage{"Prg. Else Error: "};
 };
 inline constexpr InputCatalogue InputMsg;
 

@@ -55,7 +55,7 @@ bool IsUtf16() {
 // is 0.
 TextW Utf16Units(std::string_view bytes) {
     if (!IsUtf16()) {
-        po->Say(InputMsg.NoUtf16CodePage);
+        Say(InputMsg.NoUtf16CodePage);
         return {};
     }
     const auto byte = [&](std::size_t i) { return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0; };
@@ -109,11 +109,10 @@ std::string GetFilenameStrA(bool& ended) {
         std::string path = name;
         EditFilePath(path);
         if (!platform::IsFileThere(path)) continue;
-        po->SrcFileName = name;
         po->LastAssembledSrcFilePath = path;
         return path;
     }
-    po->Say(InputMsg.FileNotFound);
+    Say(InputMsg.FileNotFound);
     return {};
 }
 
@@ -122,14 +121,14 @@ std::string GetFoldername(bool& ended) {
     ended = !line.has_value();
     if (ended) return {};
     std::string name = *line;
-    if (EditFilePath(name) < 0) po->Say(InputMsg.NoInput);
+    if (EditFilePath(name) < 0) Say(InputMsg.NoInput);
     return TrimZenBlankUtf8(name);
 }
 
 int OpenFileUTF8toVecW20(const std::string& path) {
     const std::optional<std::string> bytes = platform::ReadFile(path);
     if (!bytes) {
-        po->Explain(Severity::Error, NoLine, InputMsg.DoesNotOpenBinary, {Utf8Arg{path}});
+        Explain(Severity::Error, NoLine, InputMsg.DoesNotOpenBinary, {Utf8Arg{path}});
         return Utf8ReaderFailed;
     }
     b->vecSrcW.clear();
@@ -144,7 +143,7 @@ int OpenFileUTF8toVecW20(const std::string& path) {
 int OpenFileUTF16toVecW20(const std::string& path) {
     const std::optional<std::string> bytes = platform::ReadFile(path);
     if (!bytes) {
-        po->Explain(Severity::Error, NoLine, InputMsg.DoesNotOpenBinary, {Utf8Arg{path}});
+        Explain(Severity::Error, NoLine, InputMsg.DoesNotOpenBinary, {Utf8Arg{path}});
         return Utf16ReaderFailed;
     }
     b->vecSrcW.clear();
@@ -153,10 +152,10 @@ int OpenFileUTF16toVecW20(const std::string& path) {
 }
 
 int OpenFileNarrow(const std::string& path) {
-    moziCode->DetMoziCode(path, b->SimpleTitleIndex != 0);
+    moziCode->DetMoziCode(path, modeFlags->SimpleTitleIndex != 0);
     const std::optional<std::string> bytes = platform::ReadFile(path);
     if (!bytes) {
-        po->Explain(Severity::Error, NoLine, InputMsg.DoesNotOpen, {Utf8Arg{path}});
+        Explain(Severity::Error, NoLine, InputMsg.DoesNotOpen, {Utf8Arg{path}});
         return NarrowReaderFailed;
     }
     b->vecSrcA.clear();
@@ -184,9 +183,9 @@ int OpenFileWidened(const std::string& path) {
 
 int ReadSource(const std::string& path) {
     int result = 0;
-    switch (po->Pipe->reader) {
+    switch (modeFlags->Pipe->reader) {
     case Reader::Wide:
-        moziCode->DetMoziCode(path, b->SimpleTitleIndex != 0);
+        moziCode->DetMoziCode(path, modeFlags->SimpleTitleIndex != 0);
         result = IsUtf16() ? OpenFileUTF16toVecW20(path) : OpenFileUTF8toVecW20(path);
         break;
     case Reader::Widened:

@@ -1,6 +1,7 @@
 #include "input/TMoziCode.h"
 
 #include "input/MoziCodeMsgs.h"
+#include "messages/TMsgBase.h"
 #include "platform/Files.h"
 #include "text/Convert.h"
 
@@ -62,13 +63,11 @@ std::string TMoziCode::DetBOM_MzC(const std::string& path) {
     }
     for (const Mark& mark : Marks) {
         if (!head->starts_with(mark.bytes)) continue;
-        BomKazu = static_cast<std::int32_t>(mark.bytes.size());
         BomStr = mark.digits;
         CodePage = mark.codePage;
         CodeName = mark.codeName;
         return BomStr;
     }
-    BomKazu = 0;
     BomStr.clear();
     CodeName = "utf-8 or sjis";
     return {};

@@ -1,16 +1,15 @@
 #pragma once
 // Which character code a source file has. One object, `moziCode`; its verdict stays until the next file.
 
-#include "messages/TMsgBase.h"
+#include "text/Text.h"
 
 #include <cstdint>
 #include <string>
 
 namespace tolvane {
 
-class TMoziCode : public TMsgBase {
+class TMoziCode {
 public:
-    std::int32_t BomKazu = 0;  // bytes of the byte-order mark
     std::string BomStr;        // the mark in hexadecimal digits, or empty
     std::int32_t CodePage = 0; // 932, 65001, 1200, 1201; 0 until the first file has been seen
     std::string CodeName;      // as it is shown

@@ -1,10 +1,9 @@
 #include "lines/ArrayLines.h"
 
+#include "lines/Fields.h"
 #include "lines/LinesMsgs.h"
 #include "lines/Opcodes.h"
-#include "operands/DcMsgs.h"
 #include "records/Lines.h"
-#include "stages/LineDriver.h"
 
 #include <algorithm>
 
@@ -36,7 +35,6 @@ void EditLine(SrcDataA& src) {
     if (p == npos) {
         src.strLine = " ";
     } else if (src.strLine[p] == ';') {
-        src.strComment = src.strLine.substr(p);
         src.strLine.clear();
     }
 }
@@ -52,7 +50,7 @@ bool IsOpWord(const TextA& op) {
 
 // The first word that is too long to be an opcode.
 int CkOpLength(const PrgDataA& program) {
-    const int limit = cs->Pipe->limits.opLength;
+    const int limit = modeFlags->Pipe->limits.opLength;
     for (int line = program.StartLine; line <= program.EndLine; ++line) {
         const TextA& op = LineAt<char>(line).strOp;
         if (op.size() <= static_cast<std::size_t>(limit)) continue;
@@ -82,7 +80,7 @@ int CkPlaceOfDcDs(const PrgDataA& program) {
         if (IsDcOrDs(op)) {
             found = true;
         } else if (found) {
-            cs->Error(line, DcMsg.DcDsNotAtEnd);
+            cs->Error(line, LinesMsg.DcDsNotAtEnd);
             return 1;
         }
     }

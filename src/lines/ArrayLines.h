@@ -1,5 +1,5 @@
 #pragma once
-// What the array pipeline does in its own way: the normalising of the lines, the opcode words, the line driver.
+// What the array pipeline does in its own way: the normalising of the lines and the opcode words.
 
 namespace tolvane {
 
@@ -9,7 +9,5 @@ int editN();
 // Splits the fields of a program's lines, looks up every opcode word, EXIT included, and keeps DC and DS behind the
 // instructions. 0, or 1 after any Error.
 int op30(int prg);
-// Runs all passes over all programs and stops at the first that leaves an Error behind. 0, or -1 when one stopped it.
-int AnalyseArrayLines();
 
 } // namespace tolvane

@@ -18,21 +18,13 @@ template <class Ch> std::vector<int> LinesWith(std::string_view word, WordRule r
     return lines;
 }
 
-// Only the array pipeline asks what stands behind START and END.
 WordRule LettersRule() {
-    return {false, cs->Pipe->isArray};
+    return {false, modeFlags->Pipe->boundaryEndsInBlank};
 }
 WordRule BoundaryRule() {
-    return {true, cs->Pipe->isArray};
+    return {true, modeFlags->Pipe->boundaryEndsInBlank};
 }
 constexpr WordRule RetRule = {true, false};
-
-// Fills the table of START or END lines. -1 stands behind the last entry; entries beyond the table are not kept.
-void FillTable(std::array<std::int32_t, MaxPrgKazu + 1>& table, const std::vector<int>& lines) {
-    const std::size_t kept = std::min(lines.size(), table.size());
-    std::copy_n(lines.begin(), kept, table.begin());
-    if (kept < table.size()) table[kept] = -1;
-}
 
 template <class Ch> bool BeginsWithBlank(int line) {
     return IsBlank(At(LineAt<Ch>(line).strLine, 0));
@@ -88,8 +80,6 @@ template <class Ch> void MakePrgs(const std::vector<int>& starts, const std::vec
 } // namespace
 
 template <class Ch> int StartEnd10() {
-    po->StartLine = 0;
-    po->EndLine = 330;
     const std::vector<int> starts = LinesWith<Ch>("START", LettersRule());
     if (starts.empty()) {
         po->Error(NoLine, LinesMsg.NoStartLetters);
@@ -97,7 +87,6 @@ template <class Ch> int StartEnd10() {
         CkSTART_LR<Ch>();
         return -1;
     }
-    po->StartLine = starts.back();
 
     const std::vector<int> ends = LinesWith<Ch>("END", LettersRule());
     if (ends.empty()) {
@@ -106,32 +95,26 @@ template <class Ch> int StartEnd10() {
         CkEnd_LR<Ch>();
         return -3;
     }
-    po->EndLine = ends.back();
-
-    if (po->StartLine <= po->EndLine) return 0;
-    po->Error(po->StartLine, LinesMsg.StartBehindEnd);
+    if (starts.back() <= ends.back()) return 0;
+    po->Error(starts.back(), LinesMsg.StartBehindEnd);
     return -4;
 }
 
 template <class Ch> int StartEnd20() {
     const std::vector<int> starts = LinesWith<Ch>("START", BoundaryRule());
-    FillTable(b->StartLines, starts);
     if (starts.empty()) {
         po->Error(NoLine, LinesMsg.NoStartWord);
         return -1;
     }
-    po->StartLine = starts.back();
-    if (BeginsWithBlank<Ch>(po->StartLine)) po->Error(po->StartLine, LinesMsg.LastStartWithoutLabel);
+    if (BeginsWithBlank<Ch>(starts.back())) po->Error(starts.back(), LinesMsg.LastStartWithoutLabel);
 
     const std::vector<int> ends = LinesWith<Ch>("END", BoundaryRule());
-    FillTable(b->EndLines, ends);
     if (ends.empty()) {
         po->Error(NoLine, LinesMsg.NoEndWord);
         CkEnd_LR<Ch>();
         return -3;
     }
-    po->EndLine = ends.back();
-    if (!BeginsWithBlank<Ch>(po->EndLine)) po->Error(po->EndLine, LinesMsg.LastEndWithLabel);
+    if (!BeginsWithBlank<Ch>(ends.back())) po->Error(ends.back(), LinesMsg.LastEndWithLabel);
 
     const bool tooMany = starts.size() > MaxPrgKazu;
     if (tooMany) po->Error(NoLine, LinesMsg.TooManyStarts);
@@ -140,9 +123,8 @@ template <class Ch> int StartEnd20() {
     if (tooMany) return -po->ErrorKazu;
 
     const int kazu = static_cast<int>(starts.size());
-    po->PrgKazu = kazu;
     b->SetPrgKazuInFile(kazu);
-    po->Say(kazu == 1 ? LinesMsg.OnePrg : LinesMsg.ManyPrgs, {kazu});
+    Say(kazu == 1 ? LinesMsg.OnePrg : LinesMsg.ManyPrgs, {kazu});
     CkRet<Ch>(starts, ends);
     MakePrgs<Ch>(starts, ends);
     return po->ErrorKazu < 1 ? 0 : -po->ErrorKazu;
@@ -179,13 +161,9 @@ template <class Ch> int IsAnySrcOutsideSartEnd() {
     return 0;
 }
 
-template int StartEnd10<char16_t>();
-template int StartEnd10<char>();
-template int StartEnd20<char16_t>();
-template int StartEnd20<char>();
-template int StartEnd<char16_t>(int);
-template int StartEnd<char>(int);
-template int IsAnySrcOutsideSartEnd<char16_t>();
-template int IsAnySrcOutsideSartEnd<char>();
+TOLVANE_BOTH_KINDS(StartEnd10)
+TOLVANE_BOTH_KINDS(StartEnd20)
+TOLVANE_BOTH_KINDS(StartEnd)
+TOLVANE_BOTH_KINDS(IsAnySrcOutsideSartEnd)
 
 } // namespace tolvane

@@ -55,13 +55,9 @@ template <class Ch> int CkPrgNameInUse() {
     return 0;
 }
 
-template int CkLabelDouble<char16_t>(int, int, int);
-template int CkLabelDouble<char>(int, int, int);
-template int CkPrgNameDouble<char16_t>();
-template int CkPrgNameDouble<char>();
-template int CkLabelInUse<char16_t>();
-template int CkLabelInUse<char>();
-template int CkPrgNameInUse<char16_t>();
-template int CkPrgNameInUse<char>();
+TOLVANE_BOTH_KINDS(CkLabelDouble)
+TOLVANE_BOTH_KINDS(CkPrgNameDouble)
+TOLVANE_BOTH_KINDS(CkLabelInUse)
+TOLVANE_BOTH_KINDS(CkPrgNameInUse)
 
 } // namespace tolvane

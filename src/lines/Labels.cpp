@@ -2,8 +2,8 @@
 
 #include "lines/CrossChecks.h"
 #include "lines/LinesMsgs.h"
+#include "lines/RegisterNames.h"
 #include "lines/ZenKaku.h"
-#include "operands/Registers.h"
 #include "records/Lines.h"
 
 #include <algorithm>
@@ -37,7 +37,7 @@ template <class Ch> void CkLabelFirstLetter(int line) {
 template <class Ch> bool CkLabelMozi(int line) {
     const Text<Ch>& label = LineAt<Ch>(line).strLabel;
     int pos = 0;
-    const bool found = DetNonLabelMoziPos(label, pos) && (pos > 0 || cs->Pipe->firstLabelCharCounts);
+    const bool found = DetNonLabelMoziPos(label, pos) && (pos > 0 || modeFlags->Pipe->firstLabelCharCounts);
     if (!found) return true;
     cs->Error(line, LinesMsg.LabelMozi, {label});
     AnalystZenKSpace20(label, line);
@@ -114,6 +114,10 @@ template <class Ch> int Label35G(int prg, int first, int last) {
     return 0;
 }
 
+template <class Ch> int FindLabels(int prg) {
+    return Label35G<Ch>(prg, PrgAt<Ch>(prg).StartLine, PrgAt<Ch>(prg).EndLine);
+}
+
 template <class Ch> int CkMozi(const Text<Ch>& text) {
     int pos = 0;
     return DetNonLabelMoziPos(text, pos) ? pos : 0;
@@ -132,15 +136,11 @@ template <class Ch> bool DetNonLabelMoziPos(const Text<Ch>& text, int& pos) {
     return true;
 }
 
-template int CkPrgName<char16_t>(int);
-template int CkPrgName<char>(int);
-template int Label35G<char16_t>(int, int, int);
-template int Label35G<char>(int, int, int);
-template int CkMozi(const TextW&);
-template int CkMozi(const TextA&);
-template int CkSmallMozi(const TextW&);
-template int CkSmallMozi(const TextA&);
-template bool DetNonLabelMoziPos(const TextW&, int&);
-template bool DetNonLabelMoziPos(const TextA&, int&);
+TOLVANE_BOTH_KINDS(FindLabels)
+TOLVANE_BOTH_KINDS(CkPrgName)
+TOLVANE_BOTH_KINDS(Label35G)
+TOLVANE_BOTH_KINDS(CkMozi)
+TOLVANE_BOTH_KINDS(CkSmallMozi)
+TOLVANE_BOTH_KINDS(DetNonLabelMoziPos)
 
 } // namespace tolvane

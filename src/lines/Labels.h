@@ -7,6 +7,8 @@ namespace tolvane {
 
 // Checks and stores a program's name. 0; -1 no label, -2 first letter, -3 character, -4 length, -5 reserved word.
 template <class Ch> int CkPrgName(int prg);
+// Label35G over the lines of a program, END included. 0.
+template <class Ch> int FindLabels(int prg);
 // Finds and checks the labels of the lines from first to last, duplicates included. 0; errors are counted.
 template <class Ch> int Label35G(int prg, int first, int last);
 // Position of the first character that is not A to Z or 0 to 9; 0 if there is none or it stands at the front.

@@ -16,9 +16,7 @@ template <class Ch> void SortLine(SrcData<Ch>& src) {
     if (p == npos) {
         src.strSrc.clear();
         src.strLine.clear();
-        src.strComment.clear();
     } else if (src.strLine[p] == Ch(';')) {
-        src.strComment = TrimRightBlank(src.strLine.substr(p));
         src.strLine.clear();
     } else {
         src.strLine = TrimRightBlank(src.strLine);
@@ -46,12 +44,22 @@ template <class Ch> std::size_t FindComment(const Text<Ch>& line) {
     return npos;
 }
 
-template <class Ch> void DropBlanksBehindEqual(Text<Ch>& line, std::size_t equal) {
-    const std::size_t next = FindNonBlank(line, equal + 1);
+// The operand text as the edit passes see it: without the blanks behind its first "=", if no apostrophe stands before
+// it. An "=" with nothing but blanks behind it goes as well.
+template <class Ch> Text<Ch> EditedOprnd(const SrcData<Ch>& src) {
+    Text<Ch> text = src.strOprndCom;
+    const std::size_t equal = text.find(Ch('='));
+    if (equal == npos || text.find(Ch('\'')) < equal) return text;
+    const std::size_t next = FindNonBlank(text, equal + 1);
     if (next == npos)
-        line.erase(equal);
+        text.erase(equal);
     else
-        line.erase(equal + 1, next - equal - 1);
+        text.erase(equal + 1, next - equal - 1);
+    return text;
+}
+
+template <class Ch> bool StandsBeforeApostrophe(const Text<Ch>& text, std::size_t at) {
+    return at != npos && at <= text.find(Ch('\''));
 }
 
 // Whether one of the signs stands in the text with a blank directly behind it.
@@ -66,11 +74,6 @@ bool HasBlankBehind(const Text<Ch>& line, const std::array<std::string_view, N>&
 constexpr std::array<std::string_view, 3> LiteralSigns = {"=+", "=-", "=#"};
 constexpr std::array<std::string_view, 3> Signs = {"+", "-", "#"};
 constexpr std::array<std::string_view, 5> NoOperandOps = {"NOP", "RPUSH", "RPOP", "RET", "END"};
-
-template <class Ch> void SplitComment(SrcData<Ch>& src, std::size_t semicolon) {
-    src.strComment = src.strLine.substr(semicolon);
-    src.strLine.erase(semicolon);
-}
 
 } // namespace
 
@@ -101,12 +104,8 @@ template <class Ch> int StripComment(int prg) {
 template <class Ch> int edit30c(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
-        Text<Ch>& text = LineAt<Ch>(line).strLine;
-        const std::size_t apostrophe = text.find(Ch('\''));
-        const std::size_t equal = text.find(Ch('='));
-        if (equal == npos || apostrophe < equal) continue;
-        DropBlanksBehindEqual(text, equal);
-        if (!HasBlankBehind(text, LiteralSigns)) continue;
+        const Text<Ch> text = EditedOprnd(LineAt<Ch>(line));
+        if (!StandsBeforeApostrophe(text, text.find(Ch('='))) || !HasBlankBehind(text, LiteralSigns)) continue;
         cs->Error(line, LinesMsg.SpaceBehindLiteralSign, {text});
         return -1;
     }
@@ -116,29 +115,10 @@ template <class Ch> int edit30c(int prg) {
 template <class Ch> int edit50(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
-        const Text<Ch>& text = LineAt<Ch>(line).strLine;
-        const std::size_t apostrophe = text.find(Ch('\''));
-        const std::size_t sign = text.find_first_of(Lit<Ch>("+-#"));
-        if (sign == npos || apostrophe < sign) continue;
-        if (!HasBlankBehind(text, Signs)) continue;
+        const Text<Ch> text = EditedOprnd(LineAt<Ch>(line));
+        if (!StandsBeforeApostrophe(text, text.find_first_of(Lit<Ch>("+-#"))) || !HasBlankBehind(text, Signs)) continue;
         cs->Error(line, LinesMsg.SpaceBehindSign, {text});
         return -1;
-    }
-    return 0;
-}
-
-template <class Ch> int CutComment(int prg) {
-    const PrgData<Ch>& program = PrgAt<Ch>(prg);
-    for (int line = program.StartLine; line < program.EndLine; ++line) {
-        SrcData<Ch>& src = LineAt<Ch>(line);
-        const Text<Ch>& text = src.strLine;
-        const std::size_t first = text.find(Ch(';'));
-        if (first == npos) continue;
-        const std::size_t apostrophe = text.find(Ch('\''));
-        const bool beforeConstant = first < apostrophe;
-        const bool onlyOneBehindConstant =
-            apostrophe != npos && text.rfind(Ch(';')) == first && text.rfind(Ch('\'')) < first;
-        if (beforeConstant || onlyOneBehindConstant) SplitComment(src, first);
     }
     return 0;
 }
@@ -164,7 +144,7 @@ template <class Ch> int OpNoOperand(int line, const Text<Ch>& firstOperand) {
     return 1;
 }
 
-template <class Ch> void TabsToBlanks() {
+template <class Ch> int TabsToBlanks() {
     auto toSpaces = [](Text<Ch>& text, std::size_t begin, std::size_t end) {
         for (std::size_t i = begin; i < end; ++i)
             if (text[i] == Ch('\t')) text[i] = Ch(' ');
@@ -175,23 +155,15 @@ template <class Ch> void TabsToBlanks() {
         toSpaces(text, 0, std::min(first, text.size()));
         if (first != npos) toSpaces(text, text.rfind(Ch('\'')), text.size());
     }
+    return 0;
 }
 
-template int editNWB<char16_t>();
-template int editNWB<char>();
-template int StripComment<char16_t>(int);
-template int StripComment<char>(int);
-template int edit30c<char16_t>(int);
-template int edit30c<char>(int);
-template int edit50<char16_t>(int);
-template int edit50<char>(int);
-template int CutComment<char16_t>(int);
-template int CutComment<char>(int);
-template int RemoveNoOprndOpSemiColn<char16_t>(int);
-template int RemoveNoOprndOpSemiColn<char>(int);
-template int OpNoOperand(int, const TextW&);
-template int OpNoOperand(int, const TextA&);
-template void TabsToBlanks<char16_t>();
-template void TabsToBlanks<char>();
+TOLVANE_BOTH_KINDS(editNWB)
+TOLVANE_BOTH_KINDS(StripComment)
+TOLVANE_BOTH_KINDS(edit30c)
+TOLVANE_BOTH_KINDS(edit50)
+TOLVANE_BOTH_KINDS(RemoveNoOprndOpSemiColn)
+TOLVANE_BOTH_KINDS(OpNoOperand)
+TOLVANE_BOTH_KINDS(TabsToBlanks)
 
 } // namespace tolvane

@@ -11,17 +11,16 @@ namespace tolvane {
 template <class Ch> int editNWB();
 // Cuts the comments off the lines of a program, END left out. 0.
 template <class Ch> int StripComment(int prg);
-// Removes the blanks behind the first "="; refuses a blank behind =+, =- and =#. Negative at the first Error, else 0.
+// Refuse a blank behind =+, =- and =# in an operand text, the blanks behind the first "=" left out. Negative at the
+// first Error, else 0.
 template <class Ch> int edit30c(int prg);
 // Refuses a blank behind "+", "-" and "#". Negative at the first Error, else 0.
 template <class Ch> int edit50(int prg);
-// Splits off the comment that StripComment has left. 0.
-template <class Ch> int CutComment(int prg);
 // Explains an unknown word that is an instruction without operands run together with its comment. -1 with an Error.
 template <class Ch> int RemoveNoOprndOpSemiColn(int line);
 // Refuses operand text of an instruction without operands. 1 with an Error, else 0.
 template <class Ch> int OpNoOperand(int line, const Text<Ch>& firstOperand);
-// Replaces the tabs outside character constants by blanks, over the whole file.
-template <class Ch> void TabsToBlanks();
+// Replaces the tabs outside character constants by blanks, over the whole file. 0.
+template <class Ch> int TabsToBlanks();
 
 } // namespace tolvane

@@ -43,7 +43,7 @@ template <class Ch> void ExplainUnknownOp(int line) {
     const Text<Ch>& op = LineAt<Ch>(line).strOp;
     cs->Error(line, LinesMsg.UnknownOp, {op});
     AnalystZenKSpace20(op, line);
-    if (!cs->Pipe->isArray && FindZenSpace(op) != npos) cs->Error(line, LinesMsg.ZenSpaceInOp);
+    if (modeFlags->Pipe->tellsZenSpaceInOp && FindZenSpace(op) != npos) cs->Error(line, LinesMsg.ZenSpaceInOp);
     RemoveNoOprndOpSemiColn<Ch>(line);
     if (CkSmallMozi(op) > 0) cs->Error(line, LinesMsg.SmallMoziInOp, {op});
     AnalystOP<Ch>(line);
@@ -56,13 +56,9 @@ template <class Ch> int AnalystOP(int line) {
     return 1;
 }
 
-template bool IsCaslWord(const TextW&);
-template bool IsCaslWord(const TextA&);
-template int CkOpStr<char16_t>(int);
-template int CkOpStr<char>(int);
-template void ExplainUnknownOp<char16_t>(int);
-template void ExplainUnknownOp<char>(int);
-template int AnalystOP<char16_t>(int);
-template int AnalystOP<char>(int);
+TOLVANE_BOTH_KINDS(IsCaslWord)
+TOLVANE_BOTH_KINDS(CkOpStr)
+TOLVANE_BOTH_KINDS(ExplainUnknownOp)
+TOLVANE_BOTH_KINDS(AnalystOP)
 
 } // namespace tolvane

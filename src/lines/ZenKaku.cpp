@@ -205,7 +205,7 @@ template <class Ch> int CkEnd_LR() {
 }
 
 template <class Ch> int TrimZenOprndCom() {
-    const bool tellsUnknownOp = !IsWide<Ch> && !cs->Pipe->isArray;
+    const bool tellsUnknownOp = modeFlags->Pipe->trimTellsUnknownOp;
     for (SrcData<Ch>& src : b->Src<Ch>()) {
         if (src.strOp.empty() || src.strOprndCom.empty()) continue;
         const Tidy tidy = TidyOf(src.strOp);
@@ -214,26 +214,23 @@ template <class Ch> int TrimZenOprndCom() {
         else if (tidy != Tidy::None)
             TidyCarefully(src.strOprndCom, tidy == Tidy::CarefulWithCommas);
         else if (tellsUnknownOp && !IsCaslWord(src.strOp))
-            cs->Say(LinesMsg.NoOpCodeToTrim, {src.strOp});
+            Say(LinesMsg.NoOpCodeToTrim, {src.strOp});
     }
     return 0;
 }
 
-template int AnalystZenKSpace20(const TextW&, int);
-template int AnalystZenKSpace20(const TextA&, int);
-template int AnalystZenKMozi(const TextW&, int);
-template int AnalystZenKMozi(const TextA&, int);
-template int AnalystZenKakuMoziStr(const TextW&, int);
-template int AnalystZenKakuMoziStr(const TextA&, int);
-template int DetSTARTatZenKakuSpace<char16_t>();
-template int DetSTARTatZenKakuSpace<char>();
-template int DetENDatZenKakuSpace<char16_t>();
-template int DetENDatZenKakuSpace<char>();
-template int CkSTART_LR<char16_t>();
-template int CkSTART_LR<char>();
-template int CkEnd_LR<char16_t>();
-template int CkEnd_LR<char>();
-template int TrimZenOprndCom<char16_t>();
-template int TrimZenOprndCom<char>();
+template <class Ch> int TrimZenOprndComOfFile(int) {
+    return TrimZenOprndCom<Ch>();
+}
+
+TOLVANE_BOTH_KINDS(TrimZenOprndComOfFile)
+TOLVANE_BOTH_KINDS(AnalystZenKSpace20)
+TOLVANE_BOTH_KINDS(AnalystZenKMozi)
+TOLVANE_BOTH_KINDS(AnalystZenKakuMoziStr)
+TOLVANE_BOTH_KINDS(DetSTARTatZenKakuSpace)
+TOLVANE_BOTH_KINDS(DetENDatZenKakuSpace)
+TOLVANE_BOTH_KINDS(CkSTART_LR)
+TOLVANE_BOTH_KINDS(CkEnd_LR)
+TOLVANE_BOTH_KINDS(TrimZenOprndCom)
 
 } // namespace tolvane

@@ -20,5 +20,7 @@ template <class Ch> int CkEnd_LR();
 // Tidies comments, tabs and spaces in the operand text of START, POP, DS, IN, OUT, CALL, PUSH, SVC and DC, over the
 // whole file. 0.
 template <class Ch> int TrimZenOprndCom();
+// The same as a pass: the whole file is swept with every program. 0.
+template <class Ch> int TrimZenOprndComOfFile(int prg);
 
 } // namespace tolvane

@@ -169,7 +169,6 @@ template <class Ch> int AdrCk53(int prg) {
     return 0;
 }
 
-template int AdrCk53<char16_t>(int);
-template int AdrCk53<char>(int);
+TOLVANE_BOTH_KINDS(AdrCk53)
 
 } // namespace tolvane

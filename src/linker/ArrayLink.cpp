@@ -47,8 +47,8 @@ void ClearForFirst(int prg) {
 
 // Refuses an image that would reach beyond the memory.
 bool Exceeds(int total, int line) {
-    if (total <= cs->Pipe->limits.imageWords) return false;
-    cs->Say(LinkerMsg.LinkerError);
+    if (total <= modeFlags->Pipe->limits.imageWords) return false;
+    Say(LinkerMsg.LinkerError);
     CkMaxMemory2(total, line);
     return true;
 }
@@ -64,7 +64,7 @@ int AdrCk3(int prg) {
 
 int CkMaxMemory(int prg) {
     const PrgDataA& program = PrgAt<char>(prg);
-    const Limits& limits = cs->Pipe->limits;
+    const Limits& limits = modeFlags->Pipe->limits;
     const int n = InstructionWords(program);
     const int d = cs->max_rl_memory_d;
     if (d > limits.dcdsWords) {
@@ -80,7 +80,7 @@ int CkMaxMemory(int prg) {
 }
 
 int CkMaxMemory2(int total, int line) {
-    const int limit = cs->Pipe->limits.imageWords;
+    const int limit = modeFlags->Pipe->limits.imageWords;
     if (total <= limit) return 0;
     if (total > AllAddresses)
         cs->Error(line, LinkerMsg.BeyondAllAddresses, {total});
@@ -91,32 +91,30 @@ int CkMaxMemory2(int total, int line) {
 
 int InitialSetMemory(int prg) {
     ClearForFirst(prg);
-    SetMemory<char>(*cs, prg);
+    SetMemory<char>(prg);
     return 0;
 }
 
-int SetMemory25(TMsgBase& game, int prg) {
+int SetMemory25(int prg) {
     ClearForFirst(prg);
     const PrgDataA& program = PrgAt<char>(prg);
     int address = program.AbAdrAtStart;
-    SetLinesInMemory<char>(game, prg, Taken::Instructions, address);
+    SetLinesInMemory<char>(prg, Taken::Instructions, address);
     if (Exceeds(address + DcDsWords(program), program.EndLine)) return -1;
-    SetLinesInMemory<char>(game, prg, Taken::Constants, address);
+    SetLinesInMemory<char>(prg, Taken::Constants, address);
     if (Exceeds(address + LiteralWords(program), program.EndLine)) return -1;
     SetLiteralsInMemory<char>(prg, address);
     comet2->ReservedWords = address;
     return 0;
 }
 
-int Link2(TMsgBase& game) {
+int Link2() {
     for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg) {
         SetMryInAtDC<char>(prg);
         AdrCk53<char>(prg);
-        SumMsgKazu(game);
-        if (game.ErrorKazu > 0) return ~prg;
-        if (SetMemory25(game, prg) == 0) continue;
-        cs->Error(NoLine, LinkerMsg.LinkRefused, {cs->Pipe->limits.imageWords});
-        SumMsgKazu(game);
+        if (ErrorSum() > 0) return ~prg;
+        if (SetMemory25(prg) == 0) continue;
+        cs->Error(NoLine, LinkerMsg.LinkRefused, {modeFlags->Pipe->limits.imageWords});
         return -2;
     }
     return 0;

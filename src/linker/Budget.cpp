@@ -17,7 +17,6 @@ template <class Ch> int CkMaxMrySize() {
     return -2;
 }
 
-template int CkMaxMrySize<char16_t>();
-template int CkMaxMrySize<char>();
+TOLVANE_BOTH_KINDS(CkMaxMrySize)
 
 } // namespace tolvane

@@ -36,7 +36,7 @@ void Store(int& address, int value) {
 }
 
 // Writes the constants of a DC line and tells them their addresses.
-template <class Ch> void StoreDc(TMsgBase& game, SrcData<Ch>& src, int start, int& address) {
+template <class Ch> void StoreDc(SrcData<Ch>& src, int start, int& address) {
     for (std::size_t k = 0; k < src.vecDcConst.size(); ++k) {
         TDcConst<Ch>& constant = src.vecDcConst[k];
         const std::string_view kind = constant.DataTypeStrFlag;
@@ -50,14 +50,14 @@ template <class Ch> void StoreDc(TMsgBase& game, SrcData<Ch>& src, int start, in
                 Store(address, mozi.Code);
             }
         } else {
-            game.Error(NoLine, LinkerMsg.StrangeKind, {constant.strConst, k, constant.DataTypeStrFlag});
+            cs->Error(NoLine, LinkerMsg.StrangeKind, {constant.strConst, k, constant.DataTypeStrFlag});
         }
     }
 }
 
-template <class Ch> void StoreLine(TMsgBase& game, SrcData<Ch>& src, int start, int& address) {
+template <class Ch> void StoreLine(SrcData<Ch>& src, int start, int& address) {
     if (Is(src.strOp, "DC")) {
-        StoreDc(game, src, start, address);
+        StoreDc(src, start, address);
     } else if (Is(src.strOp, "DS")) {
         src.AbAdr = address; // also the address of a label on DS 0: what follows
         for (int i = 0; i < src.word_kazu; ++i)
@@ -95,13 +95,13 @@ template <class Ch> void SetLineOfWord() {
     }
 }
 
-template <class Ch> void SetLinesInMemory(TMsgBase& game, int prg, Taken taken, int& address) {
+template <class Ch> void SetLinesInMemory(int prg, Taken taken, int& address) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         if (src.strOp.empty()) continue;
         const Taken kind = IsDcOrDs(src.strOp) ? Taken::Constants : Taken::Instructions;
-        if (taken == Taken::All || taken == kind) StoreLine(game, src, program.AbAdrAtStart, address);
+        if (taken == Taken::All || taken == kind) StoreLine(src, program.AbAdrAtStart, address);
     }
 }
 
@@ -113,41 +113,32 @@ template <class Ch> void SetLiteralsInMemory(int prg, int& address) {
     }
 }
 
-template <class Ch> void SetMemory(TMsgBase& game, int prg) {
+template <class Ch> void SetMemory(int prg) {
     int address = PrgAt<Ch>(prg).AbAdrAtStart;
-    SetLinesInMemory<Ch>(game, prg, Taken::All, address);
+    SetLinesInMemory<Ch>(prg, Taken::All, address);
     SetLiteralsInMemory<Ch>(prg, address);
     if (prg + 1 < PrgKazu<Ch>()) PrgAt<Ch>(prg + 1).AbAdrAtStart = address;
 }
 
-template <class Ch> int Link31(TMsgBase& game) {
+template <class Ch> int Link31() {
     const int programs = PrgKazu<Ch>();
     for (int prg = 0; prg < programs; ++prg)
         SetMryInAtDC<Ch>(prg);
     for (int prg = 0; prg < programs; ++prg) {
         AdrCk53<Ch>(prg);
-        SumMsgKazu(game);
-        if (game.ErrorKazu > 0) return ~prg;
+        if (ErrorSum() > 0) return ~prg;
     }
-    if (CkMaxMrySize<Ch>() < 0) {
-        ++game.ErrorKazu;
-        return -2;
-    }
-    if (cs->Pipe->buildsLineOfWord) SetLineOfWord<Ch>();
+    if (CkMaxMrySize<Ch>() < 0) return -2;
+    if (modeFlags->Pipe->buildsLineOfWord) SetLineOfWord<Ch>();
     for (int prg = 0; prg < programs; ++prg)
-        SetMemory<Ch>(game, prg);
+        SetMemory<Ch>(prg);
     return 0;
 }
 
-template void SetLineOfWord<char16_t>();
-template void SetLineOfWord<char>();
-template void SetLinesInMemory<char16_t>(TMsgBase&, int, Taken, int&);
-template void SetLinesInMemory<char>(TMsgBase&, int, Taken, int&);
-template void SetLiteralsInMemory<char16_t>(int, int&);
-template void SetLiteralsInMemory<char>(int, int&);
-template void SetMemory<char16_t>(TMsgBase&, int);
-template void SetMemory<char>(TMsgBase&, int);
-template int Link31<char16_t>(TMsgBase&);
-template int Link31<char>(TMsgBase&);
+TOLVANE_BOTH_KINDS(SetLineOfWord)
+TOLVANE_BOTH_KINDS(SetLinesInMemory)
+TOLVANE_BOTH_KINDS(SetLiteralsInMemory)
+TOLVANE_BOTH_KINDS(SetMemory)
+TOLVANE_BOTH_KINDS(Link31)
 
 } // namespace tolvane

@@ -14,9 +14,9 @@ namespace tolvane {
 template <class Ch> int AdrCk53(int prg);
 // Whether the whole file fits below the stack area. 0, or -1 or -2 with an Error.
 template <class Ch> int CkMaxMrySize();
-// The link: second walk, size check, image. `game` receives the sums of the counters. 0; the complement of the index
-// of a program with an Error; -2 if the size is refused.
-template <class Ch> int Link31(TMsgBase& game);
+// The link: second walk, size check, image. 0; the complement of the index of a program with an Error; -2 if the size
+// is refused.
+template <class Ch> int Link31();
 
 // Which source line owns each word of the image, for all programs; a literal belongs to the line that uses it.
 template <class Ch> void SetLineOfWord();
@@ -24,10 +24,10 @@ template <class Ch> void SetLineOfWord();
 enum class Taken { Instructions, Constants, All };
 // Pieces of SetMemory: the words of the lines, DC and DS being the constants; the words of the literals. `address` is
 // where the next word goes.
-template <class Ch> void SetLinesInMemory(TMsgBase& game, int prg, Taken taken, int& address);
+template <class Ch> void SetLinesInMemory(int prg, Taken taken, int& address);
 template <class Ch> void SetLiteralsInMemory(int prg, int& address);
-// Writes the words of one program into the machine's memory. An unknown kind of constant counts at `game`.
-template <class Ch> void SetMemory(TMsgBase& game, int prg);
+// Writes the words of one program into the machine's memory.
+template <class Ch> void SetMemory(int prg);
 
 // The array pipeline, whose machine is smaller.
 
@@ -40,8 +40,8 @@ int CkMaxMemory2(int total, int line);
 // Writes the words of a program for the first time, to an empty machine if it is the first program. 0.
 int InitialSetMemory(int prg);
 // The same with the sums checked again: instructions, then DC and DS, then literals. 0, or -1 with an Error.
-int SetMemory25(TMsgBase& game, int prg);
+int SetMemory25(int prg);
 // The link: second walk and image, program by program. Results as those of Link31.
-int Link2(TMsgBase& game);
+int Link2();
 
 } // namespace tolvane

@@ -6,18 +6,16 @@
 namespace tolvane {
 
 struct MachineCatalogue {
-    Msg Start{Room::Machine, "The comet2 starts running, please wait for a moment ...,\n",
+    Msg Start{"The comet2 starts running, please wait for a moment ...,\n",
               "\n演算実行 開始、しばらくお待ちください。\n"
               "COMET2 実行中 "};
-    Msg End{Room::Machine,
-            "and it has come to an end of the program\n"
+    Msg End{"and it has come to an end of the program\n"
             "in ",
             "--> 終了\n"};
-    Msg RunTime{Room::Machine, "{0}. ", "{0} 実行時間 "};
+    Msg RunTime{"{0}. ", "{0} 実行時間 "};
 
     // The stops. {0} is the limit, where there is one.
-    Msg PrBeyondMemory{Room::Machine,
-                       "Runtime Error: The comet2 is terminated！\n"
+    Msg PrBeyondMemory{"Runtime Error: The comet2 is terminated！\n"
                        "Because the Program Register(PR) has exceeded the maximum memory address "
                        "of {0}. "
                        "Your program cannnot access any address over there. "
@@ -60,8 +58,7 @@ struct MachineCatalogue {
                         "おそらく、プログラムの定義域を飛び出して、メモリ後半にある "
                         "NOP=#0000 の連続部分が実行されたものと考えられます。"}};
     // {0} the word, {1} its address
-    Msg BadRegister{Room::Machine,
-                    "Runtime Error: The comet2 is terminated! "
+    Msg BadRegister{"Runtime Error: The comet2 is terminated! "
                     "There is a machine code to specify "
                     "a non-general register excluding GR0-GR7. "
                     " Or the instruction code has been rewriten "
@@ -88,8 +85,7 @@ struct MachineCatalogue {
                      "あるいは、機械語命令がそのように変化している。 "
                      "命令コード #{0x4} を実行しようとしたので実行が中断された。 "
                      "Program Register(PR)=#{1x4}= {1} （十進数）番地  "}};
-    Msg OperandBeyondMemory{Room::Machine,
-                            "\nRuntime Error: --> OS: Forced Termination of the comet2.  "
+    Msg OperandBeyondMemory{"\nRuntime Error: --> OS: Forced Termination of the comet2.  "
                             "The virtual OS has detected that the comet2 "
                             "is going to access a memory beyond tMaxMemory. \n",
                             "\n実行時エラー：途中中止：  tMaxMemory を超えてロードしようとしたので"
@@ -107,17 +103,15 @@ struct MachineCatalogue {
                              "-> 中止。  MaxMemory を超えてロードしようとしたので"
                              "実行を中止しました。 \n"}};
     // The instruction's two words: {0} address as a signed word, {1} address, {2} cell; {3} {4} {5} the same.
-    Msg OperandWords{Room::Machine,
-                     "PR={0} (address), Memory[{1}]=#{2x4}={2}(dec) and \n"
+    Msg OperandWords{"PR={0} (address), Memory[{1}]=#{2x4}={2}(dec) and \n"
                      "PR={3} (address), Memory[{4}]=#{5x4}={5}(dec) \n",
                      "PR={0} 番地の Memory[{1}]=#{2x4}={2}(dec) と \n"
                      "PR={3} 番地の Memory[{4}]=#{5x4}={5}(dec)\n"
                      " を実行により発生。 \n"};
     // The cell that the address word names: {0} address as a signed word, {1} the word, {2} its signed value.
-    Msg OperandCell{Room::Machine, "Memory[{0}]=#{1x4}={2}(dec). \n", "Memory[{0}]=#{1x4}={2}(dec). \n"};
+    Msg OperandCell{"Memory[{0}]=#{1x4}={2}(dec). \n", "Memory[{0}]=#{1x4}={2}(dec). \n"};
     // {0} the word, {1} its address
-    Msg NotANop{Room::Machine,
-                "\nRuntime Error: Forced Termination of comet2 by OS:\n"
+    Msg NotANop{"\nRuntime Error: Forced Termination of comet2 by OS:\n"
                 "An unknown error has happened while comet2 is running. "
                 "The comet2 is going to "
                 "execute #{0x4} at an address of {1} (Dec). "
@@ -133,8 +127,7 @@ struct MachineCatalogue {
                 "Please check your source code carefully, "
                 "you will find out this main cause in it.\n\n"};
     // {0} the limit, {1} the instruction's address
-    Msg StoreBeyondMemory{Room::Machine,
-                          "Terminated!\n"
+    Msg StoreBeyondMemory{"Terminated!\n"
                           "The COMET2 has 65536 words in memory. \n"
                           "When an opcode at "
                           "#{1x4} was executed, "
@@ -159,8 +152,7 @@ struct MachineCatalogue {
                            " otherwise the comet2 would get out of control. \n",
                            nullptr}};
     // {0} the word, {1} its address
-    Msg UnknownCode{Room::Machine,
-                    "\nRuntime Error: "
+    Msg UnknownCode{"\nRuntime Error: "
                     "The comet2 has been terminated by OS.  "
                     "Because a non-registered machine code of "
                     "#{0x4} is going to be executed.  "
@@ -179,15 +171,13 @@ struct MachineCatalogue {
                      "Program Register(pr)=#{1x}=dec{1} \n"
                      "An unknown error has happened in Tcomet2::Run(). ",
                      nullptr}};
-    Msg ReturnWithoutStack{Room::Machine,
-                           "SP=#{0x} "
+    Msg ReturnWithoutStack{"SP=#{0x} "
                            "An unknown error has happened "
                            "in Tcomet2::ret581(), ret681. ",
                            "SP=#{0x} "
                            "An unknown error has happened "
                            "in Tcomet2::ret581(), ret681. "};
-    Msg StackFull{Room::Machine,
-                  "The virtual OS has terminated the comet2. "
+    Msg StackFull{"The virtual OS has terminated the comet2. "
                   "Because the comet2 was going to save a data "
                   "into an inappropriate memory area "
                   "beyond the so-called stack area. "
@@ -201,8 +191,7 @@ struct MachineCatalogue {
 
     // {0} reserved words, in Japanese the last address of them, {1} the store's address, {2} the instruction's address,
     // {3} its word, {4} its executions
-    Msg StoreWarning{Room::Machine,
-                     "Warning: Out of Range\n"
+    Msg StoreWarning{"Warning: Out of Range\n"
                      "Your reserved memory is {0} words in size. \n"
                      "A data has stored in an address of {1}(Dec).\n"
                      "The address is out of the reserved area.\n"
@@ -228,22 +217,19 @@ struct MachineCatalogue {
                       nullptr}};
 
     // The virtual OS
-    Msg UnknownService{Room::Machine,
-                       "{0} works as NOP does. "
+    Msg UnknownService{"{0} works as NOP does. "
                        "Because there is no description about {0} "
                        "in Spec.of CASL2. ",
                        "svc {0} は仕様に記述がないので、NOP と同じ動作をするものとした。 "};
-    Msg OutHead{Room::Machine, "\nOS: Output by a Macro Instruction of OUT. \n",
-                "\nOS: マクロ命令( OUT )による出力 \n"};
-    Msg InHead{Room::Machine,
-               "\nOS: Input some letters from your keyboard. \n"
+    Msg OutHead{"\nOS: Output by a Macro Instruction of OUT. \n", "\nOS: マクロ命令( OUT )による出力 \n"};
+    Msg InHead{"\nOS: Input some letters from your keyboard. \n"
                "(Input Requirement by a Macro Instruction of IN) \n"
                "Press Enter key or Ctrl + Z Keys "
                "at the end of your input. \n",
                "\nOS: 文字を入力してください。 \n"
                "マクロ命令( IN )による入力要求。\n"
                "Enter キイ を押す 又は CTRL + Z を押す と 入力終了。 \n"};
-    Msg InNotConverted{Room::Machine, "mbsrtowcs_s() has returned Error. MbChToWCsH(), ",
+    Msg InNotConverted{"mbsrtowcs_s() has returned Error. MbChToWCsH(), ",
                        "mbsrtowcs_s() has returned Error. MbChToWCsH(), "};
 };
 inline constexpr MachineCatalogue MachineMsg;

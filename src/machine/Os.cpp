@@ -71,7 +71,7 @@ void Tcomet2::OsOut() const {
     for (int a = buffer; a < end; ++a)
         text += static_cast<char16_t>(Memory[static_cast<std::size_t>(a)] & 0xFFFF);
 
-    if (Pipe->text == TextKind::Narrow) text = JoinBytes(text);
+    if (modeFlags->Pipe->text == TextKind::Narrow) text = JoinBytes(text);
 
     Print(MachineMsg.OutHead);
     console::Write(Utf8(text) + "\n");

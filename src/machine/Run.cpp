@@ -144,7 +144,7 @@ int Tcomet2::Run3() {
     EffAdr = 0;
     PR = 0;
     MaxRunCount = 0;
-    if (Pipe->clearsRunCount) std::fill(RunCount.begin(), RunCount.begin() + 65000, 0);
+    if (modeFlags->Pipe->clearsRunCount) std::fill(RunCount.begin(), RunCount.begin() + 65000, 0);
     timer->SetRunStart();
 
     const Stop stop = Execute();
@@ -160,7 +160,7 @@ int Tcomet2::Run3() {
 }
 
 Stop Tcomet2::Execute() {
-    const int storeGuard = Pipe->storeGuard;
+    const int storeGuard = modeFlags->Pipe->storeGuard;
     const int reserved = ReservedWords;
     bool storeWarned = false;
 
@@ -171,7 +171,7 @@ Stop Tcomet2::Execute() {
 
     // The first address that is neither an instruction's nor a memory operand's. A stop pulls it down to 0, so that the
     // loop asks for nothing else.
-    auto limit = static_cast<std::size_t>(Pipe->maxMemory) + 1;
+    auto limit = static_cast<std::size_t>(modeFlags->Pipe->maxMemory) + 1;
     Stop stop = Stop::None;
     const auto end = [&limit, &stop](Stop reason) {
         stop = reason;
@@ -398,13 +398,14 @@ Stop Tcomet2::Execute() {
 // The guard of an indexed store: refuses it from the limit on, else warns. PR stands on the second word.
 int Tcomet2::st511(int address) {
     const int a = PR - 1;
-    if (address >= Pipe->storeLimit) {
-        Print(MachineMsg.StoreBeyondMemory, {Pipe->storeLimit, a});
+    if (address >= modeFlags->Pipe->storeLimit) {
+        TellStop(MachineMsg.StoreBeyondMemory, {modeFlags->Pipe->storeLimit, a});
         return StoreRefused;
     }
     const auto cell = static_cast<std::size_t>(a);
-    const int size = Lang == 0 ? ReservedWords - 1 : ReservedWords; // the Japanese text names the last address
-    Print(MachineMsg.StoreWarning, {size, address, a, Memory[cell], RunCount[cell]});
+    const int size =
+        modeFlags->Lang == 0 ? ReservedWords - 1 : ReservedWords; // the Japanese text names the last address
+    TellWarning(MachineMsg.StoreWarning, {size, address, a, Memory[cell], RunCount[cell]});
     return 0;
 }
 
@@ -428,19 +429,25 @@ void Tcomet2::DspStop(Stop stop) const {
     const int w = Memory[static_cast<std::size_t>(PR)];
     switch (stop) {
     case Stop::PrBeyondMemory:
-        return Print(MachineMsg.PrBeyondMemory, {Pipe->maxMemory, PR});
+        TellStop(MachineMsg.PrBeyondMemory, {modeFlags->Pipe->maxMemory, PR});
+        return;
     case Stop::BadRegister:
-        return Print(MachineMsg.BadRegister, {w, PR});
+        TellStop(MachineMsg.BadRegister, {w, PR});
+        return;
     case Stop::OperandBeyondMemory:
         return DspOperandBeyondMemory();
     case Stop::NotANop:
-        return Print(MachineMsg.NotANop, {w, PR});
+        TellStop(MachineMsg.NotANop, {w, PR});
+        return;
     case Stop::UnknownCode:
-        return Print(MachineMsg.UnknownCode, {w, PR});
+        TellStop(MachineMsg.UnknownCode, {w, PR});
+        return;
     case Stop::ReturnWithoutStack:
-        return Print(MachineMsg.ReturnWithoutStack, {SP});
+        TellStop(MachineMsg.ReturnWithoutStack, {SP});
+        return;
     case Stop::StackFull:
-        return Print(MachineMsg.StackFull, {PR - 1});
+        TellStop(MachineMsg.StackFull, {PR - 1});
+        return;
     case Stop::StoreBeyondMemory: // st511 has told it
     case Stop::End:
     case Stop::None:
@@ -453,9 +460,9 @@ void Tcomet2::DspOperandBeyondMemory() const {
     const int first = Memory[static_cast<std::size_t>(a)];
     const int second = Memory[static_cast<std::size_t>(PR)];
     const int named = Memory[static_cast<std::size_t>(Unsigned(second))];
-    Print(MachineMsg.OperandBeyondMemory);
-    Print(MachineMsg.OperandWords, {Signed(a), a, first, Signed(PR), PR, second});
-    Print(MachineMsg.OperandCell, {Signed(second), Unsigned(named), Signed(named)});
+    TellStop(MachineMsg.OperandBeyondMemory);
+    TellStop(MachineMsg.OperandWords, {Signed(a), a, first, Signed(PR), PR, second});
+    TellStop(MachineMsg.OperandCell, {Signed(second), Unsigned(named), Signed(named)});
 }
 
 } // namespace tolvane

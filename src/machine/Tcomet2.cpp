@@ -16,12 +16,21 @@ void Tcomet2::InitComet2() {
     EffAdr = 0;
     SP = StackBottom;
     Fovf = Fsign = Fzero = 0;
-    SrcFileName.clear();
     ReservedWords = 0;
 }
 
-void Tcomet2::Print(const Msg& msg, Args args) const {
-    console::Write(Compose(msg.For(Lang, Pipe->wording), Lang, Severity::Error, NoLine, args));
+void Tcomet2::Print(const Msg& msg, Args args) {
+    Say(msg, args);
+    if (console::IsTerminal()) console::Flush();
+}
+
+void Tcomet2::TellStop(const Msg& msg, Args args) {
+    Tell(Severity::Error, NoLine, msg, args);
+    if (console::IsTerminal()) console::Flush();
+}
+
+void Tcomet2::TellWarning(const Msg& msg, Args args) {
+    Tell(Severity::Warning, NoLine, msg, args);
     if (console::IsTerminal()) console::Flush();
 }
 

@@ -2,11 +2,10 @@
 // The simulated COMET II: a 16-bit word machine with eight general registers, a program register, a stack pointer and
 // three flags. One object, reached through `comet2`; the linker, the run loop and the dumps read and write it directly.
 
-#include "messages/Pipeline.h"
+#include "messages/TMsgBase.h"
 
 #include <array>
 #include <cstdint>
-#include <string>
 
 namespace tolvane {
 
@@ -46,14 +45,10 @@ public:
     int Fovf = 0;
     int Fsign = 0;
     int Fzero = 0;
-    int Lang = 1;
-    std::string SrcFileName;                   // UTF-8, at most 254 characters
-    const Pipeline* Pipe = &DefaultPipeline(); // wording and limits of the run
-    int ReservedWords = 0;                     // the first address behind the image
+    int ReservedWords = 0; // the first address behind the image
 
     Tcomet2() { InitComet2(); }
-    // The state before a run: memory, stack, registers, flags and counts 0, SP 65535, LineOfWord -1. Lang and Pipe
-    // stay.
+    // The state before a run: memory, stack, registers, flags and counts 0, SP 65535, LineOfWord -1.
     void InitComet2();
     // Runs from address 0 to the program's end or to a stop; see Run.cpp. The result is not used.
     int Run3();
@@ -71,8 +66,10 @@ private:
     void OsIn();
     void OsOut() const;
 
-    // Prints a row in the machine's language and wording; a person who watches sees it at once.
-    void Print(const Msg& msg, Args args = {}) const;
+    // Print a row, as Say and Tell do; a person who watches sees it at once.
+    static void Print(const Msg& msg, Args args = {});
+    static void TellStop(const Msg& msg, Args args = {});
+    static void TellWarning(const Msg& msg, Args args);
 };
 
 extern Tcomet2* const comet2;

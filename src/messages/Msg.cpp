@@ -2,6 +2,7 @@
 
 #include "text/Convert.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace tolvane {
@@ -34,25 +35,30 @@ std::string Hex(long long value, std::size_t least) {
     return hex.size() < least ? std::string(least - hex.size(), '0') + hex : hex;
 }
 
-std::string FormatArg(const Arg& arg, std::string_view form) {
+std::string Plain(const Arg& arg, const Filling& filling) {
+    if (arg.row != nullptr) return Compose(arg.row->For(filling.lang, filling.wording), filling);
+    return arg.isNumber ? std::to_string(arg.number) : arg.text;
+}
+
+std::string FormatArg(const Arg& arg, std::string_view form, const Filling& filling) {
     if (form == "o") return OrdinalStr(arg.number);
     if (form == "x") return Hex(arg.number, 1);
     if (form == "x4") return Hex(arg.number, 4);
-    std::string plain = arg.isNumber ? std::to_string(arg.number) : arg.text;
+    const std::string plain = Plain(arg, filling);
     return form == "q" ? QuoteStr(plain) : plain;
 }
 
-std::string FillTag(std::string_view tag, int lang, Severity severity, Place place, Args args) {
-    if (tag == "prefix") return SeverityPrefix(severity, lang);
-    if (tag == "atline") return AtLine(place.line, lang);
-    if (tag == "line") return LineHead(severity, place.line, lang);
-    if (tag == "atconst") return AtConst(place.line, place.constant, lang);
-    if (tag == "const") return ConstHead(severity, place.line, place.constant, lang);
-    if (tag == "nr") return std::to_string(place.line + 1);
-    if (tag == "k") return std::to_string(place.constant + 1);
+std::string FillTag(std::string_view tag, const Filling& f) {
+    if (tag == "prefix") return SeverityPrefix(f.severity, f.lang);
+    if (tag == "atline") return AtLine(f.place.line, f.lang);
+    if (tag == "line") return LineHead(f.severity, f.place.line, f.lang);
+    if (tag == "atconst") return AtConst(f.place.line, f.place.constant, f.lang);
+    if (tag == "const") return ConstHead(f.severity, f.place.line, f.place.constant, f.lang);
+    if (tag == "nr") return std::to_string(f.place.line + 1);
+    if (tag == "k") return std::to_string(f.place.constant + 1);
     const std::size_t index = tag.empty() ? npos : static_cast<std::size_t>(tag[0] - '0');
-    if (index >= args.size()) return {};
-    return FormatArg(args.begin()[index], tag.substr(1));
+    if (index >= f.args.size()) return {};
+    return FormatArg(f.args[index], tag.substr(1), f);
 }
 
 } // namespace
@@ -91,17 +97,16 @@ std::string ConstHead(Severity severity, int line, int constant, int lang) {
     return SeverityPrefix(severity, lang) + AtConst(line, constant, lang);
 }
 
-std::string Compose(const char* text, int lang, Severity severity, Place place, Args args) {
+std::string Compose(std::string_view text, const Filling& filling) {
     std::string out;
-    for (const char* p = text; *p != '\0'; ++p) {
-        if (*p != '{') {
-            out += *p;
-            continue;
-        }
-        const char* begin = ++p;
-        while (*p != '}')
-            ++p;
-        out += FillTag(std::string_view(begin, static_cast<std::size_t>(p - begin)), lang, severity, place, args);
+    while (!text.empty()) {
+        const std::size_t brace = std::min(text.find('{'), text.size());
+        out += text.substr(0, brace);
+        text.remove_prefix(brace);
+        if (text.empty()) break;
+        const std::size_t end = text.find('}');
+        out += FillTag(text.substr(1, end - 1), filling);
+        text.remove_prefix(end + 1);
     }
     return out;
 }

@@ -1,5 +1,6 @@
 #pragma once
-// A text of the program as data: one row of a catalogue, in both languages, with its variants by wording.
+// A text of the program as data: one row of a catalogue, in both languages, with its variants by wording; and what a
+// diagnostic adds to it: severity, place, arguments.
 //
 // A row's text may hold tags in braces:
 //   {0} {1} ...  an argument as it stands         {0q}  quoted: a blank, the text in double quotation marks, a blank
@@ -14,8 +15,8 @@
 #include "text/Text.h"
 
 #include <array>
-#include <cstdint>
 #include <initializer_list>
+#include <span>
 #include <string>
 
 namespace tolvane {
@@ -29,18 +30,6 @@ enum Wording : unsigned {
     WordingNH = 16,
 };
 
-// The room that owns a row. The pipeline table says by room whether a diagnostic is printed at once or queued.
-enum class Room : std::uint8_t {
-    Driver,
-    Input,
-    Lines,    // lines, program boundaries, names
-    Operands, // operands, constants and the address walk
-    Numbers,  // the numeric constants, shared by all wide pipelines
-    Linker,
-    Machine,
-    Reports,
-};
-
 // Another wording of a row. A null text means that this language keeps the base text.
 struct Variant {
     unsigned wordings = 0;
@@ -49,20 +38,31 @@ struct Variant {
 };
 
 struct Msg {
-    Room room;
     const char* en;
     const char* ja;
     std::array<Variant, 4> variants;
+    bool ofOperands = false; // said by the passes over operands, whose moment of printing is the pipeline's choice
 
-    constexpr Msg(Room owner, const char* english, const char* japanese, Variant v0 = {}, Variant v1 = {},
-                  Variant v2 = {}, Variant v3 = {})
-        : room(owner), en(english), ja(japanese), variants{v0, v1, v2, v3} {}
+    constexpr Msg(const char* english, const char* japanese, Variant v0 = {}, Variant v1 = {}, Variant v2 = {},
+                  Variant v3 = {})
+        : en(english), ja(japanese), variants{v0, v1, v2, v3} {}
 
     // A text that is the same in both languages.
-    constexpr Msg(Room owner, const char* both) : Msg(owner, both, both) {}
+    constexpr Msg(const char* both) : Msg(both, both) {}
 
     // The text for a language (0 Japanese, else English) and one wording.
     const char* For(int lang, Wording wording) const;
+};
+
+// Makes the rows of the catalogues whose diagnostics are `ofOperands`.
+struct OperandRows {
+    constexpr Msg operator()(const char* en, const char* ja, Variant v0 = {}, Variant v1 = {}, Variant v2 = {},
+                             Variant v3 = {}) const {
+        Msg msg(en, ja, v0, v1, v2, v3);
+        msg.ofOperands = true;
+        return msg;
+    }
+    constexpr Msg operator()(const char* both) const { return operator()(both, both); }
 };
 
 // Console text that is already UTF-8: a path, a name of the system.
@@ -70,7 +70,8 @@ struct Utf8Arg {
     const std::string& text;
 };
 
-// An argument of a row: a number, source text of either kind, or console text. Held as UTF-8 or as a number.
+// An argument of a row: a number, source text of either kind, console text, or another row, which is worded in the
+// language in force. Text is held as UTF-8.
 class Arg {
 public:
     Arg(int n) : number(n), isNumber(true) {}
@@ -81,9 +82,11 @@ public:
     Arg(const TextA& shiftJis);
     Arg(Utf8Arg utf8) : text(utf8.text) {}
     Arg(const char* ascii) : text(ascii) {}
+    Arg(const Msg& named) : row(&named) {}
 
     std::string text;
     long long number = 0;
+    const Msg* row = nullptr;
     bool isNumber = false;
 };
 using Args = std::initializer_list<Arg>;
@@ -110,7 +113,15 @@ const char* SeverityPrefix(Severity severity, int lang);
 std::string LineHead(Severity severity, int line, int lang);
 std::string ConstHead(Severity severity, int line, int constant, int lang);
 
-// The row's text with its tags filled in, as UTF-8. An argument that is not given leaves its tag empty.
-std::string Compose(const char* text, int lang, Severity severity, Place place, Args args);
+// What the tags of a text are filled in from.
+struct Filling {
+    int lang;
+    Wording wording;
+    Severity severity;
+    Place place;
+    std::span<const Arg> args;
+};
+// The text with its tags filled in, as UTF-8. An argument that is not given leaves its tag empty.
+std::string Compose(std::string_view text, const Filling& filling);
 
 } // namespace tolvane

@@ -12,10 +12,19 @@ constexpr Pipeline WideBase(const char* name) {
         .wording = WordingNWW,
         .text = TextKind::Wide,
         .reader = Reader::Wide,
-        .shared = Delivery::PrintAndQueue,
-        .operands = Delivery::PrintAndQueue,
+        .printsOperandsAtOnce = true,
         .printsQueue = false,
+        .silentShortensMenu = true,
+        .normalising = Normalising::editNWB,
+        .boundaryEndsInBlank = false,
+        .tellsZenSpaceInOp = true,
+        .trimTellsUnknownOp = false,
+        .hasExit = false,
+        .analysis = Analysis::Vectors,
         .firstLabelCharCounts = false,
+        .explainsOpenLiteral = false,
+        .refusesLabelAlone = false,
+        .dcDsHavePasses = false,
         .oprndLimit = 225,
         .refusesLeadSemicolon = false,
         .commaPass = false,
@@ -32,7 +41,7 @@ constexpr Pipeline WideBase(const char* name) {
         .clearsRunCount = true,
         .dump = Dump::DspRegMry70,
         .dumpsRunCount = true,
-        .isArray = false,
+        .dumpsLabelSpace = false,
         .limits = {},
     };
 }
@@ -42,8 +51,7 @@ constexpr Pipeline NarrowBase(const char* name, Wording wording) {
     p.wording = wording;
     p.text = TextKind::Narrow;
     p.reader = Reader::Narrow;
-    p.shared = Delivery::Print;
-    p.operands = Delivery::Print;
+    p.trimTellsUnknownOp = true;
     p.firstLabelCharCounts = true;
     p.startNamesProgram = false;
     p.dcTextBehindBlank = false;
@@ -55,7 +63,7 @@ constexpr Pipeline NarrowBase(const char* name, Wording wording) {
 constexpr Pipeline MakeWP() {
     Pipeline p = WideBase("WP");
     p.wording = WordingWP;
-    p.operands = Delivery::Queue;
+    p.printsOperandsAtOnce = false;
     p.printsQueue = true;
     p.oprndLimit = 0;
     p.commaPass = true;
@@ -97,7 +105,17 @@ constexpr Pipeline MakeNH() {
     p.storeLimit = 3500;
     p.clearsRunCount = false;
     p.dumpsRunCount = false;
-    p.isArray = true;
+    p.silentShortensMenu = false;
+    p.normalising = Normalising::editN;
+    p.boundaryEndsInBlank = true;
+    p.tellsZenSpaceInOp = false;
+    p.trimTellsUnknownOp = false;
+    p.hasExit = true;
+    p.analysis = Analysis::Tables;
+    p.explainsOpenLiteral = true;
+    p.refusesLabelAlone = true;
+    p.dcDsHavePasses = true;
+    p.dumpsLabelSpace = true;
     p.limits = {.lines = 310,
                 .lineLength = 80,
                 .opLength = 5,
@@ -123,6 +141,10 @@ const Pipeline* FindPipeline(const std::string& fightFunc) {
 
 const Pipeline& DefaultPipeline() {
     return Pipelines[0];
+}
+
+bool IsGivenUp(const std::string& fightFunc) {
+    return fightFunc == "NewChH" || fightFunc == "NewChWH";
 }
 
 } // namespace tolvane

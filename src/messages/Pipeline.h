@@ -15,8 +15,10 @@ enum class Reader {
     Narrow,
     Array, // OpenFileChH with its limits
 };
-// What becomes of a diagnostic: printed as its check fails, kept in the message store, or both.
-enum class Delivery { Print, PrintAndQueue, Queue };
+enum class Normalising { editNWB, editN };
+// The passes over the lines of a program and the link that belongs to them: over vectors of any size, or over fixed
+// tables, which bound nearly everything.
+enum class Analysis { Vectors, Tables };
 enum class Dump { DspRegMry70, DspRegMry68 };
 
 // What a pipeline of fixed size takes. 0 stands for no limit of its own.
@@ -36,14 +38,23 @@ struct Pipeline {
     Wording wording;
     TextKind text;
     Reader reader;
-    Delivery shared;   // diagnostics of the routines that the wide pipelines share
-    Delivery operands; // diagnostics of the rooms Operands
-    bool printsQueue;  // DspMsgStore before the error summary
+    bool printsOperandsAtOnce; // the diagnostics of the passes over operands; else the queue alone shows them
+    bool printsQueue;          // DspMsgStore before the error summary
+    bool silentShortensMenu;   // SilentModeIndex chooses the short menu
 
     // Lines
+    Normalising normalising;
+    bool boundaryEndsInBlank; // START and END count only with a blank or the end of the line behind them
+    bool tellsZenSpaceInOp;   // an unknown opcode with a full-width space draws a further, bare Error
+    bool trimTellsUnknownOp;  // TrimZenOprndCom reports an opcode that it does not know
+    bool hasExit;             // the opcode EXIT
+    Analysis analysis;
     bool firstLabelCharCounts; // the character sweep of Label35G reports position 0 as well
 
     // Operands
+    bool explainsOpenLiteral;  // an example goes before the Error of a literal that is not closed
+    bool refusesLabelAlone;    // OpCk reports a label without an opcode
+    bool dcDsHavePasses;       // the array passes read DC and DS, the shared ones leave them alone
     int oprndLimit;            // characters of operand text that are read, 0 without a limit
     bool refusesLeadSemicolon; // SearchApostForNonCharConstOP reports a semicolon at the front
     bool commaPass;            // the further pass for commas behind ExtractAllOprnds
@@ -62,8 +73,8 @@ struct Pipeline {
     bool clearsRunCount; // at the start of Run3
     Dump dump;
     bool dumpsRunCount;
+    bool dumpsLabelSpace; // the dump takes the labels from labelSpace, not from the line records
 
-    bool isArray;  // NH: fixed tables with limits, EXIT, its own link
     Limits limits; // of the fixed tables
 };
 
@@ -71,5 +82,7 @@ struct Pipeline {
 const Pipeline* FindPipeline(const std::string& fightFunc);
 // The row of NWW, which stands in for an unknown value.
 const Pipeline& DefaultPipeline();
+// Whether the value names a pipeline that was given up: the program then ends at once.
+bool IsGivenUp(const std::string& fightFunc);
 
 } // namespace tolvane

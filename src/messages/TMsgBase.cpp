@@ -5,43 +5,58 @@
 
 namespace tolvane {
 
+namespace {
+
+void Report(Severity severity, Place place, const Msg& msg, Args args, bool counted) {
+    const bool atOnce = !msg.ofOperands || modeFlags->Pipe->printsOperandsAtOnce;
+    if (atOnce) {
+        const char* text = msg.For(modeFlags->Lang, modeFlags->Pipe->wording);
+        console::Write(ComposeText(text, severity, place, args) + "\n");
+    }
+    store->Records.push_back({&msg, severity, place, args, true, counted});
+}
+
+} // namespace
+
+std::string ComposeText(std::string_view text, Severity severity, Place place, std::span<const Arg> args) {
+    return Compose(text, {modeFlags->Lang, modeFlags->Pipe->wording, severity, place, args});
+}
+
+std::string TextOf(const Msg& msg, Args args) {
+    return ComposeText(msg.For(modeFlags->Lang, modeFlags->Pipe->wording), Severity::Error, NoLine, args);
+}
+
+void Say(const Msg& msg, Args args) {
+    console::Write(TextOf(msg, args));
+}
+
+void Tell(Severity severity, Place place, const Msg& msg, Args args) {
+    console::Write(ComposeText(msg.For(modeFlags->Lang, modeFlags->Pipe->wording), severity, place, args));
+    store->Records.push_back({&msg, severity, place, args, false, false});
+}
+
+void Explain(Severity severity, Place place, const Msg& msg, Args args) {
+    Report(severity, place, msg, args, false);
+}
+
 void TMsgBase::Error(Place place, const Msg& msg, Args args) {
-    Explain(Severity::Error, place, msg, args);
+    Report(Severity::Error, place, msg, args, true);
     ++ErrorKazu;
 }
 
 void TMsgBase::Warning(Place place, const Msg& msg, Args args) {
-    Explain(Severity::Warning, place, msg, args);
+    Report(Severity::Warning, place, msg, args, true);
     ++WarningKazu;
 }
 
 void TMsgBase::Note(Place place, const Msg& msg, Args args) {
-    Explain(Severity::Note, place, msg, args);
+    Report(Severity::Note, place, msg, args, true);
     ++NoteKazu;
 }
 
 void TMsgBase::Memo(Place place, const Msg& msg, Args args) {
-    Explain(Severity::Memo, place, msg, args);
+    Report(Severity::Memo, place, msg, args, true);
     ++MemoKazu;
-}
-
-void TMsgBase::Explain(Severity severity, Place place, const Msg& msg, Args args) const {
-    const std::string text = Compose(msg.For(Lang, Pipe->wording), Lang, severity, place, args);
-    const Delivery delivery = msg.room == Room::Operands ? Pipe->operands : Pipe->shared;
-    if (delivery != Delivery::Queue) console::Write(text + "\n");
-    if (delivery != Delivery::Print) store->Append(severity, place, text, args);
-}
-
-void TMsgBase::Say(const Msg& msg, Args args) const {
-    console::Write(TextOf(msg, args));
-}
-
-void TMsgBase::SayAt(Severity severity, Place place, const Msg& msg, Args args) const {
-    console::Write(Compose(msg.For(Lang, Pipe->wording), Lang, severity, place, args));
-}
-
-std::string TMsgBase::TextOf(const Msg& msg, Args args) const {
-    return Compose(msg.For(Lang, Pipe->wording), Lang, Severity::Error, NoLine, args);
 }
 
 void TMsgBase::ClearCounters() {

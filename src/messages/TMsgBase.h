@@ -1,41 +1,36 @@
 #pragma once
-// The base of the main objects: language, pipeline, the names of the dump files, the four counters, and the one way
-// in which a diagnostic is composed, printed, queued and counted.
+// The one way in which the program says something: a row of a catalogue, composed for the language and the wording of
+// `modeFlags`, printed or queued as the pipeline says; and the base of the main objects with their four counters.
 
+#include "messages/ModeFlags.h"
 #include "messages/Msg.h"
-#include "messages/Pipeline.h"
 
 #include <cstdint>
 
 namespace tolvane {
 
+// The text with its tags filled in for the language and wording in force, as UTF-8; the text of a row.
+std::string ComposeText(std::string_view text, Severity severity, Place place, std::span<const Arg> args);
+std::string TextOf(const Msg& msg, Args args = {});
+// Prints the row as it stands, without a line end of its own; no counter, no record.
+void Say(const Msg& msg, Args args = {});
+// The same with the heads of its place, and with a record: for diagnostics that no counter and no queue knows.
+void Tell(Severity severity, Place place, const Msg& msg, Args args = {});
+// A diagnostic that raises no counter. It is ended with a line end, printed at once or not, queued and recorded.
+void Explain(Severity severity, Place place, const Msg& msg, Args args = {});
+
 class TMsgBase {
 public:
-    std::int32_t Lang = 1; // 0 Japanese, 1 English
-    const Pipeline* Pipe = &DefaultPipeline();
-
-    const char* AssembledDumpName = "aaAssembledRegMry.txt";
-    const char* ResultantDumpName = "aaResultantRegMry.txt";
-
     std::int32_t ErrorKazu = 0;
     std::int32_t WarningKazu = 0;
     std::int32_t NoteKazu = 0;
     std::int32_t MemoKazu = 0;
 
-    // A diagnostic: composes the row for this object's language and wording, ends it with a line end, prints or
-    // queues it as the pipeline says, and raises the counter of the severity by one.
+    // Explain, and the counter of the severity raised by one.
     void Error(Place place, const Msg& msg, Args args = {});
     void Warning(Place place, const Msg& msg, Args args = {});
     void Note(Place place, const Msg& msg, Args args = {});
     void Memo(Place place, const Msg& msg, Args args = {});
-    // A diagnostic that raises no counter.
-    void Explain(Severity severity, Place place, const Msg& msg, Args args = {}) const;
-    // Prints the row as it stands, without a line end of its own; no counter, no record.
-    void Say(const Msg& msg, Args args = {}) const;
-    // Say with the heads that belong to a line.
-    void SayAt(Severity severity, Place place, const Msg& msg, Args args = {}) const;
-    // The row's text as UTF-8 in this object's language and wording.
-    std::string TextOf(const Msg& msg, Args args = {}) const;
 
     void ClearCounters();
 };

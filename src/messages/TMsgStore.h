@@ -1,28 +1,31 @@
 #pragma once
-// The queue of diagnostics of the wide pipelines, in order of arrival.
+// The diagnostics of an assembly and its run as records, in order of arrival. One object, reached through `store`.
 
-#include "messages/TMsgBase.h"
+#include "messages/Msg.h"
 
-#include <array>
+#include <string>
 #include <vector>
 
 namespace tolvane {
 
-struct MsgRecW {
-    std::int32_t Kind = 0; // 100 Error, 200 Warning, 400 Note, 500 Memo
-    std::int32_t Line = 0; // zero-based, -1 without a line
-    TextW Prefix;
-    TextW Subject;             // the text complained of, quoted
-    std::array<TextW, 9> Text; // the console lines, head included; the first empty one ends them
+struct MsgRec {
+    const Msg* row;
+    Severity severity;
+    Place place;
+    std::vector<Arg> args;
+    bool queued;  // DspMsgStore prints it
+    bool counted; // it raised the counter of its severity
+
+    // The console lines, head included, without their line ends, in the language and wording in force. The row's own
+    // line breaks part them; empty ones at the front are left out, at most nine are kept, and an empty one ends them.
+    std::vector<std::string> Lines() const;
 };
 
-class TMsgStore : public TMsgBase {
+class TMsgStore {
 public:
-    std::vector<MsgRecW> Records;
+    std::vector<MsgRec> Records;
 
-    // Makes the record of a composed diagnostic. Line ends of the text part its lines; leading ones are left out.
-    void Append(Severity severity, Place place, const std::string& text, Args args);
-    // Prints the lines of each record up to the first empty one, and an empty line behind each record.
+    // Prints the lines of each queued record, and an empty line behind each.
     void DspMsgStore() const;
     void ClearMsgStore() { Records.clear(); }
 };

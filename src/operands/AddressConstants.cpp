@@ -1,6 +1,7 @@
 #include "operands/AddressConstants.h"
 
 #include "lines/Labels.h"
+#include "lines/RegisterNames.h"
 #include "lines/ZenKaku.h"
 #include "operands/AddressMsgs.h"
 #include "operands/Literals.h"
@@ -183,7 +184,7 @@ template <class Ch> int CkStartAdrOperand(int prg, int line) {
     int pos = 0;
     if (DetNonLabelMoziPos(t.substr(1), pos)) {
         cs->Error(line, AddressMsg.StartBadChar, {t});
-        if (cs->Pipe->startAnalystZenKaku) AnalystZenKakuMoziStr(t, line);
+        if (modeFlags->Pipe->startAnalystZenKaku) AnalystZenKakuMoziStr(t, line);
     }
     if (t.size() > AdrConstMax) {
         cs->Error(line, AddressMsg.StartTooLong, {t, t.size()});
@@ -196,7 +197,7 @@ template <class Ch> int CkStartAdrOperand(int prg, int line) {
         return 0;
     }
     if (int named = FindProgram(t); named >= 0) {
-        if (!cs->Pipe->startNamesProgram) {
+        if (!modeFlags->Pipe->startNamesProgram) {
             cs->Error(line, AddressMsg.StartIsProgram);
             return 1;
         }
@@ -212,15 +213,10 @@ template <class Ch> int CkStartAdrOperand(int prg, int line) {
     return 1;
 }
 
-template void SetSecondWord(SrcDataW&, int);
-template void SetSecondWord(SrcDataA&, int);
-template int FindOtherProgram(int, const TextW&);
-template int FindOtherProgram(int, const TextA&);
-template void DetNonAdrConstMoziPosAW(const TextW&, int, int&);
-template void DetNonAdrConstMoziPosAW(const TextA&, int, int&);
-template int CkAdrConst20<char16_t>(int, int);
-template int CkAdrConst20<char>(int, int);
-template int CkStartAdrOperand<char16_t>(int, int);
-template int CkStartAdrOperand<char>(int, int);
+TOLVANE_BOTH_KINDS(SetSecondWord)
+TOLVANE_BOTH_KINDS(FindOtherProgram)
+TOLVANE_BOTH_KINDS(DetNonAdrConstMoziPosAW)
+TOLVANE_BOTH_KINDS(CkAdrConst20)
+TOLVANE_BOTH_KINDS(CkStartAdrOperand)
 
 } // namespace tolvane

@@ -25,7 +25,7 @@ template <class OnDc, class OnDs> int ForDcAndDs(int prg, OnDc onDc, OnDs onDs) 
 int CkDcDsLines(int prg) {
     ForDcAndDs(
         prg, [](int) { return ++cs->DcLineKazu; }, [](int) { return ++cs->DsLineKazu; });
-    const int limit = cs->Pipe->limits.dcdsLines;
+    const int limit = modeFlags->Pipe->limits.dcdsLines;
     const int sum = cs->DcLineKazu + cs->DsLineKazu;
     if (sum <= limit) return 0;
     cs->Error(NoLine, DcMsg.TooManyDcDs, {limit, cs->DcLineKazu, cs->DsLineKazu, sum});
@@ -34,7 +34,7 @@ int CkDcDsLines(int prg) {
 
 int dcTakeOutOperand(int line) {
     TakeOutOprndsAtDC<char>(line);
-    const auto limit = static_cast<std::size_t>(cs->Pipe->limits.dcConstants);
+    const auto limit = static_cast<std::size_t>(modeFlags->Pipe->limits.dcConstants);
     const std::size_t n = LineAt<char>(line).vecDcConst.size();
     if (n <= limit) return 0;
     cs->Error(line, DcMsg.TooManyConstants, {limit, n});

@@ -241,7 +241,7 @@ template <class Ch> int dc45(int line) {
         const bool atEnd = behind == text.size();
         if (IsBlank(c)) {
             const bool dropped = atEnd || text[behind] == Ch(',');
-            if (!dropped && cs->Pipe->dcTextBehindBlank)
+            if (!dropped && modeFlags->Pipe->dcTextBehindBlank)
                 return Refuse(line, DcMsg.ConstantOrComment, {text.substr(behind)});
             if (!dropped) out.append(text, i, behind - i);
             i = behind;
@@ -316,21 +316,13 @@ template <class Ch> int DetDefLine(int) {
     return 0;
 }
 
-template int OprndAtDCtoChH<char16_t>(int);
-template int OprndAtDCtoChH<char>(int);
-template int OprndAtDC<char16_t>(int);
-template int OprndAtDC<char>(int);
-template int dc45<char16_t>(int);
-template int dc45<char>(int);
-template int TakeOutOprndsAtDC<char16_t>(int);
-template int TakeOutOprndsAtDC<char>(int);
-template int CkDC33<char16_t>(int);
-template int CkDC33<char>(int);
-template int SetWordKazuAtDC<char16_t>(int);
-template int SetWordKazuAtDC<char>(int);
-template int SetMryInAtDC<char16_t>(int);
-template int SetMryInAtDC<char>(int);
-template int DetDefLine<char16_t>(int);
-template int DetDefLine<char>(int);
+TOLVANE_BOTH_KINDS(OprndAtDCtoChH)
+TOLVANE_BOTH_KINDS(OprndAtDC)
+TOLVANE_BOTH_KINDS(dc45)
+TOLVANE_BOTH_KINDS(TakeOutOprndsAtDC)
+TOLVANE_BOTH_KINDS(CkDC33)
+TOLVANE_BOTH_KINDS(SetWordKazuAtDC)
+TOLVANE_BOTH_KINDS(SetMryInAtDC)
+TOLVANE_BOTH_KINDS(DetDefLine)
 
 } // namespace tolvane

@@ -66,11 +66,8 @@ template <class Ch> int SetMryInAtDS(int prg) {
     return 0;
 }
 
-template int OprndAtDS<char16_t>(int);
-template int OprndAtDS<char>(int);
-template int SetWordKazuAtDS<char16_t>(int);
-template int SetWordKazuAtDS<char>(int);
-template int SetMryInAtDS<char16_t>(int);
-template int SetMryInAtDS<char>(int);
+TOLVANE_BOTH_KINDS(OprndAtDS)
+TOLVANE_BOTH_KINDS(SetWordKazuAtDS)
+TOLVANE_BOTH_KINDS(SetMryInAtDS)
 
 } // namespace tolvane

@@ -1,5 +1,6 @@
 #include "operands/Extraction.h"
 
+#include "lines/RegisterNames.h"
 #include "operands/Dc.h"
 #include "operands/ExtractionMsgs.h"
 #include "operands/Instructions.h"
@@ -26,7 +27,7 @@ template <class Ch> Preset PresetOf(const Text<Ch>& op) {
     if (Is(op, "START")) return Preset::Start;
     for (const char* word : {"RPUSH", "RPOP", "RET", "NOP", "END"})
         if (Is(op, word)) return Preset::NoOperand;
-    return Is(op, "EXIT") && cs->Pipe->isArray ? Preset::NoOperand : Preset::Unknown;
+    return Is(op, "EXIT") && modeFlags->Pipe->hasExit ? Preset::NoOperand : Preset::Unknown;
 }
 
 // What stands behind the opcode of an instruction that needs no operand is a comment.
@@ -42,7 +43,7 @@ template <class Ch> bool CopyCharLiteral(int line, const Text<Ch>& text, Text<Ch
         const Ch c = At(text, from);
         const Ch next = At(text, from + 1);
         if (c == Ch(0)) {
-            if (cs->Pipe->isArray) cs->Error(line, ExtractionMsg.LiteralApostExample);
+            if (modeFlags->Pipe->explainsOpenLiteral) cs->Error(line, ExtractionMsg.LiteralApostExample);
             cs->Error(line, ExtractionMsg.LiteralNotClosed, {text});
             return false;
         }
@@ -121,7 +122,7 @@ template <class Ch> int SearchApostForNonCharConstOP(int prg) {
 
         const std::size_t semicolon = Find(src.strOprndCom, ";");
         if (semicolon == npos) continue;
-        if (semicolon == 0 && cs->Pipe->refusesLeadSemicolon) {
+        if (semicolon == 0 && modeFlags->Pipe->refusesLeadSemicolon) {
             cs->Error(line, ExtractionMsg.LeadSemicolon, {line});
             continue;
         }
@@ -132,14 +133,14 @@ template <class Ch> int SearchApostForNonCharConstOP(int prg) {
 }
 
 template <class Ch> int CopyOprndComStrToChH(int prg) {
-    const auto limit = static_cast<std::size_t>(cs->Pipe->oprndLimit);
+    const auto limit = static_cast<std::size_t>(modeFlags->Pipe->oprndLimit);
     bool told = false;
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         src.chOprndCom = src.strOprndCom;
         if (limit == 0 || src.strOprndCom.size() <= limit) continue;
         src.chOprndCom.resize(limit);
-        if (!told) cs->SayAt(Severity::Warning, line, ExtractionMsg.OperandTooLong, {limit, src.strOprndCom.size()});
+        if (!told) Tell(Severity::Warning, line, ExtractionMsg.OperandTooLong, {limit, src.strOprndCom.size()});
         told = true;
     }
     return 0;
@@ -169,7 +170,7 @@ template <class Ch> int ExtractAllOprnds(int prg) {
             src.word_kazu = 2;
             break;
         case Preset::Constants:
-            if (!cs->Pipe->isArray) OprndAtDCtoChH<Ch>(line);
+            if (!modeFlags->Pipe->dcDsHavePasses) OprndAtDCtoChH<Ch>(line);
             break;
         case Preset::OneOperand:
             KeepNoOprndComment(src);
@@ -231,15 +232,14 @@ bool CommaNextOprnd3(const char* place) {
 }
 
 template <class Ch> bool CkNextOprndAriWithComma(int line, int n) {
-    cs->NextOprndAriFlag = Oprnd<Ch>(line, n).empty() ? 0 : 1;
-    return cs->NextOprndAriFlag == 1;
+    return !Oprnd<Ch>(line, n).empty();
 }
 
 template <class Ch> void DetStrConstGL10(std::size_t& pos, const Text<Ch>& text) {
     if (At(text, pos) == Ch('\''))
         ++pos;
     else
-        cs->Say(ExtractionMsg.NotAtApostrophe, {text.substr(std::min(pos, text.size()), 1)});
+        Say(ExtractionMsg.NotAtApostrophe, {text.substr(std::min(pos, text.size()), 1)});
     for (;;) {
         while (At(text, pos) != Ch(0) && At(text, pos) != Ch('\''))
             ++pos;
@@ -266,27 +266,16 @@ template <class Ch> int IsStrConstClosedGL10(int line, std::size_t& pos, const T
     return -1;
 }
 
-template int SearchApostForNonCharConstOP<char16_t>(int);
-template int SearchApostForNonCharConstOP<char>(int);
-template int CopyOprndComStrToChH<char16_t>(int);
-template int CopyOprndComStrToChH<char>(int);
-template int operand20m15<char16_t>(int);
-template int operand20m15<char>(int);
-template int ExtractAllOprnds<char16_t>(int);
-template int ExtractAllOprnds<char>(int);
-template int CkCommas<char16_t>(int);
-template int CkCommas<char>(int);
-template bool EndsInComma(const TextW&);
-template bool EndsInComma(const TextA&);
-template TextW WithoutComma(const TextW&);
-template TextA WithoutComma(const TextA&);
-template void GetCommaAriFlagForNextOprnd<char16_t>(int, int);
-template void GetCommaAriFlagForNextOprnd<char>(int, int);
-template bool CkNextOprndAriWithComma<char16_t>(int, int);
-template bool CkNextOprndAriWithComma<char>(int, int);
-template void DetStrConstGL10(std::size_t&, const TextW&);
-template void DetStrConstGL10(std::size_t&, const TextA&);
-template int IsStrConstClosedGL10(int, std::size_t&, const TextW&);
-template int IsStrConstClosedGL10(int, std::size_t&, const TextA&);
+TOLVANE_BOTH_KINDS(SearchApostForNonCharConstOP)
+TOLVANE_BOTH_KINDS(CopyOprndComStrToChH)
+TOLVANE_BOTH_KINDS(operand20m15)
+TOLVANE_BOTH_KINDS(ExtractAllOprnds)
+TOLVANE_BOTH_KINDS(CkCommas)
+TOLVANE_BOTH_KINDS(EndsInComma)
+TOLVANE_BOTH_KINDS(WithoutComma)
+TOLVANE_BOTH_KINDS(GetCommaAriFlagForNextOprnd)
+TOLVANE_BOTH_KINDS(CkNextOprndAriWithComma)
+TOLVANE_BOTH_KINDS(DetStrConstGL10)
+TOLVANE_BOTH_KINDS(IsStrConstClosedGL10)
 
 } // namespace tolvane

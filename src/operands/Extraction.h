@@ -32,7 +32,7 @@ template <class Ch> Text<Ch> WithoutComma(const Text<Ch>& operand);
 template <class Ch> void GetCommaAriFlagForNextOprnd(int line, int n);
 // True if CommaAriFlag is 1. `place` names the caller, for the self-check of the flag.
 bool CommaNextOprnd3(const char* place);
-// True if operand n is not empty; sets NextOprndAriFlag.
+// True if operand n is not empty.
 template <class Ch> bool CkNextOprndAriWithComma(int line, int n);
 
 // Moves pos from the opening apostrophe of a string constant to the closing one, or to the end of the text.

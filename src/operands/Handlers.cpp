@@ -2,6 +2,7 @@
 
 #include "lines/Normalising.h"
 #include "lines/Opcodes.h"
+#include "lines/RegisterNames.h"
 #include "lines/ZenKaku.h"
 #include "operands/Dc.h"
 #include "operands/Ds.h"
@@ -25,7 +26,7 @@ template <class Ch> int TakeRegister1(SrcData<Ch>& src) {
 template <class Ch> void RegisterOrAddressHandler(int line, const Instruction& op) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     src.first_word = 0;
-    if (cs->Pipe->ld2LooksFirst && op.noOperands != nullptr && src.chOprnd[1].empty()) {
+    if (modeFlags->Pipe->ld2LooksFirst && op.noOperands != nullptr && src.chOprnd[1].empty()) {
         cs->Error(line, *op.noOperands);
         return;
     }
@@ -48,13 +49,12 @@ template <class Ch> void RegisterOrAddressHandler(int line, const Instruction& o
 }
 
 template <class Ch> void ReportForm(int line, const Instruction& op) {
-    const Msg* own = cs->Pipe->srl2OwnForm && op.optionalForm != nullptr ? op.optionalForm : op.form;
+    const Msg* own = modeFlags->Pipe->srl2OwnForm && op.optionalForm != nullptr ? op.optionalForm : op.form;
     if (own != nullptr) {
         cs->Error(line, *own);
         return;
     }
     DspSyntaxErrorMsg<Ch>(line, op.op);
-    ++cs->ErrorKazu;
 }
 
 // r,adr[,x] alone: st2, lad2, sla2, sra2, sll2, srl2.
@@ -131,7 +131,7 @@ template <class Ch> bool HandleLine(int line) {
     const Text<Ch>& op = src.strOp;
     if (const Instruction* instruction = FindInstruction(op)) {
         RunHandler<Ch>(line, *instruction);
-    } else if (cs->Pipe->isArray && IsDcOrDs(op)) {
+    } else if (modeFlags->Pipe->dcDsHavePasses && IsDcOrDs(op)) {
         // passes of their own follow
     } else if (Is(op, "DC")) {
         OprndAtDCtoChH<Ch>(line);
@@ -148,7 +148,7 @@ template <class Ch> bool HandleLine(int line) {
         NoOperandHandler<Ch>(line, 0);
     } else if (Is(op, "RET")) {
         NoOperandHandler<Ch>(line, RetWord);
-    } else if (Is(op, "EXIT") && cs->Pipe->isArray) {
+    } else if (Is(op, "EXIT") && modeFlags->Pipe->hasExit) {
         NoOperandHandler<Ch>(line, ExitWord);
     } else if (Is(op, "START")) {
         src.word_kazu = src.chOprnd[1].empty() ? 1 : 2;
@@ -167,7 +167,8 @@ template <class Ch> int OpCk(int prg) {
     for (int line = program.StartLine; line <= program.EndLine; ++line) {
         const SrcData<Ch>& src = LineAt<Ch>(line);
         if (src.strOp.empty()) {
-            if (cs->Pipe->isArray && !src.strLabel.empty()) cs->Error(line, HandlerMsg.NoOpBehindLabel);
+            if (modeFlags->Pipe->refusesLabelAlone && !src.strLabel.empty())
+                cs->Error(line, HandlerMsg.NoOpBehindLabel);
             continue;
         }
         if (!HandleLine<Ch>(line)) return -2;
@@ -176,12 +177,10 @@ template <class Ch> int OpCk(int prg) {
 }
 
 template <class Ch> void DspSyntaxErrorMsg(int line, const char* op) {
-    cs->Explain(Severity::Error, line, HandlerMsg.SyntaxError, {op});
+    cs->Error(line, HandlerMsg.SyntaxError, {op});
 }
 
-template int OpCk<char16_t>(int);
-template int OpCk<char>(int);
-template void DspSyntaxErrorMsg<char16_t>(int, const char*);
-template void DspSyntaxErrorMsg<char>(int, const char*);
+TOLVANE_BOTH_KINDS(OpCk)
+TOLVANE_BOTH_KINDS(DspSyntaxErrorMsg)
 
 } // namespace tolvane

@@ -153,19 +153,12 @@ template <class Ch> void SetLiteNumber(int line, const Text<Ch>& operand, const 
     src.vecLite = {literal};
 }
 
-template Text<char16_t> WithoutBlanksBehindEqual(const TextW&);
-template Text<char> WithoutBlanksBehindEqual(const TextA&);
-template void CkMoziLiteral(int, const TextW&);
-template void CkMoziLiteral(int, const TextA&);
-template int CkLiteral15<char16_t>(int);
-template int CkLiteral15<char>(int);
-template void TrimOprndComComma(TextW&);
-template void TrimOprndComComma(TextA&);
-template int CkStrConstLiteral<char16_t>(int);
-template int CkStrConstLiteral<char>(int);
-template int SetLiteCharConstMryIn(int, const TextW&);
-template int SetLiteCharConstMryIn(int, const TextA&);
-template void SetLiteNumber(int, const TextW&, const char*, int);
-template void SetLiteNumber(int, const TextA&, const char*, int);
+TOLVANE_BOTH_KINDS(WithoutBlanksBehindEqual)
+TOLVANE_BOTH_KINDS(CkMoziLiteral)
+TOLVANE_BOTH_KINDS(CkLiteral15)
+TOLVANE_BOTH_KINDS(TrimOprndComComma)
+TOLVANE_BOTH_KINDS(CkStrConstLiteral)
+TOLVANE_BOTH_KINDS(SetLiteCharConstMryIn)
+TOLVANE_BOTH_KINDS(SetLiteNumber)
 
 } // namespace tolvane

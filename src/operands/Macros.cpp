@@ -2,6 +2,7 @@
 
 #include "lines/Labels.h"
 #include "lines/Normalising.h"
+#include "lines/RegisterNames.h"
 #include "operands/Extraction.h"
 #include "operands/MacroMsgs.h"
 #include "operands/Registers.h"
@@ -180,17 +181,11 @@ template <class Ch> void MacroRPOP(int line, int& rel, int& abs) {
     BuildAt<Ch>(line, RpopTable, rel, abs);
 }
 
-template int macro2<char16_t>(int);
-template int macro2<char>(int);
-template int macroR2<char16_t>(int);
-template int macroR2<char>(int);
-template int MacroIN<char16_t>(int, int);
-template int MacroIN<char>(int, int);
-template int InOut1<char16_t>(int);
-template int InOut1<char>(int);
-template void MacroRPUSH<char16_t>(int, int&, int&);
-template void MacroRPUSH<char>(int, int&, int&);
-template void MacroRPOP<char16_t>(int, int&, int&);
-template void MacroRPOP<char>(int, int&, int&);
+TOLVANE_BOTH_KINDS(macro2)
+TOLVANE_BOTH_KINDS(macroR2)
+TOLVANE_BOTH_KINDS(MacroIN)
+TOLVANE_BOTH_KINDS(InOut1)
+TOLVANE_BOTH_KINDS(MacroRPUSH)
+TOLVANE_BOTH_KINDS(MacroRPOP)
 
 } // namespace tolvane

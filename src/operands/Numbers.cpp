@@ -100,19 +100,12 @@ template <class Ch> int CountWordKazuAtCharConst(const Text<Ch>& text) {
     return count;
 }
 
-template int ReadDecimal(const TextW&, std::size_t&);
-template int ReadDecimal(const TextA&, std::size_t&);
-template int CkDecConstG(const TextW&, int, int);
-template int CkDecConstG(const TextA&, int, int);
-template int DecStrToIntG(const TextW&, int, int);
-template int DecStrToIntG(const TextA&, int, int);
-template int CkHexConstG(const TextW&, int, int);
-template int CkHexConstG(const TextA&, int, int);
-template int HexStrToIntG(const TextW&, int, int);
-template int HexStrToIntG(const TextA&, int, int);
-template std::size_t FindClosingApost(const TextW&, std::size_t);
-template std::size_t FindClosingApost(const TextA&, std::size_t);
-template int CountWordKazuAtCharConst(const TextW&);
-template int CountWordKazuAtCharConst(const TextA&);
+TOLVANE_BOTH_KINDS(ReadDecimal)
+TOLVANE_BOTH_KINDS(CkDecConstG)
+TOLVANE_BOTH_KINDS(DecStrToIntG)
+TOLVANE_BOTH_KINDS(CkHexConstG)
+TOLVANE_BOTH_KINDS(HexStrToIntG)
+TOLVANE_BOTH_KINDS(FindClosingApost)
+TOLVANE_BOTH_KINDS(CountWordKazuAtCharConst)
 
 } // namespace tolvane

@@ -1,6 +1,7 @@
 #include "operands/Registers.h"
 
 #include "lines/Labels.h"
+#include "lines/RegisterNames.h"
 #include "lines/ZenKaku.h"
 #include "operands/Extraction.h"
 #include "operands/RegisterMsgs.h"
@@ -12,48 +13,12 @@ namespace tolvane {
 
 namespace {
 
-template <class Ch> bool BeginsWithGRn(const Text<Ch>& text, char last) {
-    return BeginsWith(text, "GR") && Ch('0') <= At(text, 2) && At(text, 2) <= Ch(last);
-}
-
-template <class Ch> bool EndsAfterName(const Text<Ch>& text) {
-    return At(text, 3) == Ch(0) || IsBlank(At(text, 3));
-}
-
-template <class Ch> bool BeginsWithGR89(const Text<Ch>& text) {
-    return BeginsWith(text, "GR8") || BeginsWith(text, "GR9");
-}
-
 const Msg& NthOperandExpected(int n) {
     if (n == 1) return RegisterMsg.FirstOperandExpected;
     return n == 2 ? RegisterMsg.SecondOperandExpected : RegisterMsg.AnotherOperandExpected;
 }
 
 } // namespace
-
-template <class Ch> bool BeginsWithRegister(const Text<Ch>& text) {
-    return BeginsWithGRn(text, '7');
-}
-
-template <class Ch> bool IsRegister(const Text<Ch>& text) {
-    return text.size() == 3 && BeginsWithRegister(text);
-}
-
-template <class Ch> bool IsRegisterWord(const Text<Ch>& text) {
-    return IsRegisterWordUpTo(text, '7');
-}
-
-template <class Ch> bool IsRegisterWordOrComma(const Text<Ch>& text) {
-    return BeginsWithRegister(text) && (EndsAfterName(text) || At(text, 3) == Ch(','));
-}
-
-template <class Ch> bool IsRegisterWordUpTo(const Text<Ch>& text, char last) {
-    return BeginsWithGRn(text, last) && EndsAfterName(text);
-}
-
-template <class Ch> int RegisterDigit(const Text<Ch>& text) {
-    return At(text, 2) - Ch('0');
-}
 
 template <class Ch> int CkOpTypeOprndOne(int line, const char* op) {
     const Text<Ch>& s = Oprnd<Ch>(line, 1);
@@ -73,7 +38,7 @@ template <class Ch> int CkOpTypeOprndOneAdr(int line, const char* op, const Msg&
     if (BeginsWithRegister(s) && GRxLabelAll<Ch>(line, op))
         cs->Error(line, RegisterMsg.RegisterAsFirstOperand, {op});
     else if (s.empty())
-        cs->Error(line, missing, {Utf8Arg{cs->TextOf(name)}, op});
+        cs->Error(line, missing, {name, op});
     return cs->ErrorKazu;
 }
 
@@ -111,7 +76,7 @@ template <class Ch> bool GRxLabelAll(int line, const char* op) {
 template <class Ch> int AnalystRegMozi(const Text<Ch>& text, int line) {
     int faults = 0;
     if (BeginsWithGR89(text)) {
-        cs->Explain(Severity::Error, line, RegisterMsg.NoSuchRegister);
+        Explain(Severity::Error, line, RegisterMsg.NoSuchRegister);
         ++faults;
     }
     if (IsDigit(At(text, 0))) {
@@ -192,7 +157,7 @@ template <class Ch> int RegX(int line, int n) {
     }
     if (!IsRegisterWordOrComma(s)) {
         cs->Error(line, RegisterMsg.NoExactIndex, {s});
-        if (cs->Pipe->regXDoubleComma && s.front() == Ch(',')) cs->Error(line, RegisterMsg.DoubleComma, {s});
+        if (modeFlags->Pipe->regXDoubleComma && s.front() == Ch(',')) cs->Error(line, RegisterMsg.DoubleComma, {s});
         AnalystZenKSpace20(s, line);
         AnalystIndexReg<Ch>(line, n);
         return 1;
@@ -227,39 +192,22 @@ template <class Ch> void AnalystGR89(int line) {
     if (s.size() == 3 && BeginsWithGR89(s)) cs->Warning(line, RegisterMsg.GR89AsLabel, {s});
 }
 
-template bool IsRegister(const TextW&);
-template bool IsRegister(const TextA&);
-template bool BeginsWithRegister(const TextW&);
-template bool BeginsWithRegister(const TextA&);
-template bool IsRegisterWord(const TextW&);
-template bool IsRegisterWord(const TextA&);
-template bool IsRegisterWordOrComma(const TextW&);
-template bool IsRegisterWordOrComma(const TextA&);
-template bool IsRegisterWordUpTo(const TextW&, char);
-template bool IsRegisterWordUpTo(const TextA&, char);
-template int RegisterDigit(const TextW&);
-template int RegisterDigit(const TextA&);
-template int CkOpTypeOprndOne<char16_t>(int, const char*);
-template int CkOpTypeOprndOne<char>(int, const char*);
-template int CkOpTypeOprndOneAdr<char16_t>(int, const char*, const Msg&, const Msg&);
-template int CkOpTypeOprndOneAdr<char>(int, const char*, const Msg&, const Msg&);
-template int CkOpTypeOprndOnePop<char16_t>(int, const char*);
-template int CkOpTypeOprndOnePop<char>(int, const char*);
-template bool GRxComma<char16_t>(int);
-template bool GRxComma<char>(int);
-template bool GRxLabelAll<char16_t>(int, const char*);
-template bool GRxLabelAll<char>(int, const char*);
-template int r2<char16_t>(int);
-template int r2<char>(int);
-template int CkAdrOperand<char16_t>(int, int);
-template int CkAdrOperand<char>(int, int);
-template int RegX<char16_t>(int, int);
-template int RegX<char>(int, int);
-template int AnalystRegMozi(const TextW&, int);
-template int AnalystRegMozi(const TextA&, int);
-template int AnalystIndexReg<char16_t>(int, int);
-template int AnalystIndexReg<char>(int, int);
-template void AnalystGR89<char16_t>(int);
-template void AnalystGR89<char>(int);
+TOLVANE_BOTH_KINDS(IsRegister)
+TOLVANE_BOTH_KINDS(BeginsWithRegister)
+TOLVANE_BOTH_KINDS(IsRegisterWord)
+TOLVANE_BOTH_KINDS(IsRegisterWordOrComma)
+TOLVANE_BOTH_KINDS(IsRegisterWordUpTo)
+TOLVANE_BOTH_KINDS(RegisterDigit)
+TOLVANE_BOTH_KINDS(CkOpTypeOprndOne)
+TOLVANE_BOTH_KINDS(CkOpTypeOprndOneAdr)
+TOLVANE_BOTH_KINDS(CkOpTypeOprndOnePop)
+TOLVANE_BOTH_KINDS(GRxComma)
+TOLVANE_BOTH_KINDS(GRxLabelAll)
+TOLVANE_BOTH_KINDS(r2)
+TOLVANE_BOTH_KINDS(CkAdrOperand)
+TOLVANE_BOTH_KINDS(RegX)
+TOLVANE_BOTH_KINDS(AnalystRegMozi)
+TOLVANE_BOTH_KINDS(AnalystIndexReg)
+TOLVANE_BOTH_KINDS(AnalystGR89)
 
 } // namespace tolvane

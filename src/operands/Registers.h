@@ -5,17 +5,6 @@
 
 namespace tolvane {
 
-// The text is one of GR0 to GR7, whole; begins with such a name; begins with one that ends there, at the end of the
-// text, a blank or a tab (or a comma, for the second form).
-template <class Ch> bool IsRegister(const Text<Ch>& text);
-template <class Ch> bool BeginsWithRegister(const Text<Ch>& text);
-template <class Ch> bool IsRegisterWord(const Text<Ch>& text);
-template <class Ch> bool IsRegisterWordOrComma(const Text<Ch>& text);
-// IsRegisterWord for GR0 up to the digit `last`, which may be a digit that no register has.
-template <class Ch> bool IsRegisterWordUpTo(const Text<Ch>& text, char last);
-// The digit of a text that begins with a register name.
-template <class Ch> int RegisterDigit(const Text<Ch>& text);
-
 // The first operand of each shape. The result is the count of all Errors of cs so far, not a verdict on this line.
 template <class Ch> int CkOpTypeOprndOne(int line, const char* op);
 // `name` is the name of the instruction, `missing` what is said when there is no operand.

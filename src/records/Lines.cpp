@@ -20,9 +20,7 @@ template <class Ch> bool HoldsWord(const Text<Ch>& text, std::string_view word, 
     return false;
 }
 
-template std::size_t FindMozi(const TextW&, const TextW&, std::size_t);
-template std::size_t FindMozi(const TextA&, const TextA&, std::size_t);
-template bool HoldsWord(const TextW&, std::string_view, WordRule);
-template bool HoldsWord(const TextA&, std::string_view, WordRule);
+TOLVANE_BOTH_KINDS(FindMozi)
+TOLVANE_BOTH_KINDS(HoldsWord)
 
 } // namespace tolvane

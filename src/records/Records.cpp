@@ -23,23 +23,13 @@ void TBasicData::SetPrgKazuInFile(int kazu) {
     prgKazuInFile = kazu;
 }
 
-void TBasicData::SetTextEdIndex(int index) {
-    if (index < 0 || 2 < index) {
-        Say(RecordsMsg.EditorIndexOutOfRange);
-        index = 0;
-    }
-    TextEditorIndex = index;
-}
-
 void TBasicData::Reset() {
     vecSrcA.clear();
     vecSrcW.clear();
     vecPrgA.clear();
     vecPrgW.clear();
-    StartLines.fill(0);
-    EndLines.fill(0);
     prgKazuInFile = 0;
-    SrcFilePath.clear();
+    ReservedWords = 0;
 }
 
 void TCorrectScode::CountLabels() {
@@ -48,16 +38,9 @@ void TCorrectScode::CountLabels() {
 
 void TCorrectScode::Reset() {
     CommaAriFlag = 0;
-    NextOprndAriFlag = 0;
     DcLineKazu = DsLineKazu = 0;
     max_rl_memory_d = max_rl_memory_l = 0;
     LabelKazuInFile = 0;
-}
-
-void TPO::Reset() {
-    StartLine = 0;
-    EndLine = 0;
-    PrgKazu = 0;
 }
 
 int TLabelSpace::CopyLabel() {
@@ -70,7 +53,7 @@ int TLabelSpace::CopyLabel() {
         ++line;
     }
     const auto kazu = static_cast<std::int32_t>(Rows.size());
-    if (kazu != cs->LabelKazuInFile) cs->Say(RecordsMsg.LabelKazuDiffer, {kazu, cs->LabelKazuInFile});
+    if (kazu != cs->LabelKazuInFile) Say(RecordsMsg.LabelKazuDiffer, {kazu, cs->LabelKazuInFile});
     LabelKazuInFile = kazu;
     return 0;
 }

@@ -11,12 +11,9 @@ inline constexpr const char* LabelKazuDifferText =
     "CopyLabel(), LabelSpace  ADD36CB0\n";
 
 struct RecordsCatalogue {
-    Msg NegativePrgKazu{Room::Lines, "PrgError: kazu is negative. kazu={0}  TBasicData::SetPrgKazuInFile(int)\n"};
+    Msg NegativePrgKazu{"PrgError: kazu is negative. kazu={0}  TBasicData::SetPrgKazuInFile(int)\n"};
     // {0} the rows of the label table, {1} the count of cs
-    Msg LabelKazuDiffer{Room::Lines, LabelKazuDifferText};
-    Msg EditorIndexOutOfRange{Room::Driver, "PrgError: index < 0 || 2 < index\n"
-                                            "The index was corrected to be zero.\n"
-                                            "TBasicData::SetTextEdIndex(int)\n"};
+    Msg LabelKazuDiffer{LabelKazuDifferText};
 };
 inline constexpr RecordsCatalogue RecordsMsg;
 

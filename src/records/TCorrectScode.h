@@ -4,13 +4,7 @@
 
 #include "messages/TMsgBase.h"
 
-#include <array>
-#include <string_view>
-
 namespace tolvane {
-
-inline constexpr std::array<std::string_view, 8> RegisterNames = {"GR0", "GR1", "GR2", "GR3",
-                                                                  "GR4", "GR5", "GR6", "GR7"};
 
 class TCorrectScode : public TMsgBase {
 public:
@@ -18,8 +12,6 @@ public:
 
     // Of the operand that was last looked at: 1 if it ended in a comma. Starts at 0 in every assembly.
     std::int8_t CommaAriFlag = 0;
-    // 1 if the operand that was asked about is not empty.
-    std::int8_t NextOprndAriFlag = 0;
 
     // The sums of a file that the limits of the array pipeline bound.
     std::int32_t DcLineKazu = 0;
@@ -30,7 +22,7 @@ public:
 
     // Sets LabelKazuInFile to the number of line records whose label begins with A to Z.
     void CountLabels();
-    // Forgets everything of the assembly. Lang and the counters stay.
+    // Forgets everything of the assembly. The counters of diagnostics stay.
     void Reset();
 };
 

@@ -105,7 +105,7 @@ void DspWordCell(std::string& out, int cell) {
 template <class Ch> class Dumper {
 public:
     Dumper(const Tcomet2& m, std::string& text)
-        : machine(m), out(text), form(m.Pipe->dump), lines(b->Src<Ch>()), reserved(b->GetReservedWords()),
+        : machine(m), out(text), form(modeFlags->Pipe->dump), lines(b->Src<Ch>()), reserved(b->GetReservedWords()),
           rows(std::clamp(reserved + RowsBehindImage, 0, AddressCount)), labels(static_cast<std::size_t>(rows)) {
         CollectLabels();
         runColWidth = std::to_string(machine.MaxRunCount).size() + 1;
@@ -151,7 +151,7 @@ template <class Ch> void Dumper<Ch>::CollectLabels() {
     if constexpr (!IsWide<Ch>)
         for (const TLabelRow& row : labelSpace->Rows)
             AddLabel(row.LabelAdr, row.LabelName);
-    if (!machine.Pipe->isArray)
+    if (!modeFlags->Pipe->dumpsLabelSpace)
         for (const SrcData<Ch>& line : lines)
             AddLabel(line.AbAdr, line.strLabel);
     maxLabelLen = form == Dump::DspRegMry70 ? 5 : 8;
@@ -169,12 +169,11 @@ template <class Ch> void Dumper<Ch>::Registers() const {
         DspWordCell(out, machine.GR[n]);
         out += '\n';
     }
-    const auto text = [this](const Msg& msg) { return std::string(msg.For(machine.Lang, machine.Pipe->wording)); };
     out += "Flags:    Fovf=" + std::to_string(machine.Fovf);
     out += ", Fsign=" + std::to_string(machine.Fsign) + "(";
-    out += machine.Fsign == 0 ? "plus), " : machine.Fsign == 1 ? "minus), " : text(ReportsMsg.BadFsign);
+    out += machine.Fsign == 0 ? "plus), " : machine.Fsign == 1 ? "minus), " : TextOf(ReportsMsg.BadFsign);
     out += "Fzero=" + std::to_string(machine.Fzero) + "(";
-    out += machine.Fzero == 0 ? "non zero)." : machine.Fzero == 1 ? "zero)." : text(ReportsMsg.BadFzero);
+    out += machine.Fzero == 0 ? "non zero)." : machine.Fzero == 1 ? "zero)." : TextOf(ReportsMsg.BadFzero);
     out += "\n   SP:";
     DspWordCell(out, machine.SP);
     out += "\n\n";
@@ -204,11 +203,11 @@ template <class Ch> void Dumper<Ch>::MemoryRows() {
         const auto i = static_cast<std::size_t>(a);
         AddressColumns(a, labels[i]);
         DspWordCell(out, machine.Memory[i]);
-        if (machine.Pipe->dumpsRunCount) {
+        if (modeFlags->Pipe->dumpsRunCount) {
             Right(out, machine.RunCount[i], runColWidth);
             out += ':';
         }
-        if (machine.Pipe->buildsLineOfWord) SourceText(a);
+        if (modeFlags->Pipe->buildsLineOfWord) SourceText(a);
         out += '\n';
         if (a == reserved - 1 && a == lastEnd) out += Rule(35);
     }
@@ -262,10 +261,8 @@ template <class Ch> void Dumper<Ch>::StackRows() const {
 }
 
 // A row of the catalogue as bytes of the file.
-std::string TextFor(const Tcomet2& machine, const Msg& msg, Args args = {}) {
-    const std::string utf8 =
-        Compose(msg.For(machine.Lang, machine.Pipe->wording), machine.Lang, Severity::Error, NoLine, args);
-    return Narrow932(WideUtf8Lossy(utf8));
+std::string FileText(const Msg& msg, Args args = {}) {
+    return Narrow932(WideUtf8Lossy(TextOf(msg, args)));
 }
 
 template <class Ch> void Write(const Tcomet2& machine, std::string& out) {
@@ -273,21 +270,20 @@ template <class Ch> void Write(const Tcomet2& machine, std::string& out) {
     dumper.Registers();
     dumper.MemoryHead();
     dumper.MemoryRows();
-    out += TextFor(machine, ReportsMsg.Boundary);
-    out += TextFor(machine, ReportsMsg.StackHead, {machine.SP});
+    out += FileText(ReportsMsg.Boundary);
+    out += FileText(ReportsMsg.StackHead, {machine.SP});
     dumper.StackRows();
     out += Rule(55);
 }
 
 } // namespace
 
-std::string DumpDate(const Tcomet2& machine, const platform::LocalTime& now) {
+std::string DumpDate(const platform::LocalTime& now) {
     static constexpr std::string_view Days = "SunMonTueWedThuFriSat";
     static constexpr std::string_view Months = "JanFebMarAprMayJunJulAugSepOctNovDec";
     const int hour = now.hour == 0 ? 12 : now.hour;
-    if (machine.Lang == 0) {
-        return Compose(ReportsMsg.JapaneseDate.For(machine.Lang, machine.Pipe->wording), machine.Lang, Severity::Error,
-                       NoLine, {now.year, now.month, now.day, hour, now.minute, now.second});
+    if (modeFlags->Lang == 0) {
+        return TextOf(ReportsMsg.JapaneseDate, {now.year, now.month, now.day, hour, now.minute, now.second});
     }
     char standard[64];
     std::snprintf(standard, sizeof standard, "%.3s %.3s%3d %.2d:%.2d:%.2d %d\n",
@@ -299,12 +295,12 @@ std::string DumpDate(const Tcomet2& machine, const platform::LocalTime& now) {
 std::string DumpText(const Tcomet2& machine, const std::string& fileName) {
     std::string out;
     out.reserve(static_cast<std::size_t>(std::max(b->GetReservedWords(), 0)) * 100 + 8192);
-    out += TextFor(machine, ReportsMsg.Font);
+    out += FileText(ReportsMsg.Font);
     out += Rule(43);
-    out += TextFor(machine, ReportsMsg.Source, {Utf8Arg{b->SrcFilePath}, Utf8Arg{DumpDate(machine, platform::Now())}});
-    out += TextFor(machine, ReportsMsg.DumpFile, {Utf8Arg{fileName}});
+    out += FileText(ReportsMsg.Source, {Utf8Arg{po->LastAssembledSrcFilePath}, Utf8Arg{DumpDate(platform::Now())}});
+    out += FileText(ReportsMsg.DumpFile, {Utf8Arg{fileName}});
     out += "//-------------------------------------------------\n";
-    if (machine.Pipe->text == TextKind::Wide)
+    if (modeFlags->Pipe->text == TextKind::Wide)
         Write<char16_t>(machine, out);
     else
         Write<char>(machine, out);
@@ -314,8 +310,7 @@ std::string DumpText(const Tcomet2& machine, const std::string& fileName) {
 int DspRegMry(const Tcomet2& machine, const std::string& fileName) {
     const auto failure = platform::WriteFile(fileName, DumpText(machine, fileName));
     if (!failure) return 0;
-    console::Write(Compose(ReportsMsg.DoesNotOpen.For(machine.Lang, machine.Pipe->wording), machine.Lang,
-                           Severity::Error, NoLine, {Utf8Arg{fileName}, Utf8Arg{*failure}}));
+    Tell(Severity::Error, NoLine, ReportsMsg.DoesNotOpen, {Utf8Arg{fileName}, Utf8Arg{*failure}});
     return 1;
 }
 

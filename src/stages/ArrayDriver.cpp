@@ -1,12 +1,14 @@
 #include "lines/ArrayLines.h"
 #include "lines/Boundaries.h"
+#include "lines/Fields.h"
+#include "lines/Labels.h"
 #include "lines/Normalising.h"
+#include "lines/ZenKaku.h"
 #include "linker/Linker.h"
 #include "operands/ArrayDcDs.h"
 #include "operands/Extraction.h"
 #include "operands/Handlers.h"
 #include "operands/Literals.h"
-#include "records/Lines.h"
 #include "stages/LineDriver.h"
 
 namespace tolvane {
@@ -25,10 +27,8 @@ constexpr Step Steps[] = {
     {op30, Check},
     // the operand edits
     {SearchApostForNonCharConstOP<char>},
-    {CopyOprndComToLine<char>},
     {edit30c<char>},
     {edit50<char>},
-    {CutComment<char>},
     {CkLiteral15<char>},
     {CkStrConstLiteral<char>},
     {TrimZenOprndComOfFile<char>},
@@ -59,6 +59,9 @@ bool RunSteps(int prg) {
 int AnalyseArrayLines() {
     for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg)
         if (!RunSteps(prg)) return -1;
+    if (ErrorSum() > 0) return -1;
+    for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg)
+        if (SetMemory25(prg) < 0) return -1;
     return 0;
 }
 

@@ -6,62 +6,86 @@
 #include "lines/Labels.h"
 #include "lines/Normalising.h"
 #include "linker/Linker.h"
+#include "machine/Tcomet2.h"
+#include "messages/TMsgStore.h"
+#include "records/Records.h"
+#include "records/TLabelSpace.h"
 #include "stages/LineDriver.h"
 
 namespace tolvane {
 
 namespace {
 
-// The sum of the counters after a stage. True when the cycle goes on.
-bool Check(TMsgBase& game) {
-    SumMsgKazu(game);
-    return game.ErrorKazu == 0;
+template <class Ch> int Normalise() {
+    return modeFlags->Pipe->normalising == Normalising::editN ? editN() : editNWB<Ch>();
 }
 
-// The array pipeline fills the memory as soon as its lines are analysed.
-int AnalyseArray(TMsgBase& game) {
-    if (AnalyseArrayLines() < 0 || ErrorSum() > 0) return -1;
-    for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg)
-        if (SetMemory25(game, prg) < 0) return -1;
+template <class Ch> int SettlePrograms() {
+    for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg) {
+        StartEnd<Ch>(prg);
+        StripComment<Ch>(prg);
+    }
     return 0;
 }
 
+template <class Ch> int CkPrgNames() {
+    for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg)
+        CkPrgName<Ch>(prg);
+    return 0;
+}
+
+template <class Ch> int Analyse() {
+    return modeFlags->Pipe->analysis == Analysis::Tables ? AnalyseArrayLines() : AnalyseLines<Ch>();
+}
+
+// The stages of an assembly. A negative result stops it, and so does an Error, whatever the result.
+template <class Ch>
+constexpr int (*Stages[])() = {
+    Normalise<Ch>,      TabsToBlanks<Ch>,           StartEnd10<Ch>,     StartEnd20<Ch>,
+    SettlePrograms<Ch>, IsAnySrcOutsideSartEnd<Ch>, CkPrgNames<Ch>,     CkPrgNameDouble<Ch>,
+    Analyse<Ch>,        CkLabelInUse<Ch>,           CkPrgNameInUse<Ch>,
+};
+
 template <class Ch> bool RunStagesOf(TMsgBase& game) {
-    for (auto& line : b->Src<Ch>())
-        line.strLine = line.strSrc;
-    if ((game.Pipe->isArray ? editN() : editNWB<Ch>()) < 0 || !Check(game)) return false;
-    TabsToBlanks<Ch>();
-    if (StartEnd10<Ch>() < 0 || !Check(game)) return false;
-    if (StartEnd20<Ch>() < 0 || !Check(game)) return false;
-
-    const int programs = b->GetPrgKazuInFile();
-    for (int i = 0; i < programs; ++i) {
-        StartEnd<Ch>(i);
-        StripComment<Ch>(i);
+    for (const auto stage : Stages<Ch>) {
+        const int result = stage();
+        SumMsgKazu(game);
+        if (result < 0 || game.ErrorKazu > 0) return false;
     }
-    if (!Check(game)) return false;
-    IsAnySrcOutsideSartEnd<Ch>();
-    if (!Check(game)) return false;
-    for (int i = 0; i < programs; ++i)
-        CkPrgName<Ch>(i);
-    if (!Check(game)) return false;
-    if (CkPrgNameDouble<Ch>() < 0 || !Check(game)) return false;
-
-    if ((game.Pipe->isArray ? AnalyseArray(game) : AnalyseLines<Ch>()) < 0 || !Check(game)) return false;
-    CkLabelInUse<Ch>();
-    CkPrgNameInUse<Ch>();
-    return Check(game);
+    return true;
 }
 
 } // namespace
 
+void BeginAssembly(TMsgBase& game, const Pipeline& pipeline, int language) {
+    modeFlags->Pipe = &pipeline;
+    modeFlags->Lang = language == 0 ? 0 : 1;
+    b->Reset();
+    cs->Reset();
+    labelSpace->Free();
+    comet2->InitComet2();
+    store->ClearMsgStore();
+    for (TMsgBase* object : {&game, static_cast<TMsgBase*>(b), static_cast<TMsgBase*>(cs), static_cast<TMsgBase*>(po)})
+        object->ClearCounters();
+}
+
 bool RunStages(TMsgBase& game) {
-    return game.Pipe->text == TextKind::Wide ? RunStagesOf<char16_t>(game) : RunStagesOf<char>(game);
+    return modeFlags->Pipe->text == TextKind::Wide ? RunStagesOf<char16_t>(game) : RunStagesOf<char>(game);
 }
 
 int RunLink(TMsgBase& game) {
-    if (game.Pipe->isArray) return Link2(game);
-    return game.Pipe->text == TextKind::Wide ? Link31<char16_t>(game) : Link31<char>(game);
+    const Pipeline& pipeline = *modeFlags->Pipe;
+    const int result = pipeline.analysis == Analysis::Tables ? Link2()
+                       : pipeline.text == TextKind::Wide     ? Link31<char16_t>()
+                                                             : Link31<char>();
+    SumMsgKazu(game);
+    if (result < 0) return result;
+    comet2->ReservedWords = b->GetReservedWords();
+    if (pipeline.dumpsLabelSpace) {
+        cs->CountLabels();
+        labelSpace->CopyLabel();
+    }
+    return result;
 }
 
 } // namespace tolvane

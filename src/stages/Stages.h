@@ -1,14 +1,19 @@
 #pragma once
-// The stages of the assembler in their order, from the normalised lines to the cross checks of names.
+// The assembler as a function: a fresh beginning, the source into the records, the stages, the link. Everything that
+// an assembly leaves stands in the records (`b`), in the diagnostics (`store`) and in the machine (`comet2`); the next
+// BeginAssembly forgets it. The steps may be repeated in one process any number of times.
 
 #include "messages/TMsgBase.h"
 
 namespace tolvane {
 
-// Passes the source through the stages of the game's pipeline and sums the counters into `game` after each. False
-// when a stage stopped the cycle.
+// Chooses pipeline and language (0 Japanese, else English), forgets the assembly before, and clears the counters of
+// all main objects and of `game`. The readers or the caller then fill `strSrc` of the records of the pipeline's kind.
+void BeginAssembly(TMsgBase& game, const Pipeline& pipeline, int language);
+// Passes the source through the stages of the pipeline and sums the counters into `game`. False when a stage stopped
+// the assembly.
 bool RunStages(TMsgBase& game);
-// The link of the pipeline's kind of text. 0, or a negative value.
+// The link of the pipeline, which fills the machine's memory, and the sum of the counters. 0, or a negative value.
 int RunLink(TMsgBase& game);
 
 } // namespace tolvane

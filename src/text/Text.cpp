@@ -89,21 +89,13 @@ std::string TrimZenBlankUtf8(const std::string& text) {
     return TrimZen(text, std::string("\u3000"), length);
 }
 
-template TextW TrimLeftBlank(const TextW&);
-template TextA TrimLeftBlank(const TextA&);
-template TextW TrimRightBlank(const TextW&);
-template TextA TrimRightBlank(const TextA&);
-template TextW TrimBlank(const TextW&);
-template TextA TrimBlank(const TextA&);
-template TextW TrimZenBlank(const TextW&);
-template TextA TrimZenBlank(const TextA&);
-template TextW ZenSpace<char16_t>();
-template TextA ZenSpace<char>();
-template std::size_t CharLength(const TextW&, std::size_t);
-template std::size_t CharLength(const TextA&, std::size_t);
-template std::size_t FindZenSpace(const TextW&, std::size_t);
-template std::size_t FindZenSpace(const TextA&, std::size_t);
-template bool IsZenKakuAt(const TextW&, std::size_t);
-template bool IsZenKakuAt(const TextA&, std::size_t);
+TOLVANE_BOTH_KINDS(TrimLeftBlank)
+TOLVANE_BOTH_KINDS(TrimRightBlank)
+TOLVANE_BOTH_KINDS(TrimBlank)
+TOLVANE_BOTH_KINDS(TrimZenBlank)
+TOLVANE_BOTH_KINDS(ZenSpace)
+TOLVANE_BOTH_KINDS(CharLength)
+TOLVANE_BOTH_KINDS(FindZenSpace)
+TOLVANE_BOTH_KINDS(IsZenKakuAt)
 
 } // namespace tolvane

@@ -20,6 +20,11 @@ inline constexpr std::size_t npos = std::string::npos;
 
 template <class Ch> inline constexpr bool IsWide = sizeof(Ch) == 2;
 
+// Instantiates a routine for both kinds, at the end of the file that defines it.
+#define TOLVANE_BOTH_KINDS(routine)                                                                                    \
+    template decltype(routine<char16_t>) routine<char16_t>;                                                            \
+    template decltype(routine<char>) routine<char>;
+
 // The character at i, or the terminator 0 when i lies behind the end.
 template <class Ch> constexpr Ch At(const Text<Ch>& text, std::size_t i) {
     return i < text.size() ? text[i] : Ch(0);

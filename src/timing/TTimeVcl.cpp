@@ -1,5 +1,6 @@
 #include "timing/TTimeVcl.h"
 
+#include "messages/TMsgBase.h"
 #include "platform/Clocks.h"
 #include "timing/TimeMsgs.h"
 

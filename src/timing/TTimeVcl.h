@@ -1,15 +1,13 @@
 #pragma once
 // How long each phase took: stamps on one of three clocks, and their differences as text. One object, `timer`.
 
-#include "messages/TMsgBase.h"
-
 #include <array>
 #include <cstdint>
 #include <string>
 
 namespace tolvane {
 
-class TTimeVcl : public TMsgBase {
+class TTimeVcl {
 public:
     enum Clock { Qpc, Chrono, ProcessClock };
 

@@ -31,9 +31,11 @@ protected:
     void TearDown() override {
         b->Reset();
         labelSpace->Rows.clear();
+        modeFlags->Pipe = &DefaultPipeline();
+        modeFlags->Lang = 1;
     }
 
-    void Choose(const char* pipeline) { machine->Pipe = FindPipeline(pipeline); }
+    void Choose(const char* pipeline) { modeFlags->Pipe = FindPipeline(pipeline); }
     void Reserve(int words) {
         b->SetReservedWords(words);
         b->vecPrgW.resize(1);
@@ -154,9 +156,9 @@ TEST_F(DumpTest, LargestImage) {
 
 TEST_F(DumpTest, Dates) {
     const platform::LocalTime midnight{2026, 11, 2, 0, 5, 9, 1};
-    EXPECT_EQ(DumpDate(*machine, midnight), "Mon Nov  2 12:05:09 2026\n");
-    machine->Lang = 0;
-    EXPECT_EQ(DumpDate(*machine, midnight), "作成日時：2026年11月2日 12時5分9秒");
+    EXPECT_EQ(DumpDate(midnight), "Mon Nov  2 12:05:09 2026\n");
+    modeFlags->Lang = 0;
+    EXPECT_EQ(DumpDate(midnight), "作成日時：2026年11月2日 12時5分9秒");
 }
 
 } // namespace tolvane::tests

@@ -18,7 +18,11 @@ constexpr int Far = 0x1000; // an address behind every program of these tests
 
 class Machine {
 public:
-    Machine() : machine(std::make_unique<Tcomet2>()) { machine->ReservedWords = 0x2000; }
+    Machine() : machine(std::make_unique<Tcomet2>()) {
+        machine->ReservedWords = 0x2000;
+        modeFlags->Pipe = &DefaultPipeline();
+        modeFlags->Lang = 1;
+    }
     explicit Machine(std::initializer_list<int> words) : Machine() { Put(0, words); }
 
     Tcomet2* operator->() { return machine.get(); }
@@ -231,7 +235,7 @@ TEST(Machine, CountsFirstWordsThatAreExecuted) {
     EXPECT_EQ(refused->RunCount[0], 0) << "the register check comes before the count";
 
     Machine array{Ret};
-    array->Pipe = FindPipeline("NH");
+    modeFlags->Pipe = FindPipeline("NH");
     array->RunCount[0] = 4;
     array.Run();
     EXPECT_EQ(array->RunCount[0], 5);
@@ -383,7 +387,7 @@ TEST(Machine, Stops) {
             for (std::size_t i = 0; i < row.words.size(); ++i)
                 m->Memory[i] = row.words[i];
             m->GR[2] = 2;
-            m->Lang = lang;
+            modeFlags->Lang = lang;
             const std::string console = m.Run();
             EXPECT_TRUE(Contains(console, lang == 0 ? row.ja : row.en)) << console;
             EXPECT_EQ(m->PR, row.pr);
@@ -412,7 +416,7 @@ TEST(Machine, LimitsAtTheirEdges) {
     // The array pipeline. A store at its limit itself is refused only as long as no store has been warned of.
     const auto array = [](std::initializer_list<int> words) {
         Machine m(words);
-        m->Pipe = FindPipeline("NH");
+        modeFlags->Pipe = FindPipeline("NH");
         m->ReservedWords = 20;
         m->GR[2] = 1;
         return m;

@@ -1,0 +1,18 @@
+#pragma once
+// The fields of a line: label, opcode word, operand text.
+
+#include "records/Records.h"
+
+namespace tolvane {
+
+// Splits the lines of a program, END included: strLine to strRest (behind the label), strOp and strOprndCom. The first
+// line of the program with a long operand text is told in a Warning that counts nowhere. 0.
+template <class Ch> int SplitFields(int prg);
+// The steps of SplitFields.
+template <class Ch> void TakeOutLabelRest(int prg);
+template <class Ch> void TakeOutOpStr(int prg);
+template <class Ch> void TakeOutOprndComStr(int prg);
+// Removes the blanks at both ends of strOprndCom. 0.
+template <class Ch> int TrimOprndCom(int prg);
+
+} // namespace tolvane
