@@ -37,7 +37,7 @@ public:
     void Prepare() {
         BeginAssembly(game, DefaultPipeline(), 1);
         for (const TextW& line : source) {
-            b->vecSrcW.emplace_back().strSrc = line;
+            b->AddLine<char16_t>(line);
         }
     }
     void Run() { good = RunStages(game) && RunLink(game) == 0; }

@@ -66,7 +66,7 @@ int OpenFileChH(const std::string& path) {
     }
     b->vecSrcA.clear();
     for (const TextA& line : lines)
-        b->vecSrcA.emplace_back().strSrc = CutToRow(line, lengthLimit);
+        b->AddLine<char>(CutToRow(line, lengthLimit));
     return 0;
 }
 

@@ -43,10 +43,6 @@ TextA WithoutMark(TextA line, std::size_t number) {
     return line;
 }
 
-template <class Ch> void AppendRecord(Text<Ch> text) {
-    b->Src<Ch>().emplace_back().strSrc = std::move(text);
-}
-
 bool IsUtf16() {
     return moziCode->CodePage == 1200 || moziCode->CodePage == 1201;
 }
@@ -135,7 +131,7 @@ int OpenFileUTF8toVecW20(const std::string& path) {
     const bool isUtf8 = moziCode->CodePage == 65001;
     ForEachLine(*bytes, [&](TextA line, std::size_t number) {
         line = WithoutMark(std::move(line), number);
-        AppendRecord(isUtf8 ? Utf8ToWide(line) : utf_16_to_shift_jis(line));
+        b->AddLine<char16_t>(isUtf8 ? Utf8ToWide(line) : utf_16_to_shift_jis(line));
     });
     return 0;
 }
@@ -147,7 +143,7 @@ int OpenFileUTF16toVecW20(const std::string& path) {
         return Utf16ReaderFailed;
     }
     b->vecSrcW.clear();
-    ForEachUtf16Line(*bytes, [](TextW line) { AppendRecord(std::move(line)); });
+    ForEachUtf16Line(*bytes, [](const TextW& line) { b->AddLine<char16_t>(line); });
     return 0;
 }
 
@@ -160,13 +156,13 @@ int OpenFileNarrow(const std::string& path) {
     }
     b->vecSrcA.clear();
     if (IsUtf16()) {
-        ForEachUtf16Line(*bytes, [](const TextW& line) { AppendRecord(Narrow932(line)); });
+        ForEachUtf16Line(*bytes, [](const TextW& line) { b->AddLine<char>(Narrow932(line)); });
         return 0;
     }
     const bool isSjis = moziCode->CodePage == 932;
     ForEachLine(*bytes, [&](TextA line, std::size_t number) {
         line = WithoutMark(std::move(line), number);
-        AppendRecord(isSjis ? std::move(line) : Utf8ToNarrow(line));
+        b->AddLine<char>(isSjis ? line : Utf8ToNarrow(line));
     });
     return 0;
 }
@@ -176,7 +172,7 @@ int OpenFileWidened(const std::string& path) {
     if (result < 0) return result;
     b->vecSrcW.clear();
     for (const SrcDataA& line : b->vecSrcA)
-        AppendRecord(NarrowToWide(line.strSrc));
+        b->AddLine<char16_t>(NarrowToWide(line.strSrc));
     b->vecSrcA.clear();
     return 0;
 }

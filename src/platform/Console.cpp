@@ -85,6 +85,8 @@ public:
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 
+    std::string* instead = nullptr; // where the text goes that the console does not show
+
     void Append(std::string_view bytes) {
         pending += bytes;
         if (pending.size() >= LargeOutput) Flush();
@@ -220,7 +222,9 @@ std::string Encoded(std::string_view utf8) {
 } // namespace
 
 void Write(std::string_view utf8) {
-    if (ConsoleCode() == Code::Utf8)
+    if (TheOutput().instead != nullptr)
+        TheOutput().instead->append(utf8);
+    else if (ConsoleCode() == Code::Utf8)
         TheOutput().Append(utf8);
     else
         TheOutput().Append(Encoded(utf8));
@@ -228,6 +232,10 @@ void Write(std::string_view utf8) {
 
 void Flush() {
     TheOutput().Flush();
+}
+
+void WriteTo(std::string* text) {
+    TheOutput().instead = text;
 }
 
 std::optional<std::string> ReadLine(std::size_t limit) {

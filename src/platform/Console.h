@@ -13,6 +13,8 @@ namespace tolvane::console {
 // of the output has gone, the program ends quietly.
 void Write(std::string_view utf8);
 void Flush();
+// From now on what is written is appended to `text` as UTF-8; null: it goes to the standard output again.
+void WriteTo(std::string* text);
 
 // One line without its line end; what lies beyond `limit` characters is dropped with the line. Nothing at the end of
 // the input; a last line without its line end is a line.

@@ -5,6 +5,7 @@
 #include "records/PrgData.h"
 #include "records/SrcData.h"
 
+#include <string_view>
 #include <vector>
 
 namespace tolvane {
@@ -22,6 +23,9 @@ public:
     // The records of the pipeline's kind of text; the index of a line record is its zero-based line number.
     template <class Ch> std::vector<SrcData<Ch>>& Src();
     template <class Ch> std::vector<PrgData<Ch>>& Prg();
+
+    // Appends the record of the next line of the file, without its line end.
+    template <class Ch> void AddLine(std::basic_string_view<Ch> text) { Src<Ch>().emplace_back().strSrc = text; }
 
     std::int32_t GetPrgKazuInFile() const { return prgKazuInFile; }
     void SetPrgKazuInFile(int kazu); // a negative count is reported and not stored
