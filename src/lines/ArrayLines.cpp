@@ -43,9 +43,9 @@ bool HoldsText(const SrcDataA& src) {
     return FindNonBlank(src.strLine) != npos;
 }
 
-// START and END have no place between the two, and EXIT ends a run at once.
-bool IsOpWord(const TextA& op) {
-    return Is(op, "EXIT") || (IsCaslWord(op) && !Is(op, "START") && !Is(op, "END"));
+// START and END have no place between the two.
+bool IsInnerOp(const Opcode* op) {
+    return op != nullptr && op->shape != Shape::Start && op->shape != Shape::End;
 }
 
 // The first word that is too long to be an opcode.
@@ -63,8 +63,8 @@ int CkOpLength(const PrgDataA& program) {
 int CkOpWords(const PrgDataA& program) {
     const int before = cs->ErrorKazu;
     for (int line = program.StartLine + 1; line < program.EndLine; ++line) {
-        const TextA& op = LineAt<char>(line).strOp;
-        if (op.empty() || IsOpWord(op)) continue;
+        const SrcDataA& src = LineAt<char>(line);
+        if (src.strOp.empty() || IsInnerOp(src.op)) continue;
         ExplainUnknownOp<char>(line);
         if (cs->ErrorKazu - before > MostOpErrors) break;
     }
@@ -75,9 +75,9 @@ int CkOpWords(const PrgDataA& program) {
 int CkPlaceOfDcDs(const PrgDataA& program) {
     bool found = false;
     for (int line = program.StartLine + 1; line < program.EndLine; ++line) {
-        const TextA& op = LineAt<char>(line).strOp;
-        if (op.empty()) continue;
-        if (IsDcOrDs(op)) {
+        const SrcDataA& src = LineAt<char>(line);
+        if (src.strOp.empty()) continue;
+        if (IsDcOrDs(src.op)) {
             found = true;
         } else if (found) {
             cs->Error(line, LinesMsg.DcDsNotAtEnd);

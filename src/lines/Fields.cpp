@@ -24,6 +24,7 @@ template <class Ch> void TakeOutOpStr(int prg) {
     for (int line = PrgAt<Ch>(prg).StartLine; line <= PrgAt<Ch>(prg).EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         src.strOp = src.strRest.substr(0, FindBlank(src.strRest));
+        src.op = FindOpcode(src.strOp, modeFlags->Pipe->hasExit);
     }
 }
 

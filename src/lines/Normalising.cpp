@@ -73,7 +73,6 @@ bool HasBlankBehind(const Text<Ch>& line, const std::array<std::string_view, N>&
 
 constexpr std::array<std::string_view, 3> LiteralSigns = {"=+", "=-", "=#"};
 constexpr std::array<std::string_view, 3> Signs = {"+", "-", "#"};
-constexpr std::array<std::string_view, 5> NoOperandOps = {"NOP", "RPUSH", "RPOP", "RET", "END"};
 
 } // namespace
 
@@ -125,9 +124,9 @@ template <class Ch> int edit50(int prg) {
 
 template <class Ch> int RemoveNoOprndOpSemiColn(int line) {
     const SrcData<Ch>& src = LineAt<Ch>(line);
-    for (std::string_view op : NoOperandOps) {
-        const Text<Ch> word = Lit<Ch>(op);
-        if (!ContainsMozi(src.strOp, word)) continue;
+    for (const Opcode& op : opcodes::Table) {
+        const Text<Ch> word = Lit<Ch>(op.word);
+        if (!StandsAlone(op) || !ContainsMozi(src.strOp, word)) continue;
         // Only the first word of the table that occurs is looked for. The form with the space is the one shown.
         const Text<Ch> behindSpace = Ch(' ') + word + Ch(';');
         const Text<Ch> behindTab = Ch('\t') + word + Ch(';');

@@ -6,33 +6,13 @@
 #include "lines/ZenKaku.h"
 #include "records/Lines.h"
 
-#include <algorithm>
-#include <array>
-
 namespace tolvane {
-
-namespace {
-
-constexpr std::array<std::string_view, 36> CaslWords = {
-    // assembler instructions
-    "START", "END", "DC", "DS",
-    // machine instructions
-    "LD", "LAD", "ST", "ADDA", "SUBA", "ADDL", "SUBL", "AND", "OR", "XOR", "CPA", "CPL", "SRA", "SRL", "SLA", "SLL",
-    "JPL", "JMI", "JZE", "JNZ", "JOV", "JUMP", "CALL", "RET", "PUSH", "POP", "NOP", "SVC",
-    // macro instructions
-    "IN", "OUT", "RPUSH", "RPOP"};
-
-} // namespace
-
-template <class Ch> bool IsCaslWord(const Text<Ch>& word) {
-    return std::any_of(CaslWords.begin(), CaslWords.end(), [&word](std::string_view w) { return Is(word, w); });
-}
 
 template <class Ch> int CkOpStr(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line <= program.EndLine; ++line) {
-        const Text<Ch>& op = LineAt<Ch>(line).strOp;
-        if (op.empty() || IsCaslWord(op)) continue;
+        const SrcData<Ch>& src = LineAt<Ch>(line);
+        if (src.strOp.empty() || src.op != nullptr) continue;
         ExplainUnknownOp<Ch>(line);
         return -cs->ErrorKazu;
     }
@@ -56,7 +36,6 @@ template <class Ch> int AnalystOP(int line) {
     return 1;
 }
 
-TOLVANE_BOTH_KINDS(IsCaslWord)
 TOLVANE_BOTH_KINDS(CkOpStr)
 TOLVANE_BOTH_KINDS(ExplainUnknownOp)
 TOLVANE_BOTH_KINDS(AnalystOP)

@@ -104,18 +104,6 @@ template <class Ch> int CkLeftRight(const BoundaryRows& rows) {
     return 0;
 }
 
-// How the operand text of an opcode is tidied.
-enum class Tidy { None, Simple, Careful, CarefulWithCommas };
-
-template <class Ch> Tidy TidyOf(const Text<Ch>& op) {
-    constexpr std::array<std::string_view, 5> simple = {"START", "POP", "DS", "IN", "OUT"};
-    constexpr std::array<std::string_view, 3> careful = {"CALL", "PUSH", "SVC"};
-    auto isOp = [&op](std::string_view word) { return Is(op, word); };
-    if (std::any_of(simple.begin(), simple.end(), isOp)) return Tidy::Simple;
-    if (std::any_of(careful.begin(), careful.end(), isOp)) return Tidy::Careful;
-    return isOp("DC") ? Tidy::CarefulWithCommas : Tidy::None;
-}
-
 template <class Ch> void TabsToSpaces(Text<Ch>& text) {
     std::replace(text.begin(), text.end(), Ch('\t'), Ch(' '));
 }
@@ -205,15 +193,14 @@ template <class Ch> int CkEnd_LR() {
 }
 
 template <class Ch> int TrimZenOprndCom() {
-    const bool tellsUnknownOp = modeFlags->Pipe->trimTellsUnknownOp;
     for (SrcData<Ch>& src : b->Src<Ch>()) {
         if (src.strOp.empty() || src.strOprndCom.empty()) continue;
-        const Tidy tidy = TidyOf(src.strOp);
+        const Tidy tidy = src.op != nullptr ? src.op->tidy : Tidy::None;
         if (tidy == Tidy::Simple)
             TidySimply(src.strOprndCom);
         else if (tidy != Tidy::None)
             TidyCarefully(src.strOprndCom, tidy == Tidy::CarefulWithCommas);
-        else if (tellsUnknownOp && !IsCaslWord(src.strOp))
+        else if (modeFlags->Pipe->trimTellsUnknownOp && src.op == nullptr)
             Say(LinesMsg.NoOpCodeToTrim, {src.strOp});
     }
     return 0;

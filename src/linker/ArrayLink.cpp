@@ -14,7 +14,7 @@ namespace {
 constexpr int AllAddresses = 65536;
 
 bool IsMacro(const SrcDataA& src) {
-    return Is(src.strOp, "IN") || Is(src.strOp, "OUT") || Is(src.strOp, "RPUSH") || Is(src.strOp, "RPOP");
+    return HasShape(src.op, Shape::InOut) || HasShape(src.op, Shape::RpushRpop);
 }
 
 // The words of a program's lines without DC and DS.
@@ -22,7 +22,7 @@ int InstructionWords(const PrgDataA& program) {
     int words = 0;
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         const SrcDataA& src = LineAt<char>(line);
-        if (src.strOp.empty() || IsDcOrDs(src.strOp)) continue;
+        if (src.strOp.empty() || IsDcOrDs(src.op)) continue;
         if (!IsMacro(src) && (src.word_kazu < 0 || 2 < src.word_kazu)) cs->Error(line, LinkerMsg.StrangeWordKazu);
         words += src.word_kazu;
     }
@@ -32,7 +32,7 @@ int InstructionWords(const PrgDataA& program) {
 int DcDsWords(const PrgDataA& program) {
     int words = 0;
     for (int line = program.StartLine; line < program.EndLine; ++line)
-        if (IsDcOrDs(LineAt<char>(line).strOp)) words += LineAt<char>(line).word_kazu;
+        if (IsDcOrDs(LineAt<char>(line).op)) words += LineAt<char>(line).word_kazu;
     return words;
 }
 

@@ -18,7 +18,7 @@ template <class Ch> int PrgKazu() {
 }
 
 // A number takes one word, a character literal one word a character.
-template <class Ch> int LiteralWords(const TLiteConst<Ch>& literal) {
+int LiteralWords(const TLiteConst& literal) {
     return std::max(static_cast<int>(literal.vecLiteMozi.size()), 1);
 }
 
@@ -35,52 +35,50 @@ void Store(int& address, int value) {
     comet2->Memory[static_cast<std::size_t>(address++)] = value;
 }
 
-// Writes the constants of a DC line and tells them their addresses.
-template <class Ch> void StoreDc(SrcData<Ch>& src, int start, int& address) {
+template <class Ch> void StoreDc(const SrcData<Ch>& src, int& address) {
     for (std::size_t k = 0; k < src.vecDcConst.size(); ++k) {
-        TDcConst<Ch>& constant = src.vecDcConst[k];
-        const std::string_view kind = constant.DataTypeStrFlag;
-        constant.ConstAbAdr = address;
-        constant.ConstRlAdr = address - start;
-        if (kind == "Dec" || kind == "Hex" || kind == "Label" || kind == "AdrConst") {
+        const TDcConst<Ch>& constant = src.vecDcConst[k];
+        switch (constant.DataTypeStrFlag) {
+        case DcKind::Dec:
+        case DcKind::Hex:
+        case DcKind::AdrConst:
             Store(address, constant.ConstValue);
-        } else if (kind == "MoziRetuConst" || kind == "CharConst") {
-            for (TMoziWord& mozi : constant.vecMozi) {
-                mozi.AbAdr = address;
-                Store(address, mozi.Code);
-            }
-        } else {
-            cs->Error(NoLine, LinkerMsg.StrangeKind, {constant.strConst, k, constant.DataTypeStrFlag});
+            break;
+        case DcKind::CharConst:
+        case DcKind::MoziRetuConst:
+            for (const int code : constant.vecMozi)
+                Store(address, code);
+            break;
+        case DcKind::Const:
+            const char* kind = DcKindNames[static_cast<std::size_t>(constant.DataTypeStrFlag)];
+            cs->Error(NoLine, LinkerMsg.StrangeKind, {constant.strConst, k, kind});
         }
     }
 }
 
-template <class Ch> void StoreLine(SrcData<Ch>& src, int start, int& address) {
-    if (Is(src.strOp, "DC")) {
-        StoreDc(src, start, address);
-    } else if (Is(src.strOp, "DS")) {
-        src.AbAdr = address; // also the address of a label on DS 0: what follows
+template <class Ch> void StoreLine(const SrcData<Ch>& src, int& address) {
+    switch (src.op->shape) {
+    case Shape::Dc:
+        return StoreDc(src, address);
+    case Shape::Ds:
         for (int i = 0; i < src.word_kazu; ++i)
             Store(address, 0);
-    } else if (src.word_kazu == 1 || src.word_kazu == 2) {
+        return;
+    case Shape::InOut:
+    case Shape::RpushRpop:
+        for (const int word : src.vecWord)
+            Store(address, word);
+        return;
+    default:
         Store(address, src.first_word);
         if (src.word_kazu == 2) Store(address, src.second_word);
-    } else {
-        for (const TWordRec& word : src.vecWord)
-            Store(address, word.Value);
     }
 }
 
-template <class Ch> void StoreLiteral(SrcData<Ch>& src, int start, int& address) {
-    TLiteConst<Ch>& literal = src.vecLite[0];
-    literal.AbAdr = address;
-    literal.RlAdr = address - start;
-    SetSecondWord(src, address);
+void StoreLiteral(const TLiteConst& literal, int& address) {
     if (literal.vecLiteMozi.empty()) Store(address, literal.LiteValue);
-    for (TLiteMozi& mozi : literal.vecLiteMozi) {
-        mozi.AbAdr = address;
-        Store(address, mozi.Word);
-    }
+    for (const int code : literal.vecLiteMozi)
+        Store(address, code);
 }
 
 } // namespace
@@ -100,8 +98,8 @@ template <class Ch> void SetLinesInMemory(int prg, Taken taken, int& address) {
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         if (src.strOp.empty()) continue;
-        const Taken kind = IsDcOrDs(src.strOp) ? Taken::Constants : Taken::Instructions;
-        if (taken == Taken::All || taken == kind) StoreLine(src, program.AbAdrAtStart, address);
+        const Taken kind = IsDcOrDs(src.op) ? Taken::Constants : Taken::Instructions;
+        if (taken == Taken::All || taken == kind) StoreLine(src, address);
     }
 }
 
@@ -109,7 +107,7 @@ template <class Ch> void SetLiteralsInMemory(int prg, int& address) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
-        if (HasLiteral(src)) StoreLiteral(src, program.AbAdrAtStart, address);
+        if (HasLiteral(src)) StoreLiteral(src.vecLite[0], address);
     }
 }
 
@@ -117,7 +115,6 @@ template <class Ch> void SetMemory(int prg) {
     int address = PrgAt<Ch>(prg).AbAdrAtStart;
     SetLinesInMemory<Ch>(prg, Taken::All, address);
     SetLiteralsInMemory<Ch>(prg, address);
-    if (prg + 1 < PrgKazu<Ch>()) PrgAt<Ch>(prg + 1).AbAdrAtStart = address;
 }
 
 template <class Ch> int Link31() {

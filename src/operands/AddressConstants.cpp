@@ -15,10 +15,8 @@ namespace {
 
 constexpr int JumpCode = 0x6400;
 
-// A plain number or name: the line has no literal of a number.
 template <class Ch> int SetAddress(SrcData<Ch>& src, int value) {
-    SetSecondWord(src, value);
-    src.fLite = false;
+    src.second_word = value;
     return 0;
 }
 
@@ -45,7 +43,7 @@ template <class Ch> int NameAddress(int line, const Text<Ch>& name) {
         PrgData<Ch>& prg = PrgAt<Ch>(other);
         prg.fCalled = true;
         src.fLabelInUse = true;
-        if (!Is(src.strOp, "CALL") && !Is(src.strOp, "LAD")) cs->Warning(line, AddressMsg.OutsideProgram);
+        if (!src.op->reachesPrograms) cs->Warning(line, AddressMsg.OutsideProgram);
         return SetAddress(src, prg.AbAdrAtStart);
     }
     if (int target = FindLabelLine(src.PrgNr, name); target >= 0) {
@@ -114,11 +112,11 @@ template <class Ch> int LiteralAddress(int line, const Text<Ch>& operand) {
             return -1;
         }
         if (hex)
-            SetLiteNumber(line, operand, "LiteHexConst", HexStrToIntG(constant, line, 0));
+            SetLiteNumber<Ch>(line, HexStrToIntG(constant, line, 0));
         else
-            SetLiteNumber(line, operand, "LiteDecConst", DecStrToIntG(constant, line, 0));
+            SetLiteNumber<Ch>(line, DecStrToIntG(constant, line, 0));
     }
-    if (!src.vecLite.empty()) SetSecondWord(src, src.vecLite[0].AbAdr);
+    if (!src.vecLite.empty()) src.second_word = src.vecLite[0].AbAdr;
     return 0;
 }
 
@@ -127,7 +125,6 @@ template <class Ch> void SetStartJump(SrcData<Ch>& src, int address) {
     src.first_word = JumpCode;
     src.second_word = address;
     src.word_kazu = 2;
-    src.vecWord = {{JumpCode, 0, 0, 0, "START"}, {address, 0, 0, 0, "An operand of START"}};
 }
 
 template <class Ch> int FindProgram(const Text<Ch>& name) {
@@ -135,11 +132,6 @@ template <class Ch> int FindProgram(const Text<Ch>& name) {
 }
 
 } // namespace
-
-template <class Ch> void SetSecondWord(SrcData<Ch>& src, int value) {
-    src.second_word = value;
-    if (src.vecWord.size() > 1) src.vecWord[1].Value = value;
-}
 
 template <class Ch> int FindOtherProgram(int own, const Text<Ch>& name) {
     const auto& programs = b->Prg<Ch>();
@@ -174,13 +166,12 @@ template <class Ch> int CkAdrConst20(int line, int n) {
 
 template <class Ch> int CkStartAdrOperand(int prg, int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    const Text<Ch> t = src.strOprnd[1];
-    if (t.empty()) { // three words in the operand field count as none
-        src.first_word = src.second_word = 0;
+    if (src.fThreeOprnds) { // they count as none
+        src.first_word = 0;
         src.word_kazu = 1;
-        src.vecWord = {{0, 0, 0, 0, "An Operand of START"}};
         return 0;
     }
+    const Text<Ch>& t = src.chOprnd[1];
     int pos = 0;
     if (DetNonLabelMoziPos(t.substr(1), pos)) {
         cs->Error(line, AddressMsg.StartBadChar, {t});
@@ -213,7 +204,6 @@ template <class Ch> int CkStartAdrOperand(int prg, int line) {
     return 1;
 }
 
-TOLVANE_BOTH_KINDS(SetSecondWord)
 TOLVANE_BOTH_KINDS(FindOtherProgram)
 TOLVANE_BOTH_KINDS(DetNonAdrConstMoziPosAW)
 TOLVANE_BOTH_KINDS(CkAdrConst20)

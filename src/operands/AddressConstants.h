@@ -16,7 +16,5 @@ template <class Ch> void DetNonAdrConstMoziPosAW(const Text<Ch>& text, int line,
 
 // The program other than `own` that has the name; -1 if there is none.
 template <class Ch> int FindOtherProgram(int own, const Text<Ch>& name);
-// Sets second_word, and its copy among the words of the line where the line has them.
-template <class Ch> void SetSecondWord(SrcData<Ch>& src, int value);
 
 } // namespace tolvane

@@ -14,9 +14,9 @@ template <class OnDc, class OnDs> int ForDcAndDs(int prg, OnDc onDc, OnDs onDs) 
     int result = 0;
     const PrgDataA& program = PrgAt<char>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
-        const TextA& op = LineAt<char>(line).strOp;
-        if (Is(op, "DC") && onDc(line) != 0) result = 1;
-        if (Is(op, "DS") && onDs(line) != 0) result = 1;
+        const Opcode* op = LineAt<char>(line).op;
+        if (HasShape(op, Shape::Dc) && onDc(line) != 0) result = 1;
+        if (HasShape(op, Shape::Ds) && onDs(line) != 0) result = 1;
     }
     return result;
 }

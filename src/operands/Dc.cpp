@@ -6,6 +6,7 @@
 #include "records/Lines.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace tolvane {
 
@@ -121,21 +122,21 @@ template <class Ch> bool CkConstant(Place place, TDcConst<Ch>& constant) {
     const Text<Ch>& text = constant.strConst;
     const Ch c = text[0];
     if (c == Ch('#')) {
-        constant.DataTypeStrFlag = "Hex";
+        constant.DataTypeStrFlag = DcKind::Hex;
         CkHexConst(place, text);
         return true;
     }
     if (IsDigit(c) || IsSign(c)) {
-        constant.DataTypeStrFlag = "Dec";
+        constant.DataTypeStrFlag = DcKind::Dec;
         CkDecConst(place, text);
         return true;
     }
     if (IsUpper(c)) {
-        constant.DataTypeStrFlag = "AdrConst";
+        constant.DataTypeStrFlag = DcKind::AdrConst;
         return CkLabelConst(place, text);
     }
     if (c == Ch('\'')) {
-        constant.DataTypeStrFlag = "CharConst";
+        constant.DataTypeStrFlag = DcKind::CharConst;
         return CkCharConst(place, text);
     }
     return RefuseFirstChar(place, text);
@@ -143,7 +144,7 @@ template <class Ch> bool CkConstant(Place place, TDcConst<Ch>& constant) {
 
 struct WordCount {
     int words;
-    const char* kind;             // null: the kind stays
+    std::optional<DcKind> kind;   // without one the kind stays
     const Msg* refusal = nullptr; // why the constant has no words
 };
 
@@ -151,36 +152,34 @@ template <class Ch> WordCount CountWords(const Text<Ch>& text) {
     const Ch c = At(text, 0);
     const Ch next = At(text, 1);
     const bool mark = c == Ch('#') || IsSign(c);
-    if (text.empty() || (mark && text.size() == 1)) return {0, nullptr, &DcMsg.EmptyConstant};
-    if (c == Ch('\'')) return {CountWordKazuAtCharConst(text), "CharConst"};
-    if (c == Ch('#')) return {1, "Hex"};
-    if (IsDigit(c) || (IsSign(c) && IsDigit(next))) return {1, "Dec"};
-    if (IsSign(c)) return {0, nullptr};
-    if (IsUpper(c)) return {1, "AdrConst"};
-    return {0, nullptr, &DcMsg.UnknownKind};
+    if (text.empty() || (mark && text.size() == 1)) return {0, std::nullopt, &DcMsg.EmptyConstant};
+    if (c == Ch('\'')) return {CountWordKazuAtCharConst(text), DcKind::CharConst};
+    if (c == Ch('#')) return {1, DcKind::Hex};
+    if (IsDigit(c) || (IsSign(c) && IsDigit(next))) return {1, DcKind::Dec};
+    if (IsSign(c)) return {0, std::nullopt};
+    if (IsUpper(c)) return {1, DcKind::AdrConst};
+    return {0, std::nullopt, &DcMsg.UnknownKind};
 }
 
 // Sets kind, value and characters of one constant.
 template <class Ch> void SetConstant(int prg, Place place, TDcConst<Ch>& constant) {
     const Text<Ch>& text = constant.strConst;
     const Ch c = At(text, 0);
-    constant.ConstWordKazu = 1;
     constant.vecMozi.clear();
     if (c == Ch('\'')) {
-        ForEachMozi(text, 0, [&](int code) { constant.vecMozi.push_back({1, code, 0}); });
-        constant.ConstWordKazu = static_cast<int>(constant.vecMozi.size());
-        constant.DataTypeStrFlag = "MoziRetuConst";
+        ForEachMozi(text, 0, [&](int code) { constant.vecMozi.push_back(code); });
+        constant.DataTypeStrFlag = DcKind::MoziRetuConst;
     } else if (c == Ch('#')) {
         constant.ConstValue = HexStrToIntG(text, place.line, place.constant);
-        constant.DataTypeStrFlag = "Hex";
+        constant.DataTypeStrFlag = DcKind::Hex;
     } else if (IsDigit(c) || IsSign(c)) {
         std::size_t end = 0;
         constant.ConstValue = ReadDecimal(text, end);
-        constant.DataTypeStrFlag = "Dec";
+        constant.DataTypeStrFlag = DcKind::Dec;
         if (constant.ConstValue < WordMin || WordMax < constant.ConstValue)
             cs->Note(place, DcMsg.DecOutOfRange, {constant.ConstValue});
     } else {
-        constant.DataTypeStrFlag = "AdrConst";
+        constant.DataTypeStrFlag = DcKind::AdrConst;
         const int target = FindLabelLine(prg, text);
         if (target < 0) {
             cs->Error(place, DcMsg.NoAddressConstant, {text});
@@ -194,21 +193,69 @@ template <class Ch> void SetConstant(int prg, Place place, TDcConst<Ch>& constan
 
 template <class Ch> void SetLineMryInAtDC(int prg, int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    src.vecWord.clear();
+    std::size_t words = 0;
     for (std::size_t k = 0; k < src.vecDcConst.size(); ++k) {
         TDcConst<Ch>& constant = src.vecDcConst[k];
         SetConstant(prg, {line, static_cast<int>(k)}, constant);
-        if (constant.vecMozi.empty()) src.vecWord.push_back({constant.ConstValue, 0, 0, 0, "DC"});
-        for (const TMoziWord& mozi : constant.vecMozi)
-            src.vecWord.push_back({mozi.Code, 0, 0, 0, "DC"});
+        words += std::max<std::size_t>(constant.vecMozi.size(), 1);
     }
-    src.word_kazu = static_cast<int>(src.vecWord.size());
-    src.oprnd_kazu = static_cast<int>(src.vecDcConst.size());
+    src.word_kazu = static_cast<int>(words);
 }
 
 int Refuse(int line, const Msg& msg, Args args = {}) {
     cs->Error(line, msg, args);
     return -1;
+}
+
+// One piece of a list of constants: blanks and a comma take the blanks behind them along, a character constant is
+// whole.
+template <class Ch> struct ListPiece {
+    std::size_t begin;
+    std::size_t end;
+    bool isBlank;
+    bool isComma;
+    bool endsText;    // nothing but blanks behind it
+    bool beforeComma; // a comma behind it, with or without blanks between
+
+    ListPiece(const Text<Ch>& text, std::size_t at)
+        : begin(at), isBlank(IsBlank(text[at])), isComma(text[at] == Ch(',')) {
+        const std::size_t behind = std::min(FindNonBlank(text, at + 1), text.size());
+        end = isBlank || isComma ? behind : NextUnit(text, at);
+        endsText = behind == text.size();
+        beforeComma = !endsText && text[behind] == Ch(',');
+    }
+};
+
+// Refuses a text that is no list: two commas in a row, text behind a blank, a sign or "#" apart from its number. -1
+// with an Error. A comma at the end is only noted.
+template <class Ch> int RefuseNoList(int line, const Text<Ch>& text) {
+    for (std::size_t i = 0; i < text.size();) {
+        const ListPiece<Ch> piece(text, i);
+        const bool textBehindBlank = piece.isBlank && !piece.endsText && !piece.beforeComma;
+        if (textBehindBlank && modeFlags->Pipe->dcTextBehindBlank)
+            return Refuse(line, DcMsg.ConstantOrComment, {text.substr(piece.end)});
+        if (piece.isComma && piece.beforeComma) return Refuse(line, DcMsg.DoubleComma);
+        if (piece.isComma && piece.endsText) cs->Note(line, DcMsg.CommaAtEnd, {text});
+        const bool apart = IsBlank(At(text, i + 1));
+        if (IsSign(text[i]) && apart) return Refuse(line, DcMsg.BlankBehindSign);
+        if (text[i] == Ch('#') && apart) return Refuse(line, DcMsg.BlankBehindHexMark);
+        i = piece.end;
+    }
+    return 0;
+}
+
+// Blanks round a comma and at the end go, others stay.
+template <class Ch> Text<Ch> WithoutBlanksAtCommasAndEnd(const Text<Ch>& text) {
+    Text<Ch> out;
+    for (std::size_t i = 0; i < text.size();) {
+        const ListPiece<Ch> piece(text, i);
+        if (piece.isComma)
+            out += Ch(',');
+        else if (!piece.isBlank || !(piece.endsText || piece.beforeComma))
+            out.append(text, i, piece.end - i);
+        i = piece.end;
+    }
+    return out;
 }
 
 } // namespace
@@ -234,33 +281,8 @@ template <class Ch> int OprndAtDC(int line) {
 template <class Ch> int dc45(int line) {
     Text<Ch>& text = LineAt<Ch>(line).chOprndCom;
     if (text.empty()) return Refuse(line, DcMsg.NoOperand);
-    Text<Ch> out;
-    for (std::size_t i = 0; i < text.size();) {
-        const Ch c = text[i];
-        const std::size_t behind = std::min(FindNonBlank(text, i + 1), text.size()); // the next character that counts
-        const bool atEnd = behind == text.size();
-        if (IsBlank(c)) {
-            const bool dropped = atEnd || text[behind] == Ch(',');
-            if (!dropped && modeFlags->Pipe->dcTextBehindBlank)
-                return Refuse(line, DcMsg.ConstantOrComment, {text.substr(behind)});
-            if (!dropped) out.append(text, i, behind - i);
-            i = behind;
-            continue;
-        }
-        if (c == Ch(',')) {
-            if (!atEnd && text[behind] == Ch(',')) return Refuse(line, DcMsg.DoubleComma);
-            if (atEnd) cs->Note(line, DcMsg.CommaAtEnd, {text});
-            out += c;
-            i = behind;
-            continue;
-        }
-        if (IsSign(c) && IsBlank(At(text, i + 1))) return Refuse(line, DcMsg.BlankBehindSign);
-        if (c == Ch('#') && IsBlank(At(text, i + 1))) return Refuse(line, DcMsg.BlankBehindHexMark);
-        const std::size_t next = NextUnit(text, i);
-        out.append(text, i, next - i);
-        i = next;
-    }
-    text = out;
+    if (RefuseNoList(line, text) < 0) return -1;
+    text = WithoutBlanksAtCommasAndEnd(text);
     return 0;
 }
 
@@ -274,7 +296,7 @@ template <class Ch> int TakeOutOprndsAtDC(int line) {
             end = NextUnit(text, end);
         TDcConst<Ch> constant;
         constant.strConst = text.substr(begin, end - begin);
-        constant.DataTypeStrFlag = text[begin] == Ch('\'') ? "CharConst" : "Const";
+        constant.DataTypeStrFlag = text[begin] == Ch('\'') ? DcKind::CharConst : DcKind::Const;
         src.vecDcConst.push_back(constant);
         begin = end + 1;
     }
@@ -298,7 +320,7 @@ template <class Ch> int SetWordKazuAtDC(int line) {
         TDcConst<Ch>& constant = src.vecDcConst[k];
         const WordCount count = CountWords(constant.strConst);
         if (count.refusal != nullptr) return Refuse(line, *count.refusal, {constant.strConst, k + 1});
-        if (count.kind != nullptr) constant.DataTypeStrFlag = count.kind;
+        if (count.kind) constant.DataTypeStrFlag = *count.kind;
         total += count.words;
     }
     src.word_kazu = total;
@@ -308,11 +330,7 @@ template <class Ch> int SetWordKazuAtDC(int line) {
 template <class Ch> int SetMryInAtDC(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line)
-        if (Is(LineAt<Ch>(line).strOp, "DC")) SetLineMryInAtDC<Ch>(prg, line);
-    return 0;
-}
-
-template <class Ch> int DetDefLine(int) {
+        if (HasShape(LineAt<Ch>(line).op, Shape::Dc)) SetLineMryInAtDC<Ch>(prg, line);
     return 0;
 }
 
@@ -323,6 +341,5 @@ TOLVANE_BOTH_KINDS(TakeOutOprndsAtDC)
 TOLVANE_BOTH_KINDS(CkDC33)
 TOLVANE_BOTH_KINDS(SetWordKazuAtDC)
 TOLVANE_BOTH_KINDS(SetMryInAtDC)
-TOLVANE_BOTH_KINDS(DetDefLine)
 
 } // namespace tolvane

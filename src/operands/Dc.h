@@ -19,7 +19,5 @@ template <class Ch> int CkDC33(int line);
 template <class Ch> int SetWordKazuAtDC(int line);
 // Sets the kinds and values of all DC lines of a program. 0; errors are counted.
 template <class Ch> int SetMryInAtDC(int prg);
-// The place of the DC and DS lines in a program: they may stand anywhere. 0.
-template <class Ch> int DetDefLine(int prg);
 
 } // namespace tolvane

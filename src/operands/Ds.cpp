@@ -18,9 +18,6 @@ template <class Ch> Text<Ch> CountOf(int line) {
 template <class Ch> bool SetDsWords(SrcData<Ch>& src, const Text<Ch>& count) {
     std::size_t end = 0;
     src.word_kazu = ReadDecimal(count, end);
-    src.oprnd_kazu = 1;
-    src.first_word = 0;
-    src.vecWord.clear();
     return end == count.size();
 }
 
@@ -59,9 +56,7 @@ template <class Ch> int SetMryInAtDS(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
-        if (!Is(src.strOp, "DS")) continue;
-        SetDsWords(src, CountOf<Ch>(line));
-        if (src.word_kazu == 0) src.fDsZero = true;
+        if (HasShape(src.op, Shape::Ds)) SetDsWords(src, CountOf<Ch>(line));
     }
     return 0;
 }

@@ -3,7 +3,6 @@
 #include "lines/RegisterNames.h"
 #include "operands/Dc.h"
 #include "operands/ExtractionMsgs.h"
-#include "operands/Instructions.h"
 #include "operands/Registers.h"
 #include "records/Lines.h"
 
@@ -12,28 +11,6 @@
 namespace tolvane {
 
 namespace {
-
-// How the counts of a line are preset.
-enum class Preset { Nothing, TwoWords, Constants, OneOperand, NoOperand, Start, Unknown };
-
-template <class Ch> Preset PresetOf(const Text<Ch>& op) {
-    if (const Instruction* instruction = FindInstruction(op)) {
-        if (instruction->shape == Shape::Register) return Preset::OneOperand;
-        return instruction->shape == Shape::Address ? Preset::TwoWords : Preset::Nothing;
-    }
-    if (Is(op, "IN") || Is(op, "OUT")) return Preset::Nothing;
-    if (Is(op, "DC")) return Preset::Constants;
-    if (Is(op, "DS")) return Preset::OneOperand;
-    if (Is(op, "START")) return Preset::Start;
-    for (const char* word : {"RPUSH", "RPOP", "RET", "NOP", "END"})
-        if (Is(op, word)) return Preset::NoOperand;
-    return Is(op, "EXIT") && modeFlags->Pipe->hasExit ? Preset::NoOperand : Preset::Unknown;
-}
-
-// What stands behind the opcode of an instruction that needs no operand is a comment.
-template <class Ch> void KeepNoOprndComment(SrcData<Ch>& src) {
-    if (!src.strOprndCom.empty() && src.strComment.empty()) src.strComment = TrimZenBlank(src.strOprndCom);
-}
 
 // Copies ='...' to the operand, doubled apostrophes as they are. False with an Error.
 template <class Ch> bool CopyCharLiteral(int line, const Text<Ch>& text, Text<Ch>& operand, std::size_t& from) {
@@ -60,54 +37,44 @@ template <class Ch> bool CopyCharLiteral(int line, const Text<Ch>& text, Text<Ch
     return true;
 }
 
-// Cuts operand nr out of chOprndCom. An operand ends at its comma, which it keeps, at a blank, or with the text.
-// 0: go on with the next operand; 1: nothing more can be cut.
-template <class Ch> int ExtractOprnd5(int line, SrcData<Ch>& src, std::size_t& nr, std::size_t& from) {
-    const Text<Ch>& text = src.chOprndCom;
-    Text<Ch>& operand = src.chOprnd[nr];
-    operand.clear();
+enum class Cut { GoesOn, EndsText, Refused };
+
+template <class Ch> void SkipBlanks(const Text<Ch>& text, std::size_t& from) {
+    while (IsBlank(At(text, from)))
+        ++from;
+}
+
+// Cuts the next operand out of the text. It ends at its comma, which it keeps, at a blank, or with the text.
+template <class Ch> Cut ExtractOprnd5(int line, const Text<Ch>& text, std::size_t& from, Text<Ch>& operand) {
     for (;;) {
         const Ch c = At(text, from);
         const Ch next = At(text, from + 1);
         if (c == Ch(0) || c == Ch(',') || (IsBlank(c) && next == Ch(','))) break;
         if (c == Ch('=') && next == Ch('\'')) {
-            if (!CopyCharLiteral(line, text, operand, from)) return 1;
+            if (!CopyCharLiteral(line, text, operand, from)) return Cut::Refused;
             continue;
         }
         ++from;
-        if (IsBlank(c)) {
-            ++nr;
-            return 0;
-        }
+        if (IsBlank(c)) return Cut::GoesOn;
         operand += c;
     }
-    ++nr;
-    while (IsBlank(At(text, from)))
-        ++from;
-    if (At(text, from) != Ch(',')) return 1;
-    operand += Ch(',');
-    ++from;
-    while (IsBlank(At(text, from)))
-        ++from;
-    return 0;
+    SkipBlanks(text, from);
+    if (At(text, from) != Ch(',')) return Cut::EndsText;
+    operand += text[from++];
+    SkipBlanks(text, from);
+    return Cut::GoesOn;
 }
 
+// Cuts three operands; what follows them is the fourth as it stands.
 template <class Ch> void CutOprnds(int line, SrcData<Ch>& src) {
-    std::size_t nr = 1;
+    const Text<Ch>& text = src.chOprndCom;
     std::size_t from = 0;
-    while (At(src.chOprndCom, from) != Ch(0)) {
-        if (nr > 3) {
-            src.chOprnd[nr] = src.chOprndCom.substr(from);
-            break;
-        }
-        if (ExtractOprnd5(line, src, nr, from) != 0) break;
+    Cut cut = Cut::GoesOn;
+    for (std::size_t nr = 1; nr <= 3 && cut == Cut::GoesOn && At(text, from) != Ch(0); ++nr) {
+        cut = ExtractOprnd5(line, text, from, src.chOprnd[nr]);
+        src.fThreeOprnds = nr == 3 && cut != Cut::Refused;
     }
-    src.oprnd_kazu = static_cast<std::int32_t>(nr) - 1;
-    if (nr > 3) return;
-    for (std::size_t i = 1; i <= nr; ++i)
-        src.strOprnd[i] = src.chOprnd[i];
-    for (std::size_t i = nr + 1; i <= 4; ++i)
-        src.chOprnd[i].clear();
+    if (cut == Cut::GoesOn && At(text, from) != Ch(0)) src.chOprnd[4] = text.substr(from);
 }
 
 } // namespace
@@ -115,10 +82,8 @@ template <class Ch> void CutOprnds(int line, SrcData<Ch>& src) {
 template <class Ch> int SearchApostForNonCharConstOP(int prg) {
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
-        if (src.strOp.empty()) continue;
-        const Preset preset = PresetOf(src.strOp);
-        if (preset == Preset::Constants) continue;
-        if (preset == Preset::Unknown) return -1;
+        if (src.strOp.empty() || HasShape(src.op, Shape::Dc)) continue;
+        if (src.op == nullptr) return -1;
 
         const std::size_t semicolon = Find(src.strOprndCom, ";");
         if (semicolon == npos) continue;
@@ -126,7 +91,6 @@ template <class Ch> int SearchApostForNonCharConstOP(int prg) {
             cs->Error(line, ExtractionMsg.LeadSemicolon, {line});
             continue;
         }
-        src.strComment = src.strOprndCom.substr(semicolon);
         src.strOprndCom.resize(semicolon);
     }
     return 0;
@@ -149,12 +113,7 @@ template <class Ch> int CopyOprndComStrToChH(int prg) {
 template <class Ch> int operand20m15(int prg) {
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
-        if (Is(src.strOp, "DC")) continue;
-        if (src.chOprndCom.empty())
-            for (std::size_t i = 1; i <= 4; ++i)
-                src.chOprnd[i].clear();
-        else
-            CutOprnds(line, src);
+        if (!HasShape(src.op, Shape::Dc)) CutOprnds(line, src);
     }
     return 0;
 }
@@ -163,35 +122,23 @@ template <class Ch> int ExtractAllOprnds(int prg) {
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         if (src.strOp.empty()) continue;
-        switch (PresetOf(src.strOp)) {
-        case Preset::Nothing:
-            break;
-        case Preset::TwoWords:
-            src.word_kazu = 2;
-            break;
-        case Preset::Constants:
-            if (!modeFlags->Pipe->dcDsHavePasses) OprndAtDCtoChH<Ch>(line);
-            break;
-        case Preset::OneOperand:
-            KeepNoOprndComment(src);
-            src.oprnd_kazu = 1;
-            src.word_kazu = 1;
-            src.second_word = 0;
-            break;
-        case Preset::NoOperand:
-            KeepNoOprndComment(src);
-            src.oprnd_kazu = 0;
-            src.word_kazu = 1;
-            break;
-        case Preset::Start:
-            src.oprnd_kazu = 0;
-            src.word_kazu = 1;
-            src.first_word = 0;
-            src.second_word = 0;
-            break;
-        case Preset::Unknown:
+        if (src.op == nullptr) {
             cs->Error(line, ExtractionMsg.UnknownOp, {src.strOp});
             return -1;
+        }
+        switch (src.op->shape) {
+        case Shape::RegisterOrAddress:
+        case Shape::RegisterAddress:
+        case Shape::InOut:
+            break;
+        case Shape::Address:
+            src.word_kazu = 2;
+            break;
+        case Shape::Dc:
+            if (!modeFlags->Pipe->dcDsHavePasses) OprndAtDCtoChH<Ch>(line);
+            break;
+        default:
+            src.word_kazu = 1;
         }
     }
     return 0;
@@ -200,11 +147,11 @@ template <class Ch> int ExtractAllOprnds(int prg) {
 // Looks at the comma behind the address operand. It leaves CommaAriFlag to the handlers.
 template <class Ch> int CkCommas(int prg) {
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line) {
-        const Instruction* instruction = FindInstruction(LineAt<Ch>(line).strOp);
-        if (instruction == nullptr || instruction->shape == Shape::Register) continue;
-        const int n = instruction->shape == Shape::Address ? 1 : 2;
+        const Opcode* op = LineAt<Ch>(line).op;
+        if (op == nullptr || op->shape > Shape::Address) continue;
+        const int n = op->shape == Shape::Address ? 1 : 2;
         const Text<Ch>& operand = Oprnd<Ch>(line, n);
-        if (instruction->shape == Shape::RegisterOrAddress && IsRegister(WithoutComma(operand))) continue;
+        if (op->shape == Shape::RegisterOrAddress && IsRegister(WithoutComma(operand))) continue;
 
         const bool comma = EndsInComma(operand);
         const bool next = CkNextOprndAriWithComma<Ch>(line, n + 1);

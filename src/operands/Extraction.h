@@ -5,10 +5,6 @@
 
 namespace tolvane {
 
-// The record of a line.
-template <class Ch> SrcData<Ch>& OprndLine(int line) {
-    return b->Src<Ch>()[static_cast<std::size_t>(line)];
-}
 // Operand n of a line.
 template <class Ch> Text<Ch>& Oprnd(int line, int n) {
     return b->Src<Ch>()[static_cast<std::size_t>(line)].chOprnd[static_cast<std::size_t>(n)];
@@ -18,9 +14,9 @@ template <class Ch> Text<Ch>& Oprnd(int line, int n) {
 template <class Ch> int SearchApostForNonCharConstOP(int prg);
 // Renews chOprndCom from strOprndCom, cut to the pipeline's limit. 0.
 template <class Ch> int CopyOprndComStrToChH(int prg);
-// Cuts chOprndCom of every line but DC into chOprnd, strOprnd and oprnd_kazu. 0; errors are counted.
+// Cuts chOprndCom of every line but DC into chOprnd. 0; errors are counted.
 template <class Ch> int operand20m15(int prg);
-// Presets the counts of each line by opcode, and cleans the text of DC lines. 0, or -1 for an unknown opcode.
+// Presets word_kazu of each line by opcode, and cleans the text of DC lines. 0, or -1 for an unknown opcode.
 template <class Ch> int ExtractAllOprnds(int prg);
 // The further pass of the pointer pipelines: a comma with nothing behind it, or a missing one. 0.
 template <class Ch> int CkCommas(int prg);

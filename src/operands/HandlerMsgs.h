@@ -1,7 +1,9 @@
 #pragma once
-// What the machine-instruction handlers say of their own.
+// What the machine-instruction handlers say of their own, and which instruction says what.
 
 #include "messages/Msg.h"
+#include "operands/RegisterMsgs.h"
+#include "records/Opcode.h"
 
 namespace tolvane {
 
@@ -82,7 +84,7 @@ struct HandlerCatalogue {
                             "of the SRL, which specifies the number of shift-right logical conversion. ",
                             "{line}論理右シフト SRL するビット数を示すアドレスの記述が必要。");
 
-    // r1,r2 where only r,adr is allowed.
+    // r1,r2 where only r,adr is allowed. The shared words are told at once in every pipeline.
     Msg SyntaxError{"{line}{0} cannot be written in a format of {0} r1, r2. \n"
                     "The 2nd operand of {0} must be an address constant(or a label). (Spec.of COMET2 1.2 (1))",
                     "{line}{0} 命令は {0} r1, r2 形式をとらない。\n"
@@ -113,5 +115,74 @@ struct HandlerCatalogue {
             {WordingAP, "Prg. Error: {line}{0q} is not a registred instruction of casl2. ", nullptr});
 };
 inline constexpr HandlerCatalogue HandlerMsg;
+
+// What tells a machine instruction with operands from its twins of the same shape.
+struct Instruction {
+    std::string_view op;
+    const Msg* missing = nullptr;      // the address or second operand is not there
+    const Msg* name = nullptr;         // the instruction's name in the head of `missing`, shape Address
+    const Msg* form = nullptr;         // r1,r2 is refused in these words, not in the shared ones
+    const Msg* optionalForm = nullptr; // the same, where the pipeline has srl2OwnForm
+    char lastFormDigit = 0;            // GR0 up to this one make the refused form r1,r2
+    const Msg* noOperands = nullptr;   // no operand at all, where the pipeline has ld2LooksFirst
+    bool exactRegister2 = false;       // a second register counts only as a whole operand
+    bool warnsOfGR89 = false;          // GR8 and GR9 as labels draw a Warning
+    const Msg* warning = nullptr;      // drawn by every use
+};
+
+namespace instructions {
+
+inline constexpr const HandlerCatalogue& H = HandlerMsg;
+inline constexpr const RegisterCatalogue& R = RegisterMsg;
+
+// clang-format off
+inline constexpr std::array Table = {
+    Instruction{.op = "LD", .missing = &H.NoOperand2Ld, .noOperands = &H.NoOperandsLd, .exactRegister2 = true},
+    Instruction{.op = "ADDA", .missing = &H.NoOperand2Adda},
+    Instruction{.op = "SUBA", .missing = &H.NoOperand2Suba},
+    Instruction{.op = "ADDL", .missing = &H.NoOperand2Addl},
+    Instruction{.op = "SUBL", .missing = &H.NoOperand2Subl},
+    Instruction{.op = "AND",  .missing = &H.NoOperand2And},
+    Instruction{.op = "OR",   .missing = &H.NoOperand2Or},
+    Instruction{.op = "XOR",  .missing = &H.NoOperand2Xor},
+    Instruction{.op = "CPA",  .missing = &H.NoOperand2Cpa},
+    Instruction{.op = "CPL",  .missing = &H.NoOperand2Cpl},
+
+    Instruction{.op = "ST",  .missing = &H.NoOperand2St,  .lastFormDigit = '9'},
+    Instruction{.op = "LAD", .missing = &H.NoOperand2Lad, .lastFormDigit = '7', .warnsOfGR89 = true},
+    Instruction{.op = "SLA", .missing = &H.NoOperand2Sla, .lastFormDigit = '9'},
+    Instruction{.op = "SRA", .missing = &H.NoOperand2Sra, .form = &H.FormSra, .lastFormDigit = '7'},
+    Instruction{.op = "SLL", .missing = &H.NoOperand2Sll, .lastFormDigit = '9'},
+    Instruction{.op = "SRL", .missing = &H.NoOperand2Srl, .optionalForm = &H.FormSrl, .lastFormDigit = '9'},
+
+    Instruction{.op = "JMI",  .missing = &R.NoBranchAddress, .name = &R.NameJmi},
+    Instruction{.op = "JNZ",  .missing = &R.NoBranchAddress, .name = &R.NameJnz},
+    Instruction{.op = "JZE",  .missing = &R.NoBranchAddress, .name = &R.NameJze},
+    Instruction{.op = "JUMP", .missing = &R.NoBranchAddress, .name = &R.NameJump},
+    Instruction{.op = "JPL",  .missing = &R.NoBranchAddress, .name = &R.NameJpl},
+    Instruction{.op = "JOV",  .missing = &R.NoBranchAddress, .name = &R.NameJov},
+    Instruction{.op = "PUSH", .missing = &R.NoPushAddress,   .name = &R.NamePush},
+    Instruction{.op = "CALL", .missing = &R.NoCallAddress,   .name = &R.NameCall},
+    Instruction{.op = "SVC",  .missing = &R.NoSvcAddress,    .name = &R.NameSvc, .warning = &H.SvcInSource},
+
+    Instruction{.op = "POP"},
+};
+// clang-format on
+
+// The rows stand in the order of the opcodes, the machine instructions with operands first.
+constexpr bool IsInOrder() {
+    for (std::size_t i = 0; i < Table.size(); ++i)
+        if (Table[i].op != opcodes::Table[i].word) return false;
+    return opcodes::Table[Table.size()].shape > Shape::Register;
+}
+static_assert(IsInOrder());
+
+} // namespace instructions
+
+// The row of an opcode; null for an opcode that is no machine instruction with operands.
+constexpr const Instruction* InstructionOf(const Opcode& op) {
+    if (op.shape > Shape::Register) return nullptr;
+    return &instructions::Table[static_cast<std::size_t>(&op - opcodes::Table.data())];
+}
 
 } // namespace tolvane

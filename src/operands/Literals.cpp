@@ -6,13 +6,10 @@
 #include "records/Lines.h"
 
 #include <algorithm>
-#include <array>
 
 namespace tolvane {
 
 namespace {
-
-constexpr std::array<std::string_view, 8> WithoutLiteral = {"DC", "DS", "NOP", "RPUSH", "RPOP", "RET", "START", "END"};
 
 // The end of the text, a blank or a comma ends a number.
 template <class Ch> bool EndsNumber(const Text<Ch>& text, std::size_t i) {
@@ -81,12 +78,10 @@ template <class Ch> int CkLiteral15(int prg) {
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         const SrcData<Ch>& src = LineAt<Ch>(line);
         if (!Contains(src.strOprndCom, "=")) continue;
-        if (std::any_of(WithoutLiteral.begin(), WithoutLiteral.end(),
-                        [&src](std::string_view op) { return Is(src.strOp, op); }))
-            continue;
+        if (src.op != nullptr && !src.op->takesLiteral) continue;
         CkLiteralForm(line, src.strOprndCom);
     }
-    return cs->ErrorKazu > 0 ? -1 : 0;
+    return cs->AnyErrorSoFar() ? -1 : 0;
 }
 
 template <class Ch> void TrimOprndComComma(Text<Ch>& text) {
@@ -115,7 +110,7 @@ template <class Ch> int CkStrConstLiteral(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
-        if (Is(src.strOp, "DC")) continue;
+        if (HasShape(src.op, Shape::Dc)) continue;
         Text<Ch> work = WithoutBlanksBehindEqual(src.strOprndCom);
         if (std::size_t pos = Find(work, "='"); pos != npos) {
             DetStrConstGL10(++pos, work);
@@ -129,28 +124,16 @@ template <class Ch> int CkStrConstLiteral(int prg) {
 
 template <class Ch> int SetLiteCharConstMryIn(int line, const Text<Ch>& text) {
     if (text.size() < 3) return -1;
-    TLiteConst<Ch> literal;
-    literal.strLite = text;
-    if (text[0] == Ch('\'')) {
-        literal.LiteWordKazu = CountWordKazuAtCharConst(text);
-        ForEachMozi(text, 0, [&](int code) { literal.vecLiteMozi.push_back({code, 1, code, line, 0}); });
-    }
+    TLiteConst literal;
+    ForEachMozi(text, 0, [&](int code) { literal.vecLiteMozi.push_back(code); });
     LineAt<Ch>(line).vecLite = {literal};
     return 0;
 }
 
-template <class Ch> void SetLiteNumber(int line, const Text<Ch>& operand, const char* kind, int value) {
+template <class Ch> void SetLiteNumber(int line, int value) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    TLiteConst<Ch> literal;
-    literal.strLite = operand;
-    literal.strLiteKind = kind;
-    literal.LiteValue = value;
-    if (!src.vecLite.empty()) {
-        literal.RlAdr = src.vecLite[0].RlAdr;
-        literal.AbAdr = src.vecLite[0].AbAdr;
-    }
-    src.fLite = true;
-    src.vecLite = {literal};
+    if (src.vecLite.empty()) src.vecLite.emplace_back();
+    src.vecLite[0].LiteValue = value;
 }
 
 TOLVANE_BOTH_KINDS(WithoutBlanksBehindEqual)

@@ -15,8 +15,8 @@ template <class Ch> int CkStrConstLiteral(int prg);
 template <class Ch> void TrimOprndComComma(Text<Ch>& text);
 // Makes the record of a character literal; `text` holds its apostrophes. 0, or -1 for a text below 3 characters.
 template <class Ch> int SetLiteCharConstMryIn(int line, const Text<Ch>& text);
-// Makes the record of a number literal; the new record keeps the addresses of the old one.
-template <class Ch> void SetLiteNumber(int line, const Text<Ch>& operand, const char* kind, int value);
+// Makes the record of a number literal, or renews its value; the address stays.
+template <class Ch> void SetLiteNumber(int line, int value);
 
 // The text without the blanks behind its first "=".
 template <class Ch> Text<Ch> WithoutBlanksBehindEqual(const Text<Ch>& text);

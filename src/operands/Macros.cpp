@@ -29,10 +29,6 @@ constexpr std::array<int, RpushWords> RpushTable = {0x7001, 0,      0x7002, 0,  
 // POP GR7 to POP GR1.
 constexpr std::array<int, RpopWords> RpopTable = {0x7170, 0x7160, 0x7150, 0x7140, 0x7130, 0x7120, 0x7110};
 
-template <class Ch> void AddWord(SrcData<Ch>& src, int line, int value) {
-    src.vecWord.push_back({.Value = value, .Line = line});
-}
-
 template <class Ch> void CutLastBlank(Text<Ch>& text) {
     if (!text.empty() && IsBlank(text.back())) text.pop_back();
 }
@@ -68,19 +64,16 @@ template <class Ch> bool AddLabelAddress(int line, int n) {
         return false;
     }
     LineAt<Ch>(target).fLabelInUse = true;
-    AddWord(src, line, LineAt<Ch>(target).AbAdr);
+    src.vecWord.push_back(LineAt<Ch>(target).AbAdr);
     return true;
 }
 
-template <class Ch> void BuildAt(int line, std::span<const int> values, int& rel, int& abs) {
+template <class Ch> void BuildAt(int line, std::span<const int> values, int& abs) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    src.RlAdr = rel;
     src.AbAdr = abs;
     src.word_kazu = static_cast<std::int32_t>(values.size());
-    src.oprnd_kazu = 0;
-    src.vecWord.clear();
-    for (const int value : values)
-        src.vecWord.push_back({.Value = value, .RlAdr = rel++, .AbAdr = abs++, .Line = line});
+    src.vecWord.assign(values.begin(), values.end());
+    abs += src.word_kazu;
 }
 
 } // namespace
@@ -88,7 +81,7 @@ template <class Ch> void BuildAt(int line, std::span<const int> values, int& rel
 template <class Ch> int macro2(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     src.word_kazu = InOutWords;
-    if (!Is(src.strOp, "IN") && !Is(src.strOp, "OUT")) {
+    if (!HasShape(src.op, Shape::InOut)) {
         cs->Error(line, MacroMsg.NoInOut, {src.strOp});
         return 1;
     }
@@ -113,16 +106,14 @@ template <class Ch> int macro2(int line) {
 
 template <class Ch> int macroR2(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    const bool push = Is(src.strOp, "RPUSH");
-    if (!push && !Is(src.strOp, "RPOP")) {
+    if (!HasShape(src.op, Shape::RpushRpop)) {
         cs->Error(line, MacroMsg.NoRpushRpop, {src.strOp});
         return 1;
     }
-    src.word_kazu = push ? RpushWords : RpopWords;
+    src.word_kazu = Is(src.strOp, "RPUSH") ? RpushWords : RpopWords;
     if (OpNoOperand(line, src.chOprnd[1]) >= 1) return 0;
     for (std::size_t i = 1; i <= 3; ++i)
         src.chOprnd[i].clear();
-    src.oprnd_kazu = 0;
     return 0;
 }
 
@@ -130,7 +121,7 @@ template <class Ch> int MacroIN(int line, int n) {
     const Text<Ch>& op = LineAt<Ch>(line).strOp;
     const Text<Ch>& s = Oprnd<Ch>(line, n);
     if (s.empty()) {
-        if (cs->ErrorKazu == 0) cs->Error(line, MacroMsg.NoOperand, {op});
+        if (!cs->AnyErrorSoFar()) cs->Error(line, MacroMsg.NoOperand, {op});
         return 1;
     }
     if (IsDigit(s.front())) {
@@ -159,26 +150,26 @@ template <class Ch> int InOut1(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     src.vecWord.clear();
     for (const int value : InOutHead)
-        AddWord(src, line, value);
+        src.vecWord.push_back(value);
     if (!AddLabelAddress<Ch>(line, 1)) return 1;
-    AddWord(src, line, LadGR2);
+    src.vecWord.push_back(LadGR2);
     if (!AddLabelAddress<Ch>(line, 2)) return 1;
-    AddWord(src, line, Svc);
-    if (!Is(src.strOp, "IN") && !Is(src.strOp, "OUT")) {
+    src.vecWord.push_back(Svc);
+    if (!HasShape(src.op, Shape::InOut)) {
         cs->Error(line, MacroMsg.InOutBroken);
         return 1;
     }
-    AddWord(src, line, Is(src.strOp, "IN") ? SvcIn : SvcOut);
+    src.vecWord.push_back(Is(src.strOp, "IN") ? SvcIn : SvcOut);
     for (const int value : InOutTail)
-        AddWord(src, line, value);
+        src.vecWord.push_back(value);
     return 0;
 }
 
-template <class Ch> void MacroRPUSH(int line, int& rel, int& abs) {
-    BuildAt<Ch>(line, RpushTable, rel, abs);
+template <class Ch> void MacroRPUSH(int line, int& abs) {
+    BuildAt<Ch>(line, RpushTable, abs);
 }
-template <class Ch> void MacroRPOP(int line, int& rel, int& abs) {
-    BuildAt<Ch>(line, RpopTable, rel, abs);
+template <class Ch> void MacroRPOP(int line, int& abs) {
+    BuildAt<Ch>(line, RpopTable, abs);
 }
 
 TOLVANE_BOTH_KINDS(macro2)

@@ -15,8 +15,8 @@ template <class Ch> int macroR2(int line);
 // In the address walk: checks operand n of IN or OUT, 0 or 1; builds their words without addresses, 0 or 1.
 template <class Ch> int MacroIN(int line, int n);
 template <class Ch> int InOut1(int line);
-// Build the words of RPUSH and RPOP at the running addresses, and advance them.
-template <class Ch> void MacroRPUSH(int line, int& rel, int& abs);
-template <class Ch> void MacroRPOP(int line, int& rel, int& abs);
+// Build the words of RPUSH and RPOP at the running address, and advance it.
+template <class Ch> void MacroRPUSH(int line, int& abs);
+template <class Ch> void MacroRPOP(int line, int& abs);
 
 } // namespace tolvane

@@ -7,8 +7,6 @@
 #include "operands/RegisterMsgs.h"
 #include "records/Lines.h"
 
-#include <string_view>
-
 namespace tolvane {
 
 namespace {
@@ -18,40 +16,72 @@ const Msg& NthOperandExpected(int n) {
     return n == 2 ? RegisterMsg.SecondOperandExpected : RegisterMsg.AnotherOperandExpected;
 }
 
+int Refuse(int line, const Msg& msg, Args args) {
+    cs->Error(line, msg, args);
+    return 1;
+}
+
+template <class Ch> int RefuseIndex(int line, int n) {
+    const Text<Ch>& s = Oprnd<Ch>(line, n);
+    cs->Error(line, RegisterMsg.NoExactIndex, {s});
+    if (modeFlags->Pipe->regXDoubleComma && s.front() == Ch(',')) cs->Error(line, RegisterMsg.DoubleComma, {s});
+    AnalystZenKSpace20(s, line);
+    AnalystIndexReg<Ch>(line, n);
+    return 1;
+}
+
+// Puts the index register into the first word. GR0 is none; what stands behind the register is dropped.
+template <class Ch> int TakeIndex(int line, int n) {
+    SrcData<Ch>& src = LineAt<Ch>(line);
+    Text<Ch>& s = Oprnd<Ch>(line, n);
+    const bool comma = At(s, 3) == Ch(',');
+    s.resize(3);
+    const int digit = RegisterDigit(s);
+    if (digit == 0) return Refuse(line, RegisterMsg.IndexGR0, {});
+    if (comma) cs->Warning(line, RegisterMsg.CommaBehindIndex);
+    Oprnd<Ch>(line, n + 1).clear();
+    src.first_word |= digit;
+    src.word_kazu = 2;
+    return 0;
+}
+
 } // namespace
 
-template <class Ch> int CkOpTypeOprndOne(int line, const char* op) {
+template <class Ch> bool CkOpTypeOprndOne(int line) {
     const Text<Ch>& s = Oprnd<Ch>(line, 1);
+    const Text<Ch>& op = LineAt<Ch>(line).strOp;
     if (s.empty()) cs->Error(line, RegisterMsg.NoRegister, {op});
     if (BeginsWithRegister(s) && GRxComma<Ch>(line)) {
         if (IsRegister(s)) cs->Error(line, RegisterMsg.NothingBehindRegister, {op});
-        return cs->ErrorKazu;
+        return !cs->AnyErrorSoFar();
     }
     cs->Error(line, RegisterMsg.NoExactRegister, {s, op});
     AnalystZenKSpace20(s, line);
     AnalystRegMozi(s, line);
-    return cs->ErrorKazu;
+    return false;
 }
 
-template <class Ch> int CkOpTypeOprndOneAdr(int line, const char* op, const Msg& name, const Msg& missing) {
+template <class Ch> bool CkOpTypeOprndOneAdr(int line, const Msg& name, const Msg& missing) {
     const Text<Ch>& s = Oprnd<Ch>(line, 1);
-    if (BeginsWithRegister(s) && GRxLabelAll<Ch>(line, op))
+    const Text<Ch>& op = LineAt<Ch>(line).strOp;
+    if (BeginsWithRegister(s) && GRxLabelAll<Ch>(line))
         cs->Error(line, RegisterMsg.RegisterAsFirstOperand, {op});
     else if (s.empty())
         cs->Error(line, missing, {name, op});
-    return cs->ErrorKazu;
+    return !cs->AnyErrorSoFar();
 }
 
-template <class Ch> int CkOpTypeOprndOnePop(int line, const char* op) {
+template <class Ch> bool CkOpTypeOprndOnePop(int line) {
     const Text<Ch>& s = Oprnd<Ch>(line, 1);
+    const Text<Ch>& op = LineAt<Ch>(line).strOp;
     if (s.empty()) {
         cs->Error(line, RegisterMsg.NoPopRegister, {op});
-        return cs->ErrorKazu;
+        return false;
     }
-    if (BeginsWithRegister(s) && GRxLabelAll<Ch>(line, op)) return cs->ErrorKazu;
+    if (BeginsWithRegister(s) && GRxLabelAll<Ch>(line)) return !cs->AnyErrorSoFar();
     cs->Error(line, RegisterMsg.NoExactPopRegister, {s, op});
     AnalystRegMozi(s, line);
-    return cs->ErrorKazu;
+    return false;
 }
 
 template <class Ch> bool GRxComma(int line) {
@@ -62,12 +92,13 @@ template <class Ch> bool GRxComma(int line) {
     return true;
 }
 
-template <class Ch> bool GRxLabelAll(int line, const char* op) {
+template <class Ch> bool GRxLabelAll(int line) {
     const Text<Ch>& s = Oprnd<Ch>(line, 1);
     const Text<Ch> name = WithoutComma(s);
     if (!IsRegister(name)) return false;
-    if (std::string_view(op) != "POP")
-        cs->Error(line, RegisterMsg.RegisterInsteadOfAddress, {op});
+    const SrcData<Ch>& src = LineAt<Ch>(line);
+    if (!HasShape(src.op, Shape::Register))
+        cs->Error(line, RegisterMsg.RegisterInsteadOfAddress, {src.strOp});
     else if (EndsInComma(s))
         cs->Warning(line, RegisterMsg.CommaBehindPopRegister, {name});
     return true;
@@ -111,70 +142,42 @@ template <class Ch> int r2(int line) {
     return 0;
 }
 
-template <class Ch> int CkAdrOperand(int line, int n) {
+template <class Ch> void CkAdrOperand(int line, int n) {
     Text<Ch>& s = Oprnd<Ch>(line, n);
     if (Is(TrimLeftBlank(s), ",")) {
         cs->Error(line, RegisterMsg.LoneComma);
-        return 0;
+        return;
     }
     if (s.empty()) {
         cs->Error(line, NthOperandExpected(n), {n});
-        return 0;
+        return;
     }
     GetCommaAriFlagForNextOprnd<Ch>(line, n);
     const bool comma = EndsInComma(s);
     const Text<Ch>& next = Oprnd<Ch>(line, n + 1);
     if (!comma && !next.empty()) {
         cs->Error(line, RegisterMsg.NoCommaBehindAddress, {next, s});
-        return 1;
+        return;
     }
     if (comma && next.empty()) cs->Warning(line, RegisterMsg.CommaBehindAddress, {n});
     s = WithoutComma(s);
     SrcData<Ch>& src = LineAt<Ch>(line);
-    src.oprnd_kazu = next.empty() ? 2 : 3;
     src.word_kazu = 2;
     src.second_word = 0;
-    return 2;
 }
 
 template <class Ch> int RegX(int line, int n) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    Text<Ch>& s = Oprnd<Ch>(line, n);
-    Text<Ch>& next = Oprnd<Ch>(line, n + 1);
-    const bool comma = CommaNextOprnd3("RegX");
-    if (comma && s.empty()) {
-        cs->Error(line, RegisterMsg.NoIndexBehindComma, {Oprnd<Ch>(line, n - 1)});
-        return 1;
-    }
-    if (!comma && !next.empty()) {
-        cs->Error(line, RegisterMsg.NoCommaBeforeIndex, {s});
-        return 1;
-    }
+    const Text<Ch>& s = Oprnd<Ch>(line, n);
+    const bool comma = CommaNextOprnd3("RegX"); // as CkAdrOperand has seen it behind the address
+    if (comma && s.empty()) return Refuse(line, RegisterMsg.NoIndexBehindComma, {Oprnd<Ch>(line, n - 1)});
+    if (!comma && !Oprnd<Ch>(line, n + 1).empty()) return Refuse(line, RegisterMsg.NoCommaBeforeIndex, {s});
     if (s.empty()) {
-        src.oprnd_kazu = 2;
         src.word_kazu = 2;
         return 0;
     }
-    if (!IsRegisterWordOrComma(s)) {
-        cs->Error(line, RegisterMsg.NoExactIndex, {s});
-        if (modeFlags->Pipe->regXDoubleComma && s.front() == Ch(',')) cs->Error(line, RegisterMsg.DoubleComma, {s});
-        AnalystZenKSpace20(s, line);
-        AnalystIndexReg<Ch>(line, n);
-        return 1;
-    }
-    const int digit = RegisterDigit(s);
-    if (digit == 0) {
-        cs->Error(line, RegisterMsg.IndexGR0);
-        s.resize(3);
-        return 1;
-    }
-    if (At(s, 3) == Ch(',')) cs->Warning(line, RegisterMsg.CommaBehindIndex);
-    s.resize(3);
-    next.clear();
-    src.oprnd_kazu = n;
-    src.first_word |= digit;
-    src.word_kazu = 2;
-    return 0;
+    if (!IsRegisterWordOrComma(s)) return RefuseIndex<Ch>(line, n);
+    return TakeIndex<Ch>(line, n);
 }
 
 template <class Ch> int AnalystIndexReg(int line, int n) {

@@ -1,71 +1,43 @@
 #pragma once
 // The record of one source line: the line in all its stages of analysis, from the text as read to its machine words.
+// docs/architecture.md tells what each field holds after which pass.
 
-#include "text/Text.h"
+#include "records/Opcode.h"
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace tolvane {
 
-// One machine word of a line.
-struct TWordRec {
-    std::int32_t Value = 0;
-    std::int32_t RlAdr = 0; // relative to the program
-    std::int32_t AbAdr = 0; // absolute
-    std::int32_t Line = 0;
-    const char* Tag = "";
-};
-
-// One character of a character literal.
-struct TLiteMozi {
-    std::int32_t Code = 0;
-    std::int32_t Kazu = 1;
-    std::int32_t Word = 0; // the code again, as it goes to memory
-    std::int32_t Line = 0;
-    std::int32_t AbAdr = 0;
-};
-
 // The literal of a line's address operand.
-template <class Ch> struct TLiteConst {
-    Text<Ch> strLite;              // a number: the operand with its "="; characters: the text with its apostrophes
-    std::int32_t LiteWordKazu = 0; // characters of a character literal, 0 for a number
-    std::int32_t LiteValue = 0;    // value of a number
-    std::int32_t RlAdr = 0;
+struct TLiteConst {
+    std::int32_t LiteValue = 0; // value of a number
     std::int32_t AbAdr = 0;
-    const char* strLiteKind = ""; // "LiteDecConst", "LiteHexConst", or empty for characters
-    std::vector<TLiteMozi> vecLiteMozi;
+    std::vector<std::int32_t> vecLiteMozi; // the codes of a character literal, one word each; empty for a number
 };
 
-// One character of a character constant.
-struct TMoziWord {
-    std::int32_t Kazu = 1;
-    std::int32_t Code = 0;
-    std::int32_t AbAdr = 0;
-};
+enum class DcKind : std::uint8_t { Const, CharConst, Dec, Hex, AdrConst, MoziRetuConst };
+inline constexpr const char* DcKindNames[] = {"Const", "CharConst", "Dec", "Hex", "AdrConst", "MoziRetuConst"};
 
 // One constant of a DC line.
 template <class Ch> struct TDcConst {
-    Text<Ch> strConst; // trimmed; a character constant keeps its apostrophes
-    std::int32_t ConstWordKazu = 0;
-    std::int32_t ConstValue = 0; // value of the one-word kinds
-    std::int32_t ConstRlAdr = 0;
-    std::int32_t ConstAbAdr = 0;
-    std::vector<TMoziWord> vecMozi;
-    const char* DataTypeStrFlag = ""; // "Const", "CharConst", "Dec", "Hex", "AdrConst", "Label", "MoziRetuConst"
+    Text<Ch> strConst;                 // trimmed; a character constant keeps its apostrophes
+    std::int32_t ConstValue = 0;       // value of the one-word kinds
+    std::vector<std::int32_t> vecMozi; // the codes of a character constant, one word each
+    DcKind DataTypeStrFlag = DcKind::Const;
 };
 
 template <class Ch> struct SrcData {
     Text<Ch> strSrc;  // the line as read, without its line end
-    Text<Ch> strLine; // the working text; from the driver's copy step on, the operand text
-    std::int32_t RlAdr = 0;
+    Text<Ch> strLine; // the same without comment and superfluous blanks
     std::int32_t AbAdr = 0;
     std::int32_t PrgNr = 0;
     Text<Ch> strLabel;
     Text<Ch> strOp;
+    const Opcode* op = nullptr; // of strOp; null if that is empty or no opcode
     bool fLabelInUse = false;
-    bool fDsZero = false;
     Text<Ch> strRest;     // the text behind the label field
     Text<Ch> strOprndCom; // the text behind the opcode word, later the operands alone
     Text<Ch> chOprndCom;  // its first 225 characters, where the pipeline has that limit
@@ -73,17 +45,13 @@ template <class Ch> struct SrcData {
     // Operands 1 to 4 (index 0 is not in use). An operand keeps the comma that ended it until it has been judged;
     // what stands behind the third operand is in number 4, unsplit.
     std::array<Text<Ch>, 5> chOprnd;
-    // Copies of operands 1 to 3 as they were cut; empty on a line of three operands.
-    std::array<Text<Ch>, 4> strOprnd;
+    bool fThreeOprnds = false; // three operands or more have been cut
 
-    Text<Ch> strComment;
-    std::int32_t oprnd_kazu = 0;
     std::int32_t word_kazu = 0;
     std::int32_t first_word = 0;
     std::int32_t second_word = 0;
-    std::vector<TWordRec> vecWord; // a DS line keeps none: its words are word_kazu zeros
-    bool fLite = false;
-    std::vector<TLiteConst<Ch>> vecLite; // none or one
+    std::vector<std::int32_t> vecWord; // the words of a macro instruction
+    std::vector<TLiteConst> vecLite;   // none or one
     std::vector<TDcConst<Ch>> vecDcConst;
 };
 using SrcDataW = SrcData<char16_t>;

@@ -20,6 +20,8 @@ public:
     std::int32_t max_rl_memory_l = 0; // words of literals
     std::int32_t LabelKazuInFile = 0; // labels of a clean assembly
 
+    // Whether a check has failed on any line of the assembly so far.
+    bool AnyErrorSoFar() const { return ErrorKazu > 0; }
     // Sets LabelKazuInFile to the number of line records whose label begins with A to Z.
     void CountLabels();
     // Forgets everything of the assembly. The counters of diagnostics stay.
