@@ -1,7 +1,6 @@
 #include "lines/ZenKaku.h"
 
 #include "lines/LinesMsgs.h"
-#include "lines/Opcodes.h"
 #include "records/Lines.h"
 #include "text/Convert.h"
 

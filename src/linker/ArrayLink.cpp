@@ -1,6 +1,5 @@
 // The link of the array pipeline: a memory of its own size, checked program by program and again while it is filled.
 
-#include "lines/Opcodes.h"
 #include "linker/Linker.h"
 #include "linker/LinkerMsgs.h"
 #include "machine/Tcomet2.h"

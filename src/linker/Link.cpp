@@ -1,4 +1,3 @@
-#include "lines/Opcodes.h"
 #include "linker/Linker.h"
 #include "linker/LinkerMsgs.h"
 #include "machine/Tcomet2.h"

@@ -1,7 +1,6 @@
 #include "operands/Handlers.h"
 
 #include "lines/Normalising.h"
-#include "lines/Opcodes.h"
 #include "lines/RegisterNames.h"
 #include "lines/ZenKaku.h"
 #include "operands/Dc.h"
