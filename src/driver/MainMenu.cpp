@@ -112,7 +112,7 @@ int CarryOut(int command, std::string& path) {
 
 } // namespace
 
-int LeadingNumber(const std::string& text, std::size_t& end) {
+int LeadingNumber(std::string_view text, std::size_t& end) {
     constexpr long long most = std::numeric_limits<int>::max();
     std::size_t i = std::min(FindNonBlank(text), text.size());
     const bool minus = At(text, i) == '-';
@@ -130,7 +130,8 @@ int GetMainMenu(std::string& path) {
         DspMenu();
         const auto line = console::ReadLine(NumberLimit);
         if (!line) return InputEnded;
-        const std::string typed = TrimBlank(TrimZenBlankUtf8(*line));
+        const std::string trimmed = TrimZenBlankUtf8(*line);
+        const std::string_view typed = TrimBlank(std::string_view(trimmed));
         std::size_t end = 0;
         const int command = LeadingNumber(typed, end);
         if (command == 0 || end != typed.size()) {

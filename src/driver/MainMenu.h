@@ -2,6 +2,7 @@
 // The main menu and its commands.
 
 #include <string>
+#include <string_view>
 
 namespace tolvane {
 
@@ -26,6 +27,6 @@ int GetMainMenu(std::string& path);
 
 // A number at the head of a console text: blanks, an optional sign, digits; 0 without digits, held to the range of an
 // int. `end` is where it ends.
-int LeadingNumber(const std::string& text, std::size_t& end);
+int LeadingNumber(std::string_view text, std::size_t& end);
 
 } // namespace tolvane

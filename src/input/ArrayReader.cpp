@@ -40,7 +40,7 @@ void WarnOfLongLine(const std::vector<TextA>& lines, std::size_t limit) {
 }
 
 // A two-byte character that the limit cuts in half is left out whole.
-TextA CutToRow(const TextA& line, std::size_t limit) {
+ViewA CutToRow(ViewA line, std::size_t limit) {
     std::size_t end = 0;
     while (end < line.size() && end + CharLength(line, end) <= limit)
         end += CharLength(line, end);

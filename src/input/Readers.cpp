@@ -90,7 +90,7 @@ int EditFilePath(std::string& path) {
         path += text[i];
         if (text[i] != '\\') continue;
         path += '\\';
-        if (At(text, i + 1) == '\\') ++i;
+        if (text.compare(i + 1, 1, "\\") == 0) ++i;
     }
     return 0;
 }

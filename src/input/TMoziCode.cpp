@@ -96,20 +96,20 @@ int TMoziCode::DetMoziCode(const std::string& path, bool simpleTitle) {
     return 0;
 }
 
-TextW utf_16_to_shift_jis(const TextA& narrow) {
+TextW utf_16_to_shift_jis(ViewA narrow) {
     return Wide932(narrow.substr(0, narrow.find('\0')));
 }
 
-TextW Utf8ToWide(const TextA& utf8) {
+TextW Utf8ToWide(ViewA utf8) {
     std::optional<TextW> wide = WideUtf8(utf8);
     return wide ? *std::move(wide) : Wide932(utf8);
 }
 
-TextA Utf8ToNarrow(const TextA& utf8) {
+TextA Utf8ToNarrow(ViewA utf8) {
     return Narrow932(Utf8ToWide(utf8));
 }
 
-TextW NarrowToWide(const TextA& narrow) {
+TextW NarrowToWide(ViewA narrow) {
     return Wide932(narrow);
 }
 

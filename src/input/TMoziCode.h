@@ -23,13 +23,13 @@ public:
 };
 
 // Code page 932 to wide text, up to the first zero. Never fails.
-TextW utf_16_to_shift_jis(const TextA& narrow);
+TextW utf_16_to_shift_jis(ViewA narrow);
 // UTF-8 to wide text; what is not valid UTF-8 is read as code page 932.
-TextW Utf8ToWide(const TextA& utf8);
+TextW Utf8ToWide(ViewA utf8);
 // UTF-8 to code page 932, by way of wide text.
-TextA Utf8ToNarrow(const TextA& utf8);
+TextA Utf8ToNarrow(ViewA utf8);
 // Narrow text to wide text, for the widened reader.
-TextW NarrowToWide(const TextA& narrow);
+TextW NarrowToWide(ViewA narrow);
 
 extern TMoziCode* const moziCode;
 

@@ -14,7 +14,7 @@ namespace {
 constexpr int RunsOfBlanks = 2; // in front of the opcode word and behind it
 constexpr int MostOpErrors = 3; // op30 goes on to the next line up to here
 
-TextA WithShortRuns(const TextA& line) {
+TextA WithShortRuns(ViewA line) {
     TextA out;
     int runs = 0;
     for (std::size_t i = 0; i < line.size();) {
@@ -30,12 +30,13 @@ TextA WithShortRuns(const TextA& line) {
 }
 
 void EditLine(SrcDataA& src) {
-    src.strLine = WithShortRuns(src.strSrc);
+    const TextA shortened = WithShortRuns(src.strSrc);
+    src.strLine = shortened == src.strSrc ? src.strSrc : b->Keep<char>(shortened);
     const std::size_t p = FindNonBlank(src.strLine);
     if (p == npos) {
         src.strLine = " ";
     } else if (src.strLine[p] == ';') {
-        src.strLine.clear();
+        src.strLine = {};
     }
 }
 
@@ -52,7 +53,7 @@ bool IsInnerOp(const Opcode* op) {
 int CkOpLength(const PrgDataA& program) {
     const int limit = modeFlags->Pipe->limits.opLength;
     for (int line = program.StartLine; line <= program.EndLine; ++line) {
-        const TextA& op = LineAt<char>(line).strOp;
+        const ViewA op = LineAt<char>(line).strOp;
         if (op.size() <= static_cast<std::size_t>(limit)) continue;
         cs->Error(line, LinesMsg.OpTooLong, {op, limit});
         return 1;

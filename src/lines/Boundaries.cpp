@@ -132,27 +132,27 @@ template <class Ch> int StartEnd20() {
 
 template <class Ch> int StartEnd(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
-    const Text<Ch>& start = LineAt<Ch>(program.StartLine).strSrc;
+    const View<Ch> start = LineAt<Ch>(program.StartLine).strSrc;
     if (start.empty()) return 1;
     if (IsBlank(start.front())) {
         cs->Error(program.StartLine, LinesMsg.StartWithoutLabel);
         return 1;
     }
-    const Text<Ch>& end = LineAt<Ch>(program.EndLine).strSrc;
+    const View<Ch> end = LineAt<Ch>(program.EndLine).strSrc;
     if (end.empty()) return 1;
     if (!IsBlank(end.front())) {
         cs->Error(program.EndLine, LinesMsg.EndWithLabel, {end});
         return 1;
     }
     for (int line = program.StartLine; line < program.EndLine; ++line)
-        LineAt<Ch>(line).PrgNr = prg;
+        LineAt<Ch>(line).PrgNr = static_cast<std::int8_t>(prg);
     return 0;
 }
 
 template <class Ch> int IsAnySrcOutsideSartEnd() {
     for (int prg = 0; prg + 1 < b->GetPrgKazuInFile(); ++prg)
         for (int line = PrgAt<Ch>(prg).EndLine + 1; line < PrgAt<Ch>(prg + 1).StartLine; ++line) {
-            const Text<Ch> text = TrimBlank(LineAt<Ch>(line).strLine);
+            const View<Ch> text = TrimBlank(LineAt<Ch>(line).strLine);
             if (text.empty()) continue;
             const bool isZenSpace = text == ZenSpace<Ch>();
             cs->Error(line, isZenSpace ? LinesMsg.ZenSpaceBetweenPrgs : LinesMsg.SrcBetweenPrgs, {text});

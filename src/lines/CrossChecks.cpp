@@ -12,7 +12,7 @@ template <class Ch> int CkLabelDouble(int prg, int first, int last) {
     int firstLine = -1;
     int againLine = -1;
     for (int line = first; line <= last; ++line) {
-        const Text<Ch>& label = LineAt<Ch>(line).strLabel;
+        const View<Ch> label = LineAt<Ch>(line).strLabel;
         if (label.empty()) continue;
         const auto [entry, isNew] = index.try_emplace(label, line);
         if (isNew || (firstLine >= 0 && entry->second >= firstLine)) continue;

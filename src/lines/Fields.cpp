@@ -3,6 +3,8 @@
 #include "lines/LinesMsgs.h"
 #include "records/Lines.h"
 
+#include <algorithm>
+
 namespace tolvane {
 
 namespace {
@@ -12,39 +14,32 @@ constexpr std::size_t LongOprndCom = 225;
 
 } // namespace
 
-template <class Ch> void TakeOutLabelRest(int prg) {
-    for (int line = PrgAt<Ch>(prg).StartLine; line <= PrgAt<Ch>(prg).EndLine; ++line) {
-        SrcData<Ch>& src = LineAt<Ch>(line);
-        const std::size_t blank = FindBlank(src.strLine);
-        src.strRest = blank == npos ? Text<Ch>() : TrimLeftBlank(src.strLine.substr(blank));
-    }
+template <class Ch> View<Ch> TakeOutLabelRest(const SrcData<Ch>& src) {
+    const std::size_t blank = FindBlank(src.strLine);
+    return blank == npos ? View<Ch>() : TrimLeftBlank(src.strLine.substr(blank));
 }
 
-template <class Ch> void TakeOutOpStr(int prg) {
-    for (int line = PrgAt<Ch>(prg).StartLine; line <= PrgAt<Ch>(prg).EndLine; ++line) {
-        SrcData<Ch>& src = LineAt<Ch>(line);
-        src.strOp = src.strRest.substr(0, FindBlank(src.strRest));
-        src.op = FindOpcode(src.strOp, modeFlags->Pipe->hasExit);
-    }
+template <class Ch> void TakeOutOpStr(SrcData<Ch>& src, View<Ch> rest) {
+    src.strOp = rest.substr(0, FindBlank(rest));
+    src.op = FindOpcode(src.strOp, modeFlags->Pipe->hasExit);
 }
 
-template <class Ch> void TakeOutOprndComStr(int prg) {
+template <class Ch> void TakeOutOprndComStr(SrcData<Ch>& src, View<Ch> rest) {
+    const std::size_t behindOp = std::min(src.strOp.size() + 1, rest.size());
+    src.strOprndCom = TrimLeftBlank(rest.substr(behindOp));
+}
+
+template <class Ch> int SplitFields(int prg) {
     bool told = false;
     for (int line = PrgAt<Ch>(prg).StartLine; line <= PrgAt<Ch>(prg).EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
-        if (src.strOp.empty()) continue;
-        const std::size_t behindOp = src.strOp.size() + 1;
-        src.strOprndCom = behindOp < src.strRest.size() ? TrimLeftBlank(src.strRest.substr(behindOp)) : Text<Ch>();
+        const View<Ch> rest = TakeOutLabelRest(src);
+        TakeOutOpStr(src, rest);
+        TakeOutOprndComStr(src, rest);
         if (src.strOprndCom.size() <= LongOprndCom || told) continue;
         Tell(Severity::Warning, line, LinesMsg.LongLine, {src.strOprndCom.size()});
         told = true;
     }
-}
-
-template <class Ch> int SplitFields(int prg) {
-    TakeOutLabelRest<Ch>(prg);
-    TakeOutOpStr<Ch>(prg);
-    TakeOutOprndComStr<Ch>(prg);
     return 0;
 }
 

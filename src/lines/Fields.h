@@ -8,10 +8,10 @@ namespace tolvane {
 // Splits the lines of a program, END included: strLine to strRest (behind the label), strOp with its opcode, and
 // strOprndCom. The first line of the program with a long operand text is told in a Warning that counts nowhere. 0.
 template <class Ch> int SplitFields(int prg);
-// The steps of SplitFields.
-template <class Ch> void TakeOutLabelRest(int prg);
-template <class Ch> void TakeOutOpStr(int prg);
-template <class Ch> void TakeOutOprndComStr(int prg);
+// The steps of SplitFields for one line: the text behind the label field; the opcode word; the text behind it.
+template <class Ch> View<Ch> TakeOutLabelRest(const SrcData<Ch>& src);
+template <class Ch> void TakeOutOpStr(SrcData<Ch>& src, View<Ch> rest);
+template <class Ch> void TakeOutOprndComStr(SrcData<Ch>& src, View<Ch> rest);
 // Removes the blanks at both ends of strOprndCom. 0.
 template <class Ch> int TrimOprndCom(int prg);
 

@@ -12,7 +12,7 @@ namespace tolvane {
 
 namespace {
 
-template <class Ch> bool BeginsWithBlankOrIsEmpty(const Text<Ch>& text) {
+template <class Ch> bool BeginsWithBlankOrIsEmpty(View<Ch> text) {
     return text.empty() || IsBlank(text.front());
 }
 
@@ -20,7 +20,7 @@ template <class Ch> bool BeginsWithBlankOrIsEmpty(const Text<Ch>& text) {
 template <class Ch> void TakeOutLabel(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     if (BeginsWithBlankOrIsEmpty(src.strLine)) {
-        src.strLabel.clear();
+        src.strLabel = {};
         return;
     }
     const std::size_t blank = FindBlank(src.strLine);
@@ -29,13 +29,13 @@ template <class Ch> void TakeOutLabel(int line) {
 }
 
 template <class Ch> void CkLabelFirstLetter(int line) {
-    const Text<Ch>& label = LineAt<Ch>(line).strLabel;
+    const View<Ch> label = LineAt<Ch>(line).strLabel;
     if (!label.empty() && !IsUpper(label.front())) cs->Error(line, LinesMsg.LabelFirstLetter, {label});
 }
 
 // False for a label with a character that is not allowed.
 template <class Ch> bool CkLabelMozi(int line) {
-    const Text<Ch>& label = LineAt<Ch>(line).strLabel;
+    const View<Ch> label = LineAt<Ch>(line).strLabel;
     int pos = 0;
     const bool found = DetNonLabelMoziPos(label, pos) && (pos > 0 || modeFlags->Pipe->firstLabelCharCounts);
     if (!found) return true;
@@ -45,19 +45,19 @@ template <class Ch> bool CkLabelMozi(int line) {
 }
 
 template <class Ch> void CkLabelLength(int line) {
-    const Text<Ch>& label = LineAt<Ch>(line).strLabel;
+    const View<Ch> label = LineAt<Ch>(line).strLabel;
     if (label.size() > static_cast<std::size_t>(cs->LabelMax))
         cs->Error(line, LinesMsg.LabelTooLong, {label, label.size()});
 }
 
 // The names of the registers are the only reserved words.
 template <class Ch> void CkLabelReserved(int line) {
-    const Text<Ch>& label = LineAt<Ch>(line).strLabel;
+    const View<Ch> label = LineAt<Ch>(line).strLabel;
     if (IsRegister(label)) cs->Error(line, LinesMsg.LabelReserved, {label});
 }
 
 // The faults of a program's name, the first one only. 0, or the result of CkPrgName.
-template <class Ch> int CkPrgNameMozi(const Text<Ch>& label, int line) {
+template <class Ch> int CkPrgNameMozi(View<Ch> label, int line) {
     if (!IsUpper(At(label, 0))) {
         cs->Error(line, LinesMsg.PrgNameFirstLetter, {label});
         return -2;
@@ -89,7 +89,7 @@ template <class Ch> int CkPrgName(int prg) {
         cs->Error(line, LinesMsg.PrgWithoutName);
         return -1;
     }
-    const Text<Ch> label = src.strLine.substr(0, FindBlank(src.strLine));
+    const View<Ch> label = src.strLine.substr(0, FindBlank(src.strLine));
     AnalystZenKSpace20(label, line);
     if (const int fault = CkPrgNameMozi(label, line); fault != 0) return fault;
     program.strPrgName = label;
@@ -118,18 +118,18 @@ template <class Ch> int FindLabels(int prg) {
     return Label35G<Ch>(prg, PrgAt<Ch>(prg).StartLine, PrgAt<Ch>(prg).EndLine);
 }
 
-template <class Ch> int CkMozi(const Text<Ch>& text) {
+template <class Ch> int CkMozi(View<Ch> text) {
     int pos = 0;
     return DetNonLabelMoziPos(text, pos) ? pos : 0;
 }
 
-template <class Ch> int CkSmallMozi(const Text<Ch>& text) {
+template <class Ch> int CkSmallMozi(View<Ch> text) {
     for (std::size_t i = 0; i < text.size(); i += CharLength(text, i))
         if (IsLower(text[i])) return static_cast<int>(i) + 1;
     return 0;
 }
 
-template <class Ch> bool DetNonLabelMoziPos(const Text<Ch>& text, int& pos) {
+template <class Ch> bool DetNonLabelMoziPos(View<Ch> text, int& pos) {
     const auto bad = std::find_if_not(text.begin(), text.end(), [](Ch c) { return IsLabelChar(c); });
     if (bad == text.end()) return false;
     pos = static_cast<int>(bad - text.begin());

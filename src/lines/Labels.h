@@ -12,10 +12,10 @@ template <class Ch> int FindLabels(int prg);
 // Finds and checks the labels of the lines from first to last, duplicates included. 0; errors are counted.
 template <class Ch> int Label35G(int prg, int first, int last);
 // Position of the first character that is not A to Z or 0 to 9; 0 if there is none or it stands at the front.
-template <class Ch> int CkMozi(const Text<Ch>& text);
+template <class Ch> int CkMozi(View<Ch> text);
 // Position, counted from 1, of the first character that is a to z; 0 if there is none.
-template <class Ch> int CkSmallMozi(const Text<Ch>& text);
+template <class Ch> int CkSmallMozi(View<Ch> text);
 // Whether a character that is not A to Z or 0 to 9 occurs, position 0 included; sets its position.
-template <class Ch> bool DetNonLabelMoziPos(const Text<Ch>& text, int& pos);
+template <class Ch> bool DetNonLabelMoziPos(View<Ch> text, int& pos);
 
 } // namespace tolvane

@@ -12,26 +12,29 @@ namespace {
 
 // One line as it was read: a blank line, a comment line, or text without blanks at its right end.
 template <class Ch> void SortLine(SrcData<Ch>& src) {
-    const std::size_t p = FindNonBlank(src.strLine);
-    if (p == npos) {
-        src.strSrc.clear();
-        src.strLine.clear();
-    } else if (src.strLine[p] == Ch(';')) {
-        src.strLine.clear();
-    } else {
-        src.strLine = TrimRightBlank(src.strLine);
-    }
+    const std::size_t p = FindNonBlank(src.strSrc);
+    if (p == npos)
+        src.strSrc = src.strLine = {};
+    else if (src.strSrc[p] == Ch(';'))
+        src.strLine = {};
+    else
+        src.strLine = TrimRightBlank(src.strSrc);
 }
 
 // Two leading blanks or more become one space. A single one stays, even a tab.
-template <class Ch> void ShortenLead(Text<Ch>& line) {
+template <class Ch> void ShortenLead(View<Ch>& line) {
     const std::size_t p = FindNonBlank(line);
-    if (p != npos && p >= 2) line.replace(0, p, 1, Ch(' '));
+    if (p == npos || p < 2) return;
+    line.remove_prefix(p - 1);
+    if (line.front() == Ch(' ')) return;
+    Text<Ch> text(line);
+    text.front() = Ch(' ');
+    line = b->Keep<Ch>(text);
 }
 
 // The position of the semicolon that begins the comment, npos if there is none. Inside a character constant a
 // semicolon is text, and two apostrophes in a row do not end the constant.
-template <class Ch> std::size_t FindComment(const Text<Ch>& line) {
+template <class Ch> std::size_t FindComment(View<Ch> line) {
     bool inside = false;
     for (std::size_t i = 0; i < line.size(); ++i) {
         if (line[i] == Ch(';') && !inside) return i;
@@ -45,26 +48,24 @@ template <class Ch> std::size_t FindComment(const Text<Ch>& line) {
 }
 
 // The operand text as the edit passes see it: without the blanks behind its first "=", if no apostrophe stands before
-// it. An "=" with nothing but blanks behind it goes as well.
-template <class Ch> Text<Ch> EditedOprnd(const SrcData<Ch>& src) {
-    Text<Ch> text = src.strOprndCom;
+// it. An "=" with nothing but blanks behind it goes as well. A text that differs is put into `edited`.
+template <class Ch> View<Ch> EditedOprnd(const SrcData<Ch>& src, Text<Ch>& edited) {
+    const View<Ch> text = src.strOprndCom;
     const std::size_t equal = text.find(Ch('='));
     if (equal == npos || text.find(Ch('\'')) < equal) return text;
     const std::size_t next = FindNonBlank(text, equal + 1);
-    if (next == npos)
-        text.erase(equal);
-    else
-        text.erase(equal + 1, next - equal - 1);
-    return text;
+    if (next == npos) return text.substr(0, equal);
+    if (next == equal + 1) return text;
+    edited.assign(text.substr(0, equal + 1)).append(text.substr(next));
+    return edited;
 }
 
-template <class Ch> bool StandsBeforeApostrophe(const Text<Ch>& text, std::size_t at) {
+template <class Ch> bool StandsBeforeApostrophe(View<Ch> text, std::size_t at) {
     return at != npos && at <= text.find(Ch('\''));
 }
 
 // Whether one of the signs stands in the text with a blank directly behind it.
-template <class Ch, std::size_t N>
-bool HasBlankBehind(const Text<Ch>& line, const std::array<std::string_view, N>& signs) {
+template <class Ch, std::size_t N> bool HasBlankBehind(View<Ch> line, const std::array<std::string_view, N>& signs) {
     for (std::string_view sign : signs)
         for (std::size_t at = Find(line, sign); at != npos; at = Find(line, sign, at + 1))
             if (IsBlank(At(line, at + sign.size()))) return true;
@@ -78,12 +79,10 @@ constexpr std::array<std::string_view, 3> Signs = {"+", "-", "#"};
 
 template <class Ch> int editNWB() {
     auto& lines = b->Src<Ch>();
-    for (SrcData<Ch>& src : lines)
-        src.strLine = src.strSrc;
-    for (SrcData<Ch>& src : lines)
-        if (!src.strLine.empty()) SortLine(src);
-    for (SrcData<Ch>& src : lines)
+    for (SrcData<Ch>& src : lines) {
+        SortLine(src);
         ShortenLead(src.strLine);
+    }
 
     if (std::any_of(lines.begin(), lines.end(), [](const SrcData<Ch>& src) { return !src.strLine.empty(); })) return 0;
     po->Error(NoLine, LinesMsg.EmptySource);
@@ -93,17 +92,17 @@ template <class Ch> int editNWB() {
 template <class Ch> int StripComment(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
-        Text<Ch>& text = LineAt<Ch>(line).strLine;
-        const std::size_t comment = FindComment(text);
-        if (comment != npos) text.erase(comment);
+        View<Ch>& text = LineAt<Ch>(line).strLine;
+        text = text.substr(0, FindComment(text));
     }
     return 0;
 }
 
 template <class Ch> int edit30c(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
+    Text<Ch> edited;
     for (int line = program.StartLine; line < program.EndLine; ++line) {
-        const Text<Ch> text = EditedOprnd(LineAt<Ch>(line));
+        const View<Ch> text = EditedOprnd(LineAt<Ch>(line), edited);
         if (!StandsBeforeApostrophe(text, text.find(Ch('='))) || !HasBlankBehind(text, LiteralSigns)) continue;
         cs->Error(line, LinesMsg.SpaceBehindLiteralSign, {text});
         return -1;
@@ -113,8 +112,9 @@ template <class Ch> int edit30c(int prg) {
 
 template <class Ch> int edit50(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
+    Text<Ch> edited;
     for (int line = program.StartLine; line < program.EndLine; ++line) {
-        const Text<Ch> text = EditedOprnd(LineAt<Ch>(line));
+        const View<Ch> text = EditedOprnd(LineAt<Ch>(line), edited);
         if (!StandsBeforeApostrophe(text, text.find_first_of(Lit<Ch>("+-#"))) || !HasBlankBehind(text, Signs)) continue;
         cs->Error(line, LinesMsg.SpaceBehindSign, {text});
         return -1;
@@ -125,34 +125,34 @@ template <class Ch> int edit50(int prg) {
 template <class Ch> int RemoveNoOprndOpSemiColn(int line) {
     const SrcData<Ch>& src = LineAt<Ch>(line);
     for (const Opcode& op : opcodes::Table) {
+        if (!StandsAlone(op)) continue;
         const Text<Ch> word = Lit<Ch>(op.word);
-        if (!StandsAlone(op) || !ContainsMozi(src.strOp, word)) continue;
+        if (!ContainsMozi<Ch>(src.strOp, word)) continue;
         // Only the first word of the table that occurs is looked for. The form with the space is the one shown.
         const Text<Ch> behindSpace = Ch(' ') + word + Ch(';');
         const Text<Ch> behindTab = Ch('\t') + word + Ch(';');
-        if (!ContainsMozi(src.strSrc, behindSpace) && !ContainsMozi(src.strSrc, behindTab)) return 0;
+        if (!ContainsMozi<Ch>(src.strSrc, behindSpace) && !ContainsMozi<Ch>(src.strSrc, behindTab)) return 0;
         cs->Error(NoLine, LinesMsg.CommentTouchesOp, {behindSpace});
         return -1;
     }
     return 0;
 }
 
-template <class Ch> int OpNoOperand(int line, const Text<Ch>& firstOperand) {
+template <class Ch> int OpNoOperand(int line, View<Ch> firstOperand) {
     if (firstOperand.empty()) return 0;
     cs->Error(line, LinesMsg.OperandOfNoOperandOp, {firstOperand});
     return 1;
 }
 
 template <class Ch> int TabsToBlanks() {
-    auto toSpaces = [](Text<Ch>& text, std::size_t begin, std::size_t end) {
-        for (std::size_t i = begin; i < end; ++i)
-            if (text[i] == Ch('\t')) text[i] = Ch(' ');
-    };
     for (SrcData<Ch>& src : b->Src<Ch>()) {
-        Text<Ch>& text = src.strLine;
+        if (src.strLine.find(Ch('\t')) == npos) continue;
+        Text<Ch> text(src.strLine);
         const std::size_t first = text.find(Ch('\''));
-        toSpaces(text, 0, std::min(first, text.size()));
-        if (first != npos) toSpaces(text, text.rfind(Ch('\'')), text.size());
+        const std::size_t last = text.rfind(Ch('\''));
+        for (std::size_t i = 0; i < text.size(); ++i)
+            if (text[i] == Ch('\t') && (i < first || last < i)) text[i] = Ch(' ');
+        src.strLine = b->Keep<Ch>(text);
     }
     return 0;
 }

@@ -19,7 +19,7 @@ template <class Ch> int edit50(int prg);
 // Explains an unknown word that is an instruction without operands run together with its comment. -1 with an Error.
 template <class Ch> int RemoveNoOprndOpSemiColn(int line);
 // Refuses operand text of an instruction without operands. 1 with an Error, else 0.
-template <class Ch> int OpNoOperand(int line, const Text<Ch>& firstOperand);
+template <class Ch> int OpNoOperand(int line, View<Ch> firstOperand);
 // Replaces the tabs outside character constants by blanks, over the whole file. 0.
 template <class Ch> int TabsToBlanks();
 

@@ -20,7 +20,7 @@ template <class Ch> int CkOpStr(int prg) {
 }
 
 template <class Ch> void ExplainUnknownOp(int line) {
-    const Text<Ch>& op = LineAt<Ch>(line).strOp;
+    const View<Ch> op = LineAt<Ch>(line).strOp;
     cs->Error(line, LinesMsg.UnknownOp, {op});
     AnalystZenKSpace20(op, line);
     if (modeFlags->Pipe->tellsZenSpaceInOp && FindZenSpace(op) != npos) cs->Error(line, LinesMsg.ZenSpaceInOp);
@@ -30,7 +30,7 @@ template <class Ch> void ExplainUnknownOp(int line) {
 }
 
 template <class Ch> int AnalystOP(int line) {
-    const Text<Ch>& op = LineAt<Ch>(line).strOp;
+    const View<Ch> op = LineAt<Ch>(line).strOp;
     if (op.empty() || op.back() != Ch(',')) return 0;
     cs->Error(line, LinesMsg.CommaBehindOp);
     return 1;

@@ -15,7 +15,7 @@ namespace {
 enum class Walk { Nothing, SingleBytes, ZenKaku };
 
 // Bytes of the character at i in code page 932, 0 for what is no character of it.
-template <class Ch> int ByteLengthAt(const Text<Ch>& text, std::size_t i) {
+template <class Ch> int ByteLengthAt(View<Ch> text, std::size_t i) {
     if (IsZenKakuAt(text, i)) return 2;
     if constexpr (IsWide<Ch>)
         return ByteLength932(text[i]);
@@ -24,7 +24,7 @@ template <class Ch> int ByteLengthAt(const Text<Ch>& text, std::size_t i) {
 }
 
 // Ends at the first full-width character, and quietly at what is no character.
-template <class Ch> Walk WalkMozi(const Text<Ch>& text) {
+template <class Ch> Walk WalkMozi(View<Ch> text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         const int bytes = ByteLengthAt(text, i);
         if (bytes == 2) return Walk::ZenKaku;
@@ -33,7 +33,7 @@ template <class Ch> Walk WalkMozi(const Text<Ch>& text) {
     return text.empty() ? Walk::Nothing : Walk::SingleBytes;
 }
 
-template <class Ch> int RefuseZenKaku(const Text<Ch>& text, int line, const Msg& msg) {
+template <class Ch> int RefuseZenKaku(View<Ch> text, int line, const Msg& msg) {
     switch (WalkMozi(text)) {
     case Walk::Nothing:
         return 0;
@@ -69,15 +69,15 @@ constexpr BoundaryRows EndRows = {"END",
                                   LinesMsg.ZenSpaceThenEnd};
 
 template <class Ch> int DetAtZenKakuSpace(const BoundaryRows& rows) {
-    const Text<Ch> behind = Lit<Ch>(rows.word) + ZenSpace<Ch>();
-    const Text<Ch> before = ZenSpace<Ch>() + Lit<Ch>(rows.word);
+    const Text<Ch> behind = Lit<Ch>(rows.word).append(ZenSpace<Ch>());
+    const Text<Ch> before = Text<Ch>(ZenSpace<Ch>()).append(Lit<Ch>(rows.word));
     for (int line = 0; line < LineKazu<Ch>(); ++line) {
-        const Text<Ch>& text = LineAt<Ch>(line).strLine;
-        if (ContainsMozi(text, behind)) {
+        const View<Ch> text = LineAt<Ch>(line).strLine;
+        if (ContainsMozi<Ch>(text, behind)) {
             po->Error(line, rows.zenBehind, {behind});
             return -1;
         }
-        if (ContainsMozi(text, before)) {
+        if (ContainsMozi<Ch>(text, before)) {
             po->Error(line, rows.zenBefore, {before});
             return -2;
         }
@@ -88,14 +88,14 @@ template <class Ch> int DetAtZenKakuSpace(const BoundaryRows& rows) {
 template <class Ch> int CkLeftRight(const BoundaryRows& rows) {
     const Text<Ch> word = Lit<Ch>(rows.word);
     const Text<Ch> semicolon = Ch(' ') + word + Ch(';');
-    const Text<Ch> zenBehind = word + ZenSpace<Ch>();
-    const Text<Ch> zenBefore = ZenSpace<Ch>() + word;
+    const Text<Ch> zenBehind = Text<Ch>(word).append(ZenSpace<Ch>());
+    const Text<Ch> zenBefore = Text<Ch>(ZenSpace<Ch>()).append(word);
     for (int line = 0; line < LineKazu<Ch>(); ++line) {
-        const Text<Ch>& text = LineAt<Ch>(line).strLine;
-        const Msg* row = ContainsMozi(text, semicolon)   ? &rows.lrSemicolon
-                         : ContainsMozi(text, zenBehind) ? &rows.lrZenBehind
-                         : ContainsMozi(text, zenBefore) ? &rows.lrZenBefore
-                                                         : nullptr;
+        const View<Ch> text = LineAt<Ch>(line).strLine;
+        const Msg* row = ContainsMozi<Ch>(text, semicolon)   ? &rows.lrSemicolon
+                         : ContainsMozi<Ch>(text, zenBehind) ? &rows.lrZenBehind
+                         : ContainsMozi<Ch>(text, zenBefore) ? &rows.lrZenBefore
+                                                             : nullptr;
         if (row == nullptr) continue;
         po->Error(line, *row);
         return -1;
@@ -103,38 +103,32 @@ template <class Ch> int CkLeftRight(const BoundaryRows& rows) {
     return 0;
 }
 
-template <class Ch> void TabsToSpaces(Text<Ch>& text) {
-    std::replace(text.begin(), text.end(), Ch('\t'), Ch(' '));
+template <class Ch> Text<Ch> WithSpaces(View<Ch> text) {
+    Text<Ch> out(text);
+    std::replace(out.begin(), out.end(), Ch('\t'), Ch(' '));
+    return out;
 }
 
 // For operands that never hold an apostrophe. Of each pair of spaces one goes, so that a run shrinks to about half.
-template <class Ch> void TidySimply(Text<Ch>& text) {
-    const std::size_t semicolon = text.find(Ch(';'));
-    if (semicolon != npos) text.erase(semicolon);
-    TabsToSpaces(text);
-    for (std::size_t at = Find(text, "  "); at != npos; at = Find(text, "  ", at + 1))
+template <class Ch> Text<Ch> TidySimply(View<Ch> operands) {
+    Text<Ch> text = WithSpaces(operands.substr(0, operands.find(Ch(';'))));
+    for (std::size_t at = Find<Ch>(text, "  "); at != npos; at = Find<Ch>(text, "  ", at + 1))
         text.erase(at, 1);
-    text = TrimBlank(text);
+    return text;
 }
 
-// Cuts the comment: at the first semicolon if no apostrophe stands before it, else at the last one as long as it stands
-// behind the last apostrophe.
-template <class Ch> void CutCommentOutside(Text<Ch>& text) {
+// Without the comment: it begins at the first semicolon if no apostrophe stands before it, else at the first of those
+// that stand behind the last apostrophe.
+template <class Ch> View<Ch> WithoutCommentOutside(View<Ch> text) {
     const std::size_t first = text.find(Ch(';'));
-    if (first == npos) return;
-    const std::size_t apostrophe = text.find(Ch('\''));
-    if (first < apostrophe) {
-        text.erase(first);
-        return;
-    }
-    const std::size_t lastApostrophe = text.rfind(Ch('\''));
-    for (std::size_t last = text.rfind(Ch(';')); last != npos && last > lastApostrophe; last = text.rfind(Ch(';')))
-        text.erase(last);
+    if (first == npos) return text;
+    if (first < text.find(Ch('\''))) return text.substr(0, first);
+    return text.substr(0, text.find(Ch(';'), text.rfind(Ch('\''))));
 }
 
 // Text that lies outside the apostrophes: each run of blanks shrinks to a space, and beside a comma it goes.
-template <class Ch> Text<Ch> TidyOutside(Text<Ch> text, bool commas) {
-    TabsToSpaces(text);
+template <class Ch> Text<Ch> TidyOutside(View<Ch> outside, bool commas) {
+    const Text<Ch> text = WithSpaces(outside);
     Text<Ch> tidy;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == Ch(' ')) {
@@ -149,32 +143,31 @@ template <class Ch> Text<Ch> TidyOutside(Text<Ch> text, bool commas) {
     return tidy;
 }
 
-template <class Ch> void TidyCarefully(Text<Ch>& text, bool commas) {
-    CutCommentOutside(text);
+template <class Ch> Text<Ch> TidyCarefully(View<Ch> operands, bool commas) {
+    const View<Ch> text = WithoutCommentOutside(operands);
     const std::size_t first = text.find(Ch('\''));
-    if (first == npos) {
-        text = TrimBlank(TidyOutside(text, commas));
-        return;
-    }
-    const std::size_t last = text.rfind(Ch('\''));
-    text = TrimBlank(TidyOutside(text.substr(0, first), commas) + text.substr(first, last + 1 - first) +
-                     TidyOutside(text.substr(last + 1), commas));
+    if (first == npos) return TidyOutside(text, commas);
+    const std::size_t behindLast = text.rfind(Ch('\'')) + 1;
+    Text<Ch> tidy = TidyOutside(text.substr(0, first), commas);
+    tidy += text.substr(first, behindLast - first);
+    tidy += TidyOutside(text.substr(behindLast), commas);
+    return tidy;
 }
 
 } // namespace
 
-template <class Ch> int AnalystZenKSpace20(const Text<Ch>& text, int line) {
+template <class Ch> int AnalystZenKSpace20(View<Ch> text, int line) {
     const std::size_t at = FindZenSpace(text);
     if (at == npos) return 0;
     cs->Error(line, LinesMsg.ZenSpaceInWord, {text});
     return static_cast<int>(at);
 }
 
-template <class Ch> int AnalystZenKMozi(const Text<Ch>& text, int line) {
+template <class Ch> int AnalystZenKMozi(View<Ch> text, int line) {
     return RefuseZenKaku(text, line, LinesMsg.ZenMoziInWord);
 }
 
-template <class Ch> int AnalystZenKakuMoziStr(const Text<Ch>& text, int line) {
+template <class Ch> int AnalystZenKakuMoziStr(View<Ch> text, int line) {
     return RefuseZenKaku(text, line, LinesMsg.ZenMoziInStartOperand);
 }
 
@@ -196,9 +189,10 @@ template <class Ch> int TrimZenOprndCom() {
         if (src.strOp.empty() || src.strOprndCom.empty()) continue;
         const Tidy tidy = src.op != nullptr ? src.op->tidy : Tidy::None;
         if (tidy == Tidy::Simple)
-            TidySimply(src.strOprndCom);
+            src.strOprndCom = b->KeepEdited(src.strOprndCom, TidySimply(src.strOprndCom));
         else if (tidy != Tidy::None)
-            TidyCarefully(src.strOprndCom, tidy == Tidy::CarefulWithCommas);
+            src.strOprndCom =
+                b->KeepEdited(src.strOprndCom, TidyCarefully(src.strOprndCom, tidy == Tidy::CarefulWithCommas));
         else if (modeFlags->Pipe->trimTellsUnknownOp && src.op == nullptr)
             Say(LinesMsg.NoOpCodeToTrim, {src.strOp});
     }

@@ -7,10 +7,10 @@
 namespace tolvane {
 
 // Reports the first full-width space of a text. Its position; 0 if there is none or it stands at the front.
-template <class Ch> int AnalystZenKSpace20(const Text<Ch>& text, int line);
+template <class Ch> int AnalystZenKSpace20(View<Ch> text, int line);
 // Reports a full-width character. -2 with an Error, else 0, or 1 for a text with single-byte characters.
-template <class Ch> int AnalystZenKMozi(const Text<Ch>& text, int line);
-template <class Ch> int AnalystZenKakuMoziStr(const Text<Ch>& text, int line);
+template <class Ch> int AnalystZenKMozi(View<Ch> text, int line);
+template <class Ch> int AnalystZenKakuMoziStr(View<Ch> text, int line);
 // Say that a START or END is glued to a full-width space. -1 (behind the word) or -2 (before it) with an Error, else 0.
 template <class Ch> int DetSTARTatZenKakuSpace();
 template <class Ch> int DetENDatZenKakuSpace();

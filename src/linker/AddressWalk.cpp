@@ -54,15 +54,6 @@ template <class Ch> void WalkInOut(int line, Running& at) {
     PlaceLine<Ch>(line, at);
 }
 
-template <class Ch> void WalkPushPop(int line, bool push, Running& at) {
-    if (push)
-        MacroRPUSH<Ch>(line, at.abs);
-    else
-        MacroRPOP<Ch>(line, at.abs);
-    at.total += LineAt<Ch>(line).word_kazu;
-    at.Advance(0);
-}
-
 // Gives one line its address. False if its word count is none that its opcode can have.
 template <class Ch> bool WalkLine(int prg, int line, Running& at) {
     const SrcData<Ch>& src = LineAt<Ch>(line);
@@ -92,7 +83,7 @@ template <class Ch> bool WalkLine(int prg, int line, Running& at) {
         WalkInOut<Ch>(line, at);
         return words == InOutWords;
     case Shape::RpushRpop:
-        WalkPushPop<Ch>(line, Is(src.strOp, "RPUSH"), at);
+        PlaceLine<Ch>(line, at);
         return true;
     case Shape::End:
         break;
@@ -101,12 +92,10 @@ template <class Ch> bool WalkLine(int prg, int line, Running& at) {
 }
 
 // The literal of a line takes the next addresses, and the line its first address.
-template <class Ch> void PlaceLiteral(SrcData<Ch>& src, Running& at) {
-    if (src.vecLite.size() > 1) cs->Error(NoLine, LinkerMsg.MoreThanOneLiteral, {src.vecLite.size()});
-    TLiteConst& literal = src.vecLite[0];
+template <class Ch> void PlaceLiteral(SrcData<Ch>& src, TLiteConst<Ch>& literal, Running& at) {
     literal.AbAdr = at.abs;
     src.second_word = at.abs;
-    at.Advance(std::max<std::int64_t>(std::ssize(literal.vecLiteMozi), 1));
+    at.Advance(literal.LiteWordKazu);
 }
 
 // Says where the next program begins, or where the image ends.
@@ -134,7 +123,7 @@ template <class Ch> int AdrCk53(int prg) {
     program.AbAdrAtLite = at.abs;
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
-        if (!src.strOp.empty() && src.word_kazu != 0 && !src.vecLite.empty()) PlaceLiteral(src, at);
+        if (TLiteConst<Ch>* literal = b->Literal(src)) PlaceLiteral(src, *literal, at);
     }
     program.PrgWordKazu = at.total;
     program.AbAdrAtEnd = at.abs - 1;

@@ -3,6 +3,8 @@
 #include "machine/Tcomet2.h"
 #include "operands/AddressConstants.h"
 #include "operands/Dc.h"
+#include "operands/Macros.h"
+#include "operands/Numbers.h"
 #include "records/Lines.h"
 
 #include <algorithm>
@@ -16,15 +18,6 @@ template <class Ch> int PrgKazu() {
     return static_cast<int>(b->Prg<Ch>().size());
 }
 
-// A number takes one word, a character literal one word a character.
-int LiteralWords(const TLiteConst& literal) {
-    return std::max(static_cast<int>(literal.vecLiteMozi.size()), 1);
-}
-
-template <class Ch> bool HasLiteral(const SrcData<Ch>& src) {
-    return !src.strOp.empty() && src.word_kazu != 0 && !src.vecLite.empty();
-}
-
 void OwnWords(int line, int address, int words) {
     for (int a = address; a < address + words && a <= MaxImageWords; ++a)
         comet2->LineOfWord[static_cast<std::size_t>(a)] = line;
@@ -34,9 +27,13 @@ void Store(int& address, int value) {
     comet2->Memory[static_cast<std::size_t>(address++)] = value;
 }
 
+template <class Ch> void StoreMozi(View<Ch> text, int& address) {
+    ForEachMozi(text, 0, [&address](int code) { Store(address, code); });
+}
+
 template <class Ch> void StoreDc(const SrcData<Ch>& src, int& address) {
-    for (std::size_t k = 0; k < src.vecDcConst.size(); ++k) {
-        const TDcConst<Ch>& constant = src.vecDcConst[k];
+    int k = 0;
+    for (const TDcConst<Ch>& constant : b->Constants(src)) {
         switch (constant.DataTypeStrFlag) {
         case DcKind::Dec:
         case DcKind::Hex:
@@ -45,13 +42,13 @@ template <class Ch> void StoreDc(const SrcData<Ch>& src, int& address) {
             break;
         case DcKind::CharConst:
         case DcKind::MoziRetuConst:
-            for (const int code : constant.vecMozi)
-                Store(address, code);
+            StoreMozi(constant.strConst, address);
             break;
         case DcKind::Const:
             const char* kind = DcKindNames[static_cast<std::size_t>(constant.DataTypeStrFlag)];
             cs->Error(NoLine, LinkerMsg.StrangeKind, {constant.strConst, k, kind});
         }
+        ++k;
     }
 }
 
@@ -64,8 +61,11 @@ template <class Ch> void StoreLine(const SrcData<Ch>& src, int& address) {
             Store(address, 0);
         return;
     case Shape::InOut:
+        for (const int word : WordsOfInOut(src))
+            Store(address, word);
+        return;
     case Shape::RpushRpop:
-        for (const int word : src.vecWord)
+        for (const int word : WordsOfRpushRpop(src))
             Store(address, word);
         return;
     default:
@@ -74,10 +74,10 @@ template <class Ch> void StoreLine(const SrcData<Ch>& src, int& address) {
     }
 }
 
-void StoreLiteral(const TLiteConst& literal, int& address) {
-    if (literal.vecLiteMozi.empty()) Store(address, literal.LiteValue);
-    for (const int code : literal.vecLiteMozi)
-        Store(address, code);
+template <class Ch> void StoreLiteral(const TLiteConst<Ch>& literal, int& address) {
+    const int begin = address;
+    StoreMozi(literal.strLite, address);
+    if (address == begin) Store(address, literal.LiteValue);
 }
 
 } // namespace
@@ -87,7 +87,7 @@ template <class Ch> void SetLineOfWord() {
         for (int line = program.StartLine; line < program.EndLine; ++line) {
             const SrcData<Ch>& src = LineAt<Ch>(line);
             if (!src.strOp.empty()) OwnWords(line, src.AbAdr, src.word_kazu);
-            if (HasLiteral(src)) OwnWords(line, src.vecLite[0].AbAdr, LiteralWords(src.vecLite[0]));
+            if (const auto* literal = b->Literal(src)) OwnWords(line, literal->AbAdr, literal->LiteWordKazu);
         }
     }
 }
@@ -105,8 +105,7 @@ template <class Ch> void SetLinesInMemory(int prg, Taken taken, int& address) {
 template <class Ch> void SetLiteralsInMemory(int prg, int& address) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
-        SrcData<Ch>& src = LineAt<Ch>(line);
-        if (HasLiteral(src)) StoreLiteral(src.vecLite[0], address);
+        if (const auto* literal = b->Literal(LineAt<Ch>(line))) StoreLiteral(*literal, address);
     }
 }
 

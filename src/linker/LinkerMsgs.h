@@ -41,8 +41,6 @@ struct LinkerCatalogue {
     Msg StrangeWordKazu{"Unknown error in CkMaxMemory(). "};
     // {0} the opcode, {1} the index of the line, {2} its words
     Msg NoWalkForOp = Row("{line}{0q} is not an op code defined in casl2. ", "{line}{0q}word_kazu[{1}]={2}");
-    // {0} the literals of the line
-    Msg MoreThanOneLiteral = Row("Prg. Error: vecsizeLiteConst={0}It is expected to be 1.");
     // {0} the constant, {1} its index, {2} its kind
     Msg StrangeKind{"Prg. Error of else: {0}a strange DataTypeStrFlag of vecOprndAtDC[{1}] = {2}"};
 };

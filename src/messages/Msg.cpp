@@ -71,8 +71,8 @@ const char* Msg::For(int lang, Wording wording) const {
     return lang == 0 ? ja : en;
 }
 
-Arg::Arg(const TextW& wide) : text(Utf8(wide)) {}
-Arg::Arg(const TextA& shiftJis) : text(Utf8From932(shiftJis)) {}
+Arg::Arg(ViewW wide) : text(Utf8(wide)) {}
+Arg::Arg(ViewA shiftJis) : text(Utf8From932(shiftJis)) {}
 
 std::string OrdinalStr(long long n) {
     if (n == 1) return "1st";

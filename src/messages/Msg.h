@@ -78,8 +78,10 @@ public:
     Arg(long n) : number(n), isNumber(true) {}
     Arg(long long n) : number(n), isNumber(true) {}
     Arg(std::size_t n) : number(static_cast<long long>(n)), isNumber(true) {}
-    Arg(const TextW& wide);
-    Arg(const TextA& shiftJis);
+    Arg(ViewW wide);
+    Arg(ViewA shiftJis);
+    Arg(const TextA& shiftJis) : Arg(ViewA(shiftJis)) {}
+    Arg(const TextW& wide) : Arg(ViewW(wide)) {}
     Arg(Utf8Arg utf8) : text(utf8.text) {}
     Arg(const char* ascii) : text(ascii) {}
     Arg(const Msg& named) : row(&named) {}

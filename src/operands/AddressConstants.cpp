@@ -21,7 +21,7 @@ template <class Ch> int SetAddress(SrcData<Ch>& src, int value) {
 }
 
 // The form of a name. Characters that are not allowed are reported and the look-up goes on. -7 if it is too long.
-template <class Ch> int CkNameForm(int line, const Text<Ch>& name) {
+template <class Ch> int CkNameForm(int line, View<Ch> name) {
     int pos = 0;
     if (DetNonLabelMoziPos(name, pos)) {
         cs->Error(line, AddressMsg.NameBadChar, {name});
@@ -36,7 +36,7 @@ template <class Ch> int CkNameForm(int line, const Text<Ch>& name) {
 }
 
 // A name: that of another program before a label of the own one.
-template <class Ch> int NameAddress(int line, const Text<Ch>& name) {
+template <class Ch> int NameAddress(int line, View<Ch> name) {
     if (int refused = CkNameForm(line, name); refused < 0) return refused;
     SrcData<Ch>& src = LineAt<Ch>(line);
     if (int other = FindOtherProgram(src.PrgNr, name); other >= 0) {
@@ -57,7 +57,7 @@ template <class Ch> int NameAddress(int line, const Text<Ch>& name) {
 }
 
 // "#" and four digits. A number that is too long draws two Errors and still gets a value.
-template <class Ch> int HexAddress(int line, const Text<Ch>& text) {
+template <class Ch> int HexAddress(int line, View<Ch> text) {
     const std::size_t n = text.size() - 1;
     for (std::size_t i = 1; i < text.size(); ++i) {
         if (IsHexDigit(text[i])) continue;
@@ -81,7 +81,7 @@ template <class Ch> int HexAddress(int line, const Text<Ch>& text) {
 
 // A decimal number of any size, of which the low 16 bits count. `nonNumeral` and `outOfRange` are the rows of its
 // form, with or without a sign.
-template <class Ch> int DecAddress(int line, const Text<Ch>& text, const Msg& nonNumeral, const Msg& outOfRange) {
+template <class Ch> int DecAddress(int line, View<Ch> text, const Msg& nonNumeral, const Msg& outOfRange) {
     std::size_t end = 0;
     const int value = ReadDecimal(text, end);
     if (end < text.size()) {
@@ -93,16 +93,16 @@ template <class Ch> int DecAddress(int line, const Text<Ch>& text, const Msg& no
 }
 
 // "='", "=#", "=" with a digit or with a sign and a digit: the texts that are read as a literal.
-template <class Ch> bool IsLiteral(const Text<Ch>& text) {
+template <class Ch> bool IsLiteral(View<Ch> text) {
     const Ch c = At(text, 1);
     if (At(text, 0) != Ch('=')) return false;
     return c == Ch('\'') || c == Ch('#') || IsDigit(c) || (IsSign(c) && IsDigit(At(text, 2)));
 }
 
 // A literal. Its address is final only at the end of the walk. A bad number counts here once more than in its check.
-template <class Ch> int LiteralAddress(int line, const Text<Ch>& operand) {
+template <class Ch> int LiteralAddress(int line, View<Ch> operand) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    const Text<Ch> constant = operand.substr(1);
+    const View<Ch> constant = operand.substr(1);
     if (constant[0] == Ch('\'')) {
         SetLiteCharConstMryIn(line, constant);
     } else {
@@ -116,7 +116,7 @@ template <class Ch> int LiteralAddress(int line, const Text<Ch>& operand) {
         else
             SetLiteNumber<Ch>(line, DecStrToIntG(constant, line, 0));
     }
-    if (!src.vecLite.empty()) src.second_word = src.vecLite[0].AbAdr;
+    if (const TLiteConst<Ch>* literal = b->Literal(src)) src.second_word = literal->AbAdr;
     return 0;
 }
 
@@ -127,25 +127,25 @@ template <class Ch> void SetStartJump(SrcData<Ch>& src, int address) {
     src.word_kazu = 2;
 }
 
-template <class Ch> int FindProgram(const Text<Ch>& name) {
+template <class Ch> int FindProgram(View<Ch> name) {
     return FindOtherProgram(-1, name);
 }
 
 } // namespace
 
-template <class Ch> int FindOtherProgram(int own, const Text<Ch>& name) {
+template <class Ch> int FindOtherProgram(int own, View<Ch> name) {
     const auto& programs = b->Prg<Ch>();
     for (std::size_t i = 0; i < programs.size(); ++i)
         if (static_cast<int>(i) != own && programs[i].strPrgName == name) return static_cast<int>(i);
     return -1;
 }
 
-template <class Ch> void DetNonAdrConstMoziPosAW(const Text<Ch>& text, int line, int& pos) {
+template <class Ch> void DetNonAdrConstMoziPosAW(View<Ch> text, int line, int& pos) {
     if (DetNonLabelMoziPos(text, pos)) cs->Error(line, AddressMsg.UnsuitableChar, {text, pos + 1});
 }
 
 template <class Ch> int CkAdrConst20(int line, int n) {
-    const Text<Ch>& s = LineAt<Ch>(line).chOprnd[static_cast<std::size_t>(n)];
+    const View<Ch> s = LineAt<Ch>(line).Oprnd(n);
     const Ch c = At(s, 0);
     if (IsRegisterWord(s)) return 0;
     if (IsUpper(c)) return NameAddress(line, s);
@@ -171,7 +171,7 @@ template <class Ch> int CkStartAdrOperand(int prg, int line) {
         src.word_kazu = 1;
         return 0;
     }
-    const Text<Ch>& t = src.chOprnd[1];
+    const View<Ch> t = src.Oprnd(1);
     int pos = 0;
     if (DetNonLabelMoziPos(t.substr(1), pos)) {
         cs->Error(line, AddressMsg.StartBadChar, {t});

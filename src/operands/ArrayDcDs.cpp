@@ -35,7 +35,7 @@ int CkDcDsLines(int prg) {
 int dcTakeOutOperand(int line) {
     TakeOutOprndsAtDC<char>(line);
     const auto limit = static_cast<std::size_t>(modeFlags->Pipe->limits.dcConstants);
-    const std::size_t n = LineAt<char>(line).vecDcConst.size();
+    const auto n = static_cast<std::size_t>(LineAt<char>(line).dcKazu);
     if (n <= limit) return 0;
     cs->Error(line, DcMsg.TooManyConstants, {limit, n});
     return 1;

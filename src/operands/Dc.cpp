@@ -15,14 +15,14 @@ namespace {
 constexpr std::size_t HexDigits = 4;
 
 // Behind the character at i, or behind the whole character constant that opens there.
-template <class Ch> std::size_t NextUnit(const Text<Ch>& text, std::size_t i) {
+template <class Ch> std::size_t NextUnit(View<Ch> text, std::size_t i) {
     if (text[i] != Ch('\'')) return i + 1;
     const std::size_t close = FindClosingApost(text, i);
     return close == npos ? text.size() : close + 1;
 }
 
 // Runs of blanks become one, and the comment is cut off; character constants stay as they are.
-template <class Ch> Text<Ch> WithoutComment(const Text<Ch>& text) {
+template <class Ch> Text<Ch> WithoutComment(View<Ch> text) {
     Text<Ch> out;
     for (std::size_t i = 0; i < text.size() && text[i] != Ch(';');) {
         if (IsBlank(text[i])) {
@@ -38,7 +38,7 @@ template <class Ch> Text<Ch> WithoutComment(const Text<Ch>& text) {
 }
 
 // Removes the single blank on either side of a comma.
-template <class Ch> Text<Ch> WithoutBlanksAtCommas(const Text<Ch>& text) {
+template <class Ch> Text<Ch> WithoutBlanksAtCommas(View<Ch> text) {
     Text<Ch> out;
     for (std::size_t i = 0; i < text.size();) {
         if (text[i] == Ch(' ') && At(text, i + 1) == Ch(',')) {
@@ -55,10 +55,15 @@ template <class Ch> Text<Ch> WithoutBlanksAtCommas(const Text<Ch>& text) {
     return out;
 }
 
+// What a cleaning has made of a text: the text itself if it is still the same.
+template <class Ch> View<Ch> Kept(View<Ch> text, const Text<Ch>& cleaned) {
+    return cleaned == text ? text : b->Keep<Ch>(cleaned);
+}
+
 enum class Closed { Yes, No, Empty };
 
 // Whether all character constants of the text are closed and none is empty.
-template <class Ch> Closed CkClosed(const Text<Ch>& text) {
+template <class Ch> Closed CkClosed(View<Ch> text) {
     Closed state = Closed::Yes;
     for (std::size_t i = 0; i < text.size(); i = NextUnit(text, i)) {
         if (text[i] != Ch('\'')) continue;
@@ -69,7 +74,7 @@ template <class Ch> Closed CkClosed(const Text<Ch>& text) {
     return state;
 }
 
-template <class Ch> void CkHexConst(Place place, const Text<Ch>& text) {
+template <class Ch> void CkHexConst(Place place, View<Ch> text) {
     const std::size_t n = text.size() - 1;
     if (!std::all_of(text.begin() + 1, text.end(), IsHexDigit<Ch>)) cs->Error(place, DcMsg.HexBadDigit, {text});
     if (n > HexDigits) cs->Error(place, DcMsg.HexTooLong, {text, n});
@@ -77,7 +82,7 @@ template <class Ch> void CkHexConst(Place place, const Text<Ch>& text) {
 }
 
 // More digits than other characters make it a bad number, else a label that begins with a digit.
-template <class Ch> void CkDecConst(Place place, const Text<Ch>& text) {
+template <class Ch> void CkDecConst(Place place, View<Ch> text) {
     const auto begin = text.begin() + (IsSign(text[0]) ? 1 : 0);
     const auto digits = std::count_if(begin, text.end(), IsDigit<Ch>);
     const auto others = text.end() - begin - digits;
@@ -87,7 +92,7 @@ template <class Ch> void CkDecConst(Place place, const Text<Ch>& text) {
 
 // The label of a constant; the name of another program passes here and is refused when it gets no value. False if
 // nothing has the name.
-template <class Ch> bool CkLabelConst(Place place, const Text<Ch>& text) {
+template <class Ch> bool CkLabelConst(Place place, View<Ch> text) {
     if (!std::all_of(text.begin(), text.end(), IsLabelChar<Ch>)) cs->Error(place, DcMsg.LabelBadChar, {text});
     if (text.size() > AdrConstMax) cs->Error(place, DcMsg.LabelTooLong, {text, text.size()});
     SrcData<Ch>& src = LineAt<Ch>(place.line);
@@ -104,14 +109,14 @@ template <class Ch> bool CkLabelConst(Place place, const Text<Ch>& text) {
     return false;
 }
 
-template <class Ch> bool CkCharConst(Place place, const Text<Ch>& text) {
+template <class Ch> bool CkCharConst(Place place, View<Ch> text) {
     const std::size_t close = FindClosingApost(text, 0);
     if (close != npos && close + 1 == text.size()) return true;
     cs->Error(place, DcMsg.CharConstBadEnd, {text});
     return false;
 }
 
-template <class Ch> bool RefuseFirstChar(Place place, const Text<Ch>& text) {
+template <class Ch> bool RefuseFirstChar(Place place, View<Ch> text) {
     cs->Error(place, DcMsg.BadFirstChar, {text});
     if (text[0] == Ch('"')) cs->Error(place, DcMsg.DoubleQuote);
     return false;
@@ -119,7 +124,7 @@ template <class Ch> bool RefuseFirstChar(Place place, const Text<Ch>& text) {
 
 // Judges one constant. False if the rest of the line is given up.
 template <class Ch> bool CkConstant(Place place, TDcConst<Ch>& constant) {
-    const Text<Ch>& text = constant.strConst;
+    const View<Ch> text = constant.strConst;
     const Ch c = text[0];
     if (c == Ch('#')) {
         constant.DataTypeStrFlag = DcKind::Hex;
@@ -148,7 +153,7 @@ struct WordCount {
     const Msg* refusal = nullptr; // why the constant has no words
 };
 
-template <class Ch> WordCount CountWords(const Text<Ch>& text) {
+template <class Ch> WordCount CountWords(View<Ch> text) {
     const Ch c = At(text, 0);
     const Ch next = At(text, 1);
     const bool mark = c == Ch('#') || IsSign(c);
@@ -161,45 +166,46 @@ template <class Ch> WordCount CountWords(const Text<Ch>& text) {
     return {0, std::nullopt, &DcMsg.UnknownKind};
 }
 
-// Sets kind, value and characters of one constant.
-template <class Ch> void SetConstant(int prg, Place place, TDcConst<Ch>& constant) {
-    const Text<Ch>& text = constant.strConst;
+// Sets kind and value of one constant. Its words, of which none counts as one.
+template <class Ch> int SetConstant(int prg, Place place, TDcConst<Ch>& constant) {
+    const View<Ch> text = constant.strConst;
     const Ch c = At(text, 0);
-    constant.vecMozi.clear();
     if (c == Ch('\'')) {
-        ForEachMozi(text, 0, [&](int code) { constant.vecMozi.push_back(code); });
         constant.DataTypeStrFlag = DcKind::MoziRetuConst;
-    } else if (c == Ch('#')) {
+        return std::max(CountWordKazuAtCharConst(text), 1);
+    }
+    if (c == Ch('#')) {
         constant.ConstValue = HexStrToIntG(text, place.line, place.constant);
         constant.DataTypeStrFlag = DcKind::Hex;
-    } else if (IsDigit(c) || IsSign(c)) {
+        return 1;
+    }
+    if (IsDigit(c) || IsSign(c)) {
         std::size_t end = 0;
         constant.ConstValue = ReadDecimal(text, end);
         constant.DataTypeStrFlag = DcKind::Dec;
         if (constant.ConstValue < WordMin || WordMax < constant.ConstValue)
             cs->Note(place, DcMsg.DecOutOfRange, {constant.ConstValue});
-    } else {
-        constant.DataTypeStrFlag = DcKind::AdrConst;
-        const int target = FindLabelLine(prg, text);
-        if (target < 0) {
-            cs->Error(place, DcMsg.NoAddressConstant, {text});
-            return;
-        }
-        SrcData<Ch>& label = LineAt<Ch>(target);
-        constant.ConstValue = label.AbAdr;
-        label.fLabelInUse = true;
+        return 1;
     }
+    constant.DataTypeStrFlag = DcKind::AdrConst;
+    const int target = FindLabelLine<Ch>(prg, text);
+    if (target < 0) {
+        cs->Error(place, DcMsg.NoAddressConstant, {text});
+        return 1;
+    }
+    SrcData<Ch>& label = LineAt<Ch>(target);
+    constant.ConstValue = label.AbAdr;
+    label.fLabelInUse = true;
+    return 1;
 }
 
 template <class Ch> void SetLineMryInAtDC(int prg, int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    std::size_t words = 0;
-    for (std::size_t k = 0; k < src.vecDcConst.size(); ++k) {
-        TDcConst<Ch>& constant = src.vecDcConst[k];
-        SetConstant(prg, {line, static_cast<int>(k)}, constant);
-        words += std::max<std::size_t>(constant.vecMozi.size(), 1);
-    }
-    src.word_kazu = static_cast<int>(words);
+    int words = 0;
+    int k = 0;
+    for (TDcConst<Ch>& constant : b->Constants(src))
+        words += SetConstant(prg, {line, k++}, constant);
+    src.word_kazu = words;
 }
 
 int Refuse(int line, const Msg& msg, Args args = {}) {
@@ -217,8 +223,7 @@ template <class Ch> struct ListPiece {
     bool endsText;    // nothing but blanks behind it
     bool beforeComma; // a comma behind it, with or without blanks between
 
-    ListPiece(const Text<Ch>& text, std::size_t at)
-        : begin(at), isBlank(IsBlank(text[at])), isComma(text[at] == Ch(',')) {
+    ListPiece(View<Ch> text, std::size_t at) : begin(at), isBlank(IsBlank(text[at])), isComma(text[at] == Ch(',')) {
         const std::size_t behind = std::min(FindNonBlank(text, at + 1), text.size());
         end = isBlank || isComma ? behind : NextUnit(text, at);
         endsText = behind == text.size();
@@ -228,7 +233,7 @@ template <class Ch> struct ListPiece {
 
 // Refuses a text that is no list: two commas in a row, text behind a blank, a sign or "#" apart from its number. -1
 // with an Error. A comma at the end is only noted.
-template <class Ch> int RefuseNoList(int line, const Text<Ch>& text) {
+template <class Ch> int RefuseNoList(int line, View<Ch> text) {
     for (std::size_t i = 0; i < text.size();) {
         const ListPiece<Ch> piece(text, i);
         const bool textBehindBlank = piece.isBlank && !piece.endsText && !piece.beforeComma;
@@ -245,7 +250,7 @@ template <class Ch> int RefuseNoList(int line, const Text<Ch>& text) {
 }
 
 // Blanks round a comma and at the end go, others stay.
-template <class Ch> Text<Ch> WithoutBlanksAtCommasAndEnd(const Text<Ch>& text) {
+template <class Ch> Text<Ch> WithoutBlanksAtCommasAndEnd(View<Ch> text) {
     Text<Ch> out;
     for (std::size_t i = 0; i < text.size();) {
         const ListPiece<Ch> piece(text, i);
@@ -261,14 +266,14 @@ template <class Ch> Text<Ch> WithoutBlanksAtCommasAndEnd(const Text<Ch>& text) {
 } // namespace
 
 template <class Ch> int OprndAtDCtoChH(int line) {
-    Text<Ch>& text = LineAt<Ch>(line).chOprndCom;
-    text = WithoutComment(text);
+    View<Ch>& text = LineAt<Ch>(line).chOprndCom;
+    text = Kept(text, WithoutComment(text));
     const Closed closed = CkClosed(text);
     if (closed != Closed::Yes) {
         cs->Error(line, closed == Closed::No ? DcMsg.CharsNotClosed : DcMsg.NoCharacter, {text});
         return 1;
     }
-    text = WithoutBlanksAtCommas(text);
+    text = Kept(text, WithoutBlanksAtCommas(text));
     return 0;
 }
 
@@ -279,36 +284,37 @@ template <class Ch> int OprndAtDC(int line) {
 }
 
 template <class Ch> int dc45(int line) {
-    Text<Ch>& text = LineAt<Ch>(line).chOprndCom;
+    View<Ch>& text = LineAt<Ch>(line).chOprndCom;
     if (text.empty()) return Refuse(line, DcMsg.NoOperand);
     if (RefuseNoList(line, text) < 0) return -1;
-    text = WithoutBlanksAtCommasAndEnd(text);
+    text = Kept(text, WithoutBlanksAtCommasAndEnd(text));
     return 0;
 }
 
 template <class Ch> int TakeOutOprndsAtDC(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    const Text<Ch>& text = src.chOprndCom;
-    src.vecDcConst.clear();
+    const View<Ch> text = src.chOprndCom;
+    auto& constants = b->Apart<Ch>().vecDcConst;
+    src.dcFirst = static_cast<std::int32_t>(constants.size());
     for (std::size_t begin = 0; begin < text.size();) {
         std::size_t end = begin;
         while (end < text.size() && text[end] != Ch(','))
             end = NextUnit(text, end);
-        TDcConst<Ch> constant;
+        TDcConst<Ch>& constant = constants.emplace_back();
         constant.strConst = text.substr(begin, end - begin);
-        constant.DataTypeStrFlag = text[begin] == Ch('\'') ? DcKind::CharConst : DcKind::Const;
-        src.vecDcConst.push_back(constant);
+        if (text[begin] == Ch('\'')) constant.DataTypeStrFlag = DcKind::CharConst;
         begin = end + 1;
     }
+    src.dcKazu = static_cast<std::int32_t>(constants.size()) - src.dcFirst;
     return 0;
 }
 
 template <class Ch> int CkDC33(int line) {
-    auto& constants = LineAt<Ch>(line).vecDcConst;
-    for (std::size_t k = 0; k < constants.size(); ++k) {
-        constants[k].strConst = TrimBlank(constants[k].strConst);
-        if (constants[k].strConst.empty()) continue;
-        if (!CkConstant({line, static_cast<int>(k)}, constants[k])) return -1;
+    int k = 0;
+    for (TDcConst<Ch>& constant : b->Constants(LineAt<Ch>(line))) {
+        constant.strConst = TrimBlank(constant.strConst);
+        const Place place{line, k++};
+        if (!constant.strConst.empty() && !CkConstant(place, constant)) return -1;
     }
     return 0;
 }
@@ -316,10 +322,11 @@ template <class Ch> int CkDC33(int line) {
 template <class Ch> int SetWordKazuAtDC(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     int total = 0;
-    for (std::size_t k = 0; k < src.vecDcConst.size(); ++k) {
-        TDcConst<Ch>& constant = src.vecDcConst[k];
+    int k = 0;
+    for (TDcConst<Ch>& constant : b->Constants(src)) {
         const WordCount count = CountWords(constant.strConst);
-        if (count.refusal != nullptr) return Refuse(line, *count.refusal, {constant.strConst, k + 1});
+        ++k;
+        if (count.refusal != nullptr) return Refuse(line, *count.refusal, {constant.strConst, k});
         if (count.kind) constant.DataTypeStrFlag = *count.kind;
         total += count.words;
     }

@@ -10,12 +10,12 @@ namespace {
 
 constexpr int ImageWordsMax = 65035; // what is left below the stack area
 
-template <class Ch> Text<Ch> CountOf(int line) {
-    return TrimBlank(LineAt<Ch>(line).chOprnd[1]);
+template <class Ch> View<Ch> CountOf(int line) {
+    return TrimBlank(LineAt<Ch>(line).Oprnd(1));
 }
 
 // Sets the words of a line to the count. False if the count goes on behind its number.
-template <class Ch> bool SetDsWords(SrcData<Ch>& src, const Text<Ch>& count) {
+template <class Ch> bool SetDsWords(SrcData<Ch>& src, View<Ch> count) {
     std::size_t end = 0;
     src.word_kazu = ReadDecimal(count, end);
     return end == count.size();
@@ -24,7 +24,7 @@ template <class Ch> bool SetDsWords(SrcData<Ch>& src, const Text<Ch>& count) {
 } // namespace
 
 template <class Ch> int OprndAtDS(int line) {
-    const Text<Ch> count = CountOf<Ch>(line);
+    const View<Ch> count = CountOf<Ch>(line);
     if (count.empty()) {
         cs->Error(line, DsMsg.NoOperand);
         return -cs->ErrorKazu;
@@ -39,7 +39,7 @@ template <class Ch> int OprndAtDS(int line) {
 
 template <class Ch> int SetWordKazuAtDS(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    const Text<Ch> count = CountOf<Ch>(line);
+    const View<Ch> count = CountOf<Ch>(line);
     if (!SetDsWords(src, count)) cs->Error(line, DsMsg.CountNotRead, {count});
     if (src.word_kazu > AddressMax) {
         cs->Error(line, DsMsg.BeyondAddresses);

@@ -12,9 +12,8 @@ namespace tolvane {
 
 namespace {
 
-// Copies ='...' to the operand, doubled apostrophes as they are. False with an Error.
-template <class Ch> bool CopyCharLiteral(int line, const Text<Ch>& text, Text<Ch>& operand, std::size_t& from) {
-    operand += text.substr(from, 2);
+// Passes over ='...', doubled apostrophes included. False with an Error.
+template <class Ch> bool SkipCharLiteral(int line, View<Ch> text, std::size_t& from) {
     from += 2;
     for (;;) {
         const Ch c = At(text, from);
@@ -29,52 +28,62 @@ template <class Ch> bool CopyCharLiteral(int line, const Text<Ch>& text, Text<Ch
             cs->Error(line, ExtractionMsg.LiteralBadClose, {text});
             return false;
         }
-        const std::size_t length = c == Ch('\'') ? 2 : 1;
-        operand += text.substr(from, length);
-        from += length;
+        from += c == Ch('\'') ? 2 : 1;
     }
-    operand += text[from++];
+    ++from;
     return true;
 }
 
 enum class Cut { GoesOn, EndsText, Refused };
 
-template <class Ch> void SkipBlanks(const Text<Ch>& text, std::size_t& from) {
+template <class Ch> void SkipBlanks(View<Ch> text, std::size_t& from) {
     while (IsBlank(At(text, from)))
         ++from;
 }
 
+// An operand and the comma that ended it, with the blanks between them left out.
+template <class Ch> View<Ch> WithCommaAt(View<Ch> text, std::size_t begin, std::size_t end, std::size_t comma) {
+    if (comma == end) return text.substr(begin, end + 1 - begin);
+    return b->Keep<Ch>(Text<Ch>(text.substr(begin, end - begin)) += Ch(','));
+}
+
 // Cuts the next operand out of the text. It ends at its comma, which it keeps, at a blank, or with the text.
-template <class Ch> Cut ExtractOprnd5(int line, const Text<Ch>& text, std::size_t& from, Text<Ch>& operand) {
+template <class Ch> Cut ExtractOprnd5(int line, View<Ch> text, std::size_t& from, View<Ch>& operand) {
+    const std::size_t begin = from;
     for (;;) {
         const Ch c = At(text, from);
         const Ch next = At(text, from + 1);
         if (c == Ch(0) || c == Ch(',') || (IsBlank(c) && next == Ch(','))) break;
         if (c == Ch('=') && next == Ch('\'')) {
-            if (!CopyCharLiteral(line, text, operand, from)) return Cut::Refused;
-            continue;
+            if (SkipCharLiteral(line, text, from)) continue;
+            operand = text.substr(begin, from - begin);
+            return Cut::Refused;
+        }
+        if (IsBlank(c)) {
+            operand = text.substr(begin, from++ - begin);
+            return Cut::GoesOn;
         }
         ++from;
-        if (IsBlank(c)) return Cut::GoesOn;
-        operand += c;
     }
+    const std::size_t end = from;
+    operand = text.substr(begin, end - begin);
     SkipBlanks(text, from);
     if (At(text, from) != Ch(',')) return Cut::EndsText;
-    operand += text[from++];
+    operand = WithCommaAt(text, begin, end, from++);
     SkipBlanks(text, from);
     return Cut::GoesOn;
 }
 
 // Cuts three operands; what follows them is the fourth as it stands.
 template <class Ch> void CutOprnds(int line, SrcData<Ch>& src) {
-    const Text<Ch>& text = src.chOprndCom;
+    const View<Ch> text = src.chOprndCom;
     std::size_t from = 0;
     Cut cut = Cut::GoesOn;
-    for (std::size_t nr = 1; nr <= 3 && cut == Cut::GoesOn && At(text, from) != Ch(0); ++nr) {
-        cut = ExtractOprnd5(line, text, from, src.chOprnd[nr]);
+    for (int nr = 1; nr <= 3 && cut == Cut::GoesOn && At(text, from) != Ch(0); ++nr) {
+        cut = ExtractOprnd5(line, text, from, src.Oprnd(nr));
         src.fThreeOprnds = nr == 3 && cut != Cut::Refused;
     }
-    if (cut == Cut::GoesOn && At(text, from) != Ch(0)) src.chOprnd[4] = text.substr(from);
+    if (cut == Cut::GoesOn && At(text, from) != Ch(0)) src.Oprnd(4) = text.substr(from);
 }
 
 } // namespace
@@ -91,7 +100,7 @@ template <class Ch> int SearchApostForNonCharConstOP(int prg) {
             cs->Error(line, ExtractionMsg.LeadSemicolon, {line});
             continue;
         }
-        src.strOprndCom.resize(semicolon);
+        src.strOprndCom = src.strOprndCom.substr(0, semicolon);
     }
     return 0;
 }
@@ -103,7 +112,7 @@ template <class Ch> int CopyOprndComStrToChH(int prg) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         src.chOprndCom = src.strOprndCom;
         if (limit == 0 || src.strOprndCom.size() <= limit) continue;
-        src.chOprndCom.resize(limit);
+        src.chOprndCom.remove_suffix(src.chOprndCom.size() - limit);
         if (!told) Tell(Severity::Warning, line, ExtractionMsg.OperandTooLong, {limit, src.strOprndCom.size()});
         told = true;
     }
@@ -150,7 +159,7 @@ template <class Ch> int CkCommas(int prg) {
         const Opcode* op = LineAt<Ch>(line).op;
         if (op == nullptr || op->shape > Shape::Address) continue;
         const int n = op->shape == Shape::Address ? 1 : 2;
-        const Text<Ch>& operand = Oprnd<Ch>(line, n);
+        const View<Ch> operand = Oprnd<Ch>(line, n);
         if (op->shape == Shape::RegisterOrAddress && IsRegister(WithoutComma(operand))) continue;
 
         const bool comma = EndsInComma(operand);
@@ -161,11 +170,11 @@ template <class Ch> int CkCommas(int prg) {
     return 0;
 }
 
-template <class Ch> bool EndsInComma(const Text<Ch>& operand) {
+template <class Ch> bool EndsInComma(View<Ch> operand) {
     return !operand.empty() && operand.back() == Ch(',');
 }
 
-template <class Ch> Text<Ch> WithoutComma(const Text<Ch>& operand) {
+template <class Ch> View<Ch> WithoutComma(View<Ch> operand) {
     return EndsInComma(operand) ? operand.substr(0, operand.size() - 1) : operand;
 }
 
@@ -182,7 +191,7 @@ template <class Ch> bool CkNextOprndAriWithComma(int line, int n) {
     return !Oprnd<Ch>(line, n).empty();
 }
 
-template <class Ch> void DetStrConstGL10(std::size_t& pos, const Text<Ch>& text) {
+template <class Ch> void DetStrConstGL10(std::size_t& pos, View<Ch> text) {
     if (At(text, pos) == Ch('\''))
         ++pos;
     else
@@ -195,7 +204,7 @@ template <class Ch> void DetStrConstGL10(std::size_t& pos, const Text<Ch>& text)
     }
 }
 
-template <class Ch> int IsStrConstClosedGL10(int line, std::size_t& pos, const Text<Ch>& text) {
+template <class Ch> int IsStrConstClosedGL10(int line, std::size_t& pos, View<Ch> text) {
     if (At(text, pos) != Ch(0)) {
         if (At(text, pos) != Ch('\'')) return 0;
         const Ch behind = At(text, pos + 1);

@@ -6,8 +6,8 @@
 namespace tolvane {
 
 // Operand n of a line.
-template <class Ch> Text<Ch>& Oprnd(int line, int n) {
-    return b->Src<Ch>()[static_cast<std::size_t>(line)].chOprnd[static_cast<std::size_t>(n)];
+template <class Ch> View<Ch>& Oprnd(int line, int n) {
+    return b->Src<Ch>()[static_cast<std::size_t>(line)].Oprnd(n);
 }
 
 // Splits the comment off the lines whose opcode takes no character constant. 0, or -1 for an unknown opcode.
@@ -21,9 +21,9 @@ template <class Ch> int ExtractAllOprnds(int prg);
 // The further pass of the pointer pipelines: a comma with nothing behind it, or a missing one. 0.
 template <class Ch> int CkCommas(int prg);
 
-template <class Ch> bool EndsInComma(const Text<Ch>& operand);
+template <class Ch> bool EndsInComma(View<Ch> operand);
 // The operand without the comma that ended it.
-template <class Ch> Text<Ch> WithoutComma(const Text<Ch>& operand);
+template <class Ch> View<Ch> WithoutComma(View<Ch> operand);
 // Sets CommaAriFlag from the last character of operand n.
 template <class Ch> void GetCommaAriFlagForNextOprnd(int line, int n);
 // True if CommaAriFlag is 1. `place` names the caller, for the self-check of the flag.
@@ -32,8 +32,8 @@ bool CommaNextOprnd3(const char* place);
 template <class Ch> bool CkNextOprndAriWithComma(int line, int n);
 
 // Moves pos from the opening apostrophe of a string constant to the closing one, or to the end of the text.
-template <class Ch> void DetStrConstGL10(std::size_t& pos, const Text<Ch>& text);
+template <class Ch> void DetStrConstGL10(std::size_t& pos, View<Ch> text);
 // Judges what DetStrConstGL10 left. 0 or more if the constant is closed, negative with an Error.
-template <class Ch> int IsStrConstClosedGL10(int line, std::size_t& pos, const Text<Ch>& text);
+template <class Ch> int IsStrConstClosedGL10(int line, std::size_t& pos, View<Ch> text);
 
 } // namespace tolvane

@@ -17,22 +17,22 @@ namespace {
 
 // Takes the comma off a first operand that has been found to be a register. Its digit.
 template <class Ch> int TakeRegister1(SrcData<Ch>& src) {
-    src.chOprnd[1].resize(3);
-    return RegisterDigit(src.chOprnd[1]);
+    src.Oprnd(1) = src.Oprnd(1).substr(0, 3);
+    return RegisterDigit(src.Oprnd(1));
 }
 
 // r1,r2 or r,adr[,x]: ld2, adda2, suba2, addl2, subl2, and2, or2, xor2, cpa2, cpl2.
 template <class Ch> void RegisterOrAddressHandler(int line, const Instruction& row) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     src.first_word = 0;
-    if (modeFlags->Pipe->ld2LooksFirst && row.noOperands != nullptr && src.chOprnd[1].empty()) {
+    if (modeFlags->Pipe->ld2LooksFirst && row.noOperands != nullptr && src.Oprnd(1).empty()) {
         cs->Error(line, *row.noOperands);
         return;
     }
     if (!CkOpTypeOprndOne<Ch>(line)) return;
     src.first_word = TakeRegister1(src) << 4;
 
-    const Text<Ch>& second = src.chOprnd[2];
+    const View<Ch> second = src.Oprnd(2);
     if (second.empty()) cs->Error(line, *row.missing);
     if (row.exactRegister2 ? IsRegister(second) : BeginsWithRegister(second)) {
         src.first_word |= RegisterDigit(second);
@@ -61,9 +61,9 @@ template <class Ch> void RegisterAddressHandler(int line, const Instruction& row
     if (!CkOpTypeOprndOne<Ch>(line)) return;
     const int digit = TakeRegister1(src);
 
-    if (src.chOprnd[2].empty()) cs->Error(line, *row.missing);
+    if (src.Oprnd(2).empty()) cs->Error(line, *row.missing);
     if (row.warnsOfGR89) AnalystGR89<Ch>(line);
-    if (IsRegisterWordUpTo(src.chOprnd[2], row.lastFormDigit)) {
+    if (IsRegisterWordUpTo(src.Oprnd(2), row.lastFormDigit)) {
         ReportForm<Ch>(line, row);
         return;
     }
@@ -91,16 +91,15 @@ template <class Ch> void RegisterHandler(int line) {
     if (!CkOpTypeOprndOnePop<Ch>(line)) return;
     src.first_word |= TakeRegister1(src) << 4;
     src.word_kazu = 1;
-    for (std::size_t i = 2; i <= 4; ++i)
-        src.chOprnd[i].clear();
+    for (int n = 2; n <= 4; ++n)
+        src.Oprnd(n) = {};
 }
 
 // NOP, END, RET and EXIT: the code alone.
 template <class Ch> void NoOperandHandler(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    if (OpNoOperand(line, src.chOprnd[1]) >= 1) return;
-    for (std::size_t i = 1; i <= 4; ++i)
-        src.chOprnd[i].clear();
+    if (OpNoOperand(line, src.Oprnd(1)) >= 1) return;
+    src.chOprnd = {};
     src.word_kazu = 1;
     src.first_word = src.op->code << 8;
 }
@@ -140,7 +139,7 @@ template <class Ch> void RunHandler(int line) {
         macro2<Ch>(line);
         return;
     case Shape::Start:
-        src.word_kazu = src.chOprnd[1].empty() ? 1 : 2;
+        src.word_kazu = src.Oprnd(1).empty() ? 1 : 2;
         return;
     case Shape::Dc:
         return DcHandler<Ch>(line);
@@ -151,7 +150,7 @@ template <class Ch> void RunHandler(int line) {
 
 // A word that is no opcode. The pass over the opcodes lets none through but the one on a START line.
 template <class Ch> void RefuseOp(int line) {
-    const Text<Ch>& op = LineAt<Ch>(line).strOp;
+    const View<Ch> op = LineAt<Ch>(line).strOp;
     cs->Error(line, HandlerMsg.NoHandler, {op});
     AnalystZenKSpace20(op, line);
 }

@@ -12,18 +12,18 @@ namespace tolvane {
 namespace {
 
 // The end of the text, a blank or a comma ends a number.
-template <class Ch> bool EndsNumber(const Text<Ch>& text, std::size_t i) {
+template <class Ch> bool EndsNumber(View<Ch> text, std::size_t i) {
     return i >= text.size() || IsBlank(text[i]) || text[i] == Ch(',');
 }
 
-template <class Ch> void CkDecLiteral(int line, const Text<Ch>& text, std::size_t digits) {
+template <class Ch> void CkDecLiteral(int line, View<Ch> text, std::size_t digits) {
     std::size_t i = digits;
     while (IsDigit(At(text, i)))
         ++i;
     if (!EndsNumber(text, i)) cs->Error(line, LiteralMsg.DecNonNumeral);
 }
 
-template <class Ch> void CkHexLiteral(int line, const Text<Ch>& text, std::size_t digits) {
+template <class Ch> void CkHexLiteral(int line, View<Ch> text, std::size_t digits) {
     std::size_t i = digits;
     while (IsHexDigit(At(text, i)))
         ++i;
@@ -33,15 +33,15 @@ template <class Ch> void CkHexLiteral(int line, const Text<Ch>& text, std::size_
 
 // Where the mark stands with a character behind it that `fits`; npos if nowhere.
 template <class Ch, class Fits>
-std::size_t FindMark(const Text<Ch>& text, std::string_view mark, Fits fits, std::size_t from = 0) {
+std::size_t FindMark(View<Ch> text, std::string_view mark, Fits fits, std::size_t from = 0) {
     for (std::size_t p = Find(text, mark, from); p != npos; p = Find(text, mark, p + 1))
         if (p + mark.size() < text.size() && fits(text[p + mark.size()])) return p;
     return npos;
 }
 
 // The first form that fits decides. A sign is passed over: the digits behind it are judged with their address.
-template <class Ch> void CkLiteralForm(int line, const Text<Ch>& operands) {
-    const Text<Ch> t = WithoutBlanksBehindEqual(operands);
+template <class Ch> void CkLiteralForm(int line, View<Ch> operands) {
+    const View<Ch> t = WithoutBlanksBehindEqual(operands);
     const std::size_t p = Find(t, "=");
     if (IsDigit(At(t, p + 1))) return CkDecLiteral(line, t, p + 1);
 
@@ -56,15 +56,25 @@ template <class Ch> void CkLiteralForm(int line, const Text<Ch>& operands) {
     cs->Error(line, LiteralMsg.NoLiteral, {operands});
 }
 
-} // namespace
-
-template <class Ch> Text<Ch> WithoutBlanksBehindEqual(const Text<Ch>& text) {
-    const std::size_t p = Find(text, "=");
-    if (p == npos) return text;
-    return text.substr(0, p + 1) + TrimLeftBlank(text.substr(p + 1));
+// The record of the line's literal, made if there is none.
+template <class Ch> TLiteConst<Ch>& LiteralOf(SrcData<Ch>& src) {
+    auto& literals = b->Apart<Ch>().vecLite;
+    if (src.lite < 0) {
+        src.lite = static_cast<std::int32_t>(literals.size());
+        literals.emplace_back();
+    }
+    return literals[static_cast<std::size_t>(src.lite)];
 }
 
-template <class Ch> void CkMoziLiteral(int line, const Text<Ch>& text) {
+} // namespace
+
+template <class Ch> View<Ch> WithoutBlanksBehindEqual(View<Ch> text) {
+    const std::size_t p = text.find(Ch('='));
+    if (p == npos || !IsBlank(At(text, p + 1))) return text;
+    return b->Keep<Ch>(Text<Ch>(text.substr(0, p + 1)) += TrimLeftBlank(text.substr(p + 1)));
+}
+
+template <class Ch> void CkMoziLiteral(int line, View<Ch> text) {
     const std::size_t open = Find(text, "='") + 1;
     const std::size_t close = FindClosingApost(text, open);
     const Ch behind = close == npos ? Ch('?') : At(text, close + 1);
@@ -84,16 +94,13 @@ template <class Ch> int CkLiteral15(int prg) {
     return cs->AnyErrorSoFar() ? -1 : 0;
 }
 
-template <class Ch> void TrimOprndComComma(Text<Ch>& text) {
-    const std::size_t end = std::min(Find(text, "="), text.size());
+template <class Ch> Text<Ch> TrimOprndComComma(View<Ch> text) {
+    const std::size_t end = std::min(text.find(Ch('=')), text.size());
     Text<Ch> out;
     std::size_t i = 0;
     while (i < end) {
         const Ch c = text[i];
-        if (c == Ch(';')) {
-            text = out;
-            return;
-        }
+        if (c == Ch(';')) return out;
         // Of a run of blanks in front of a comma only the last one goes.
         if (IsBlank(c) && i + 1 < end && text[i + 1] == Ch(',')) {
             ++i;
@@ -103,7 +110,7 @@ template <class Ch> void TrimOprndComComma(Text<Ch>& text) {
         ++i;
         if (c == Ch(',')) i = std::min(FindNonBlank(text, i), end);
     }
-    text = out + text.substr(end);
+    return out += text.substr(end);
 }
 
 template <class Ch> int CkStrConstLiteral(int prg) {
@@ -111,29 +118,28 @@ template <class Ch> int CkStrConstLiteral(int prg) {
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         if (HasShape(src.op, Shape::Dc)) continue;
-        Text<Ch> work = WithoutBlanksBehindEqual(src.strOprndCom);
+        const View<Ch> work = WithoutBlanksBehindEqual(src.strOprndCom);
         if (std::size_t pos = Find(work, "='"); pos != npos) {
             DetStrConstGL10(++pos, work);
             if (IsStrConstClosedGL10(line, pos, work) < 0) cs->Error(line, LiteralMsg.CharsExample, {work});
         }
-        TrimOprndComComma(work);
-        src.strOprndCom = work;
+        const Text<Ch> trimmed = TrimOprndComComma(work);
+        src.strOprndCom = trimmed == work ? work : b->Keep<Ch>(trimmed);
     }
     return 0;
 }
 
-template <class Ch> int SetLiteCharConstMryIn(int line, const Text<Ch>& text) {
+template <class Ch> int SetLiteCharConstMryIn(int line, View<Ch> text) {
     if (text.size() < 3) return -1;
-    TLiteConst literal;
-    ForEachMozi(text, 0, [&](int code) { literal.vecLiteMozi.push_back(code); });
-    LineAt<Ch>(line).vecLite = {literal};
+    TLiteConst<Ch>& literal = LiteralOf(LineAt<Ch>(line));
+    literal.strLite = text;
+    literal.LiteWordKazu = std::max(CountWordKazuAtCharConst(text), 1);
+    literal.AbAdr = 0;
     return 0;
 }
 
 template <class Ch> void SetLiteNumber(int line, int value) {
-    SrcData<Ch>& src = LineAt<Ch>(line);
-    if (src.vecLite.empty()) src.vecLite.emplace_back();
-    src.vecLite[0].LiteValue = value;
+    LiteralOf(LineAt<Ch>(line)).LiteValue = value;
 }
 
 TOLVANE_BOTH_KINDS(WithoutBlanksBehindEqual)

@@ -19,7 +19,7 @@ template <class Ch> int HexDigitValue(Ch c) {
 
 } // namespace
 
-template <class Ch> int ReadDecimal(const Text<Ch>& text, std::size_t& end) {
+template <class Ch> int ReadDecimal(View<Ch> text, std::size_t& end) {
     const bool negative = At(text, 0) == Ch('-');
     const std::size_t first = IsSign(At(text, 0)) ? 1 : 0;
     std::size_t i = first;
@@ -30,7 +30,7 @@ template <class Ch> int ReadDecimal(const Text<Ch>& text, std::size_t& end) {
     return static_cast<int>(std::clamp(negative ? -value : value, CellMin, CellMax));
 }
 
-template <class Ch> int CkDecConstG(const Text<Ch>& text, int line, int k) {
+template <class Ch> int CkDecConstG(View<Ch> text, int line, int k) {
     const Ch first = At(text, 0);
     if (!IsSign(first) && !IsDigit(first)) {
         cs->Error(line, NumberMsg.DecBadCall, {text.substr(0, 1)});
@@ -41,14 +41,14 @@ template <class Ch> int CkDecConstG(const Text<Ch>& text, int line, int k) {
     return -1;
 }
 
-template <class Ch> int DecStrToIntG(const Text<Ch>& text, int line, int k) {
+template <class Ch> int DecStrToIntG(View<Ch> text, int line, int k) {
     std::size_t end = 0;
     const int value = ReadDecimal(text, end);
     if (value < WordMin || WordMax < value) cs->Warning({line, k}, NumberMsg.DecOutOfRange, {value});
     return value;
 }
 
-template <class Ch> int CkHexConstG(const Text<Ch>& text, int line, int k) {
+template <class Ch> int CkHexConstG(View<Ch> text, int line, int k) {
     if (At(text, 0) != Ch('#')) {
         cs->Error(line, NumberMsg.HexBadCall, {text.substr(0, 1)});
         return -1;
@@ -74,7 +74,7 @@ template <class Ch> int CkHexConstG(const Text<Ch>& text, int line, int k) {
     return 0;
 }
 
-template <class Ch> int HexStrToIntG(const Text<Ch>& text, int line, int k) {
+template <class Ch> int HexStrToIntG(View<Ch> text, int line, int k) {
     if (text.size() < 2) return 0;
     std::int64_t value = 0;
     std::size_t i = 1;
@@ -84,7 +84,7 @@ template <class Ch> int HexStrToIntG(const Text<Ch>& text, int line, int k) {
     return static_cast<int>(value);
 }
 
-template <class Ch> std::size_t FindClosingApost(const Text<Ch>& text, std::size_t open) {
+template <class Ch> std::size_t FindClosingApost(View<Ch> text, std::size_t open) {
     for (std::size_t i = open + 1; i < text.size(); ++i) {
         if (text[i] != Ch('\'')) continue;
         if (At(text, i + 1) != Ch('\'')) return i;
@@ -93,7 +93,7 @@ template <class Ch> std::size_t FindClosingApost(const Text<Ch>& text, std::size
     return npos;
 }
 
-template <class Ch> int CountWordKazuAtCharConst(const Text<Ch>& text) {
+template <class Ch> int CountWordKazuAtCharConst(View<Ch> text) {
     if (At(text, 0) != Ch('\'')) return 0;
     int count = 0;
     ForEachMozi(text, 0, [&count](int) { ++count; });

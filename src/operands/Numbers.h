@@ -13,24 +13,24 @@ inline constexpr int WordMax = 32767;
 inline constexpr int AddressMax = 65535;
 
 // 0 if the text is a decimal number, -1 with an Error.
-template <class Ch> int CkDecConstG(const Text<Ch>& text, int line, int k);
+template <class Ch> int CkDecConstG(View<Ch> text, int line, int k);
 // The value, with a Warning outside -32768 to 32767. A longer number gives 2147483647 or -2147483648.
-template <class Ch> int DecStrToIntG(const Text<Ch>& text, int line, int k);
+template <class Ch> int DecStrToIntG(View<Ch> text, int line, int k);
 // 0 if the text is "#" and four hexadecimal digits, -1 to -4 with an Error.
-template <class Ch> int CkHexConstG(const Text<Ch>& text, int line, int k);
+template <class Ch> int CkHexConstG(View<Ch> text, int line, int k);
 // The value of the leading digits behind "#", held to 32 bits. An Error when the number ends before the text does.
-template <class Ch> int HexStrToIntG(const Text<Ch>& text, int line, int k);
+template <class Ch> int HexStrToIntG(View<Ch> text, int line, int k);
 // The number of characters of a character constant, given with its apostrophes; 0 for any other text.
-template <class Ch> int CountWordKazuAtCharConst(const Text<Ch>& text);
+template <class Ch> int CountWordKazuAtCharConst(View<Ch> text);
 // The value of a text of an optional sign and leading digits, held to 32 bits; `end` is where the number ends, 0 if
 // there is no digit.
-template <class Ch> int ReadDecimal(const Text<Ch>& text, std::size_t& end);
+template <class Ch> int ReadDecimal(View<Ch> text, std::size_t& end);
 
 // The closing apostrophe of the character constant that opens at `open`, doubled ones passed over; npos if none.
-template <class Ch> std::size_t FindClosingApost(const Text<Ch>& text, std::size_t open);
+template <class Ch> std::size_t FindClosingApost(View<Ch> text, std::size_t open);
 // Hands the code of each character of the constant that opens at `open` to `take`, a doubled apostrophe once. One
 // character is one word of memory; narrow text counts by bytes.
-template <class Ch, class Take> void ForEachMozi(const Text<Ch>& text, std::size_t open, Take take) {
+template <class Ch, class Take> void ForEachMozi(View<Ch> text, std::size_t open, Take take) {
     for (std::size_t i = open + 1; i < text.size(); ++i) {
         if (text[i] == Ch('\'')) {
             if (At(text, i + 1) != Ch('\'')) return;

@@ -22,7 +22,7 @@ int Refuse(int line, const Msg& msg, Args args) {
 }
 
 template <class Ch> int RefuseIndex(int line, int n) {
-    const Text<Ch>& s = Oprnd<Ch>(line, n);
+    const View<Ch> s = Oprnd<Ch>(line, n);
     cs->Error(line, RegisterMsg.NoExactIndex, {s});
     if (modeFlags->Pipe->regXDoubleComma && s.front() == Ch(',')) cs->Error(line, RegisterMsg.DoubleComma, {s});
     AnalystZenKSpace20(s, line);
@@ -33,13 +33,13 @@ template <class Ch> int RefuseIndex(int line, int n) {
 // Puts the index register into the first word. GR0 is none; what stands behind the register is dropped.
 template <class Ch> int TakeIndex(int line, int n) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    Text<Ch>& s = Oprnd<Ch>(line, n);
+    View<Ch>& s = Oprnd<Ch>(line, n);
     const bool comma = At(s, 3) == Ch(',');
-    s.resize(3);
+    s = s.substr(0, 3);
     const int digit = RegisterDigit(s);
     if (digit == 0) return Refuse(line, RegisterMsg.IndexGR0, {});
     if (comma) cs->Warning(line, RegisterMsg.CommaBehindIndex);
-    Oprnd<Ch>(line, n + 1).clear();
+    Oprnd<Ch>(line, n + 1) = {};
     src.first_word |= digit;
     src.word_kazu = 2;
     return 0;
@@ -48,8 +48,8 @@ template <class Ch> int TakeIndex(int line, int n) {
 } // namespace
 
 template <class Ch> bool CkOpTypeOprndOne(int line) {
-    const Text<Ch>& s = Oprnd<Ch>(line, 1);
-    const Text<Ch>& op = LineAt<Ch>(line).strOp;
+    const View<Ch> s = Oprnd<Ch>(line, 1);
+    const View<Ch> op = LineAt<Ch>(line).strOp;
     if (s.empty()) cs->Error(line, RegisterMsg.NoRegister, {op});
     if (BeginsWithRegister(s) && GRxComma<Ch>(line)) {
         if (IsRegister(s)) cs->Error(line, RegisterMsg.NothingBehindRegister, {op});
@@ -62,8 +62,8 @@ template <class Ch> bool CkOpTypeOprndOne(int line) {
 }
 
 template <class Ch> bool CkOpTypeOprndOneAdr(int line, const Msg& name, const Msg& missing) {
-    const Text<Ch>& s = Oprnd<Ch>(line, 1);
-    const Text<Ch>& op = LineAt<Ch>(line).strOp;
+    const View<Ch> s = Oprnd<Ch>(line, 1);
+    const View<Ch> op = LineAt<Ch>(line).strOp;
     if (BeginsWithRegister(s) && GRxLabelAll<Ch>(line))
         cs->Error(line, RegisterMsg.RegisterAsFirstOperand, {op});
     else if (s.empty())
@@ -72,8 +72,8 @@ template <class Ch> bool CkOpTypeOprndOneAdr(int line, const Msg& name, const Ms
 }
 
 template <class Ch> bool CkOpTypeOprndOnePop(int line) {
-    const Text<Ch>& s = Oprnd<Ch>(line, 1);
-    const Text<Ch>& op = LineAt<Ch>(line).strOp;
+    const View<Ch> s = Oprnd<Ch>(line, 1);
+    const View<Ch> op = LineAt<Ch>(line).strOp;
     if (s.empty()) {
         cs->Error(line, RegisterMsg.NoPopRegister, {op});
         return false;
@@ -85,16 +85,16 @@ template <class Ch> bool CkOpTypeOprndOnePop(int line) {
 }
 
 template <class Ch> bool GRxComma(int line) {
-    const Text<Ch>& s = Oprnd<Ch>(line, 1);
-    const Text<Ch> name = WithoutComma(s);
+    const View<Ch> s = Oprnd<Ch>(line, 1);
+    const View<Ch> name = WithoutComma(s);
     if (!IsRegister(name)) return false;
     if (!EndsInComma(s)) cs->Error(line, RegisterMsg.NoCommaBehindRegister, {name});
     return true;
 }
 
 template <class Ch> bool GRxLabelAll(int line) {
-    const Text<Ch>& s = Oprnd<Ch>(line, 1);
-    const Text<Ch> name = WithoutComma(s);
+    const View<Ch> s = Oprnd<Ch>(line, 1);
+    const View<Ch> name = WithoutComma(s);
     if (!IsRegister(name)) return false;
     const SrcData<Ch>& src = LineAt<Ch>(line);
     if (!HasShape(src.op, Shape::Register))
@@ -104,7 +104,7 @@ template <class Ch> bool GRxLabelAll(int line) {
     return true;
 }
 
-template <class Ch> int AnalystRegMozi(const Text<Ch>& text, int line) {
+template <class Ch> int AnalystRegMozi(View<Ch> text, int line) {
     int faults = 0;
     if (BeginsWithGR89(text)) {
         Explain(Severity::Error, line, RegisterMsg.NoSuchRegister);
@@ -122,9 +122,9 @@ template <class Ch> int AnalystRegMozi(const Text<Ch>& text, int line) {
 }
 
 template <class Ch> int r2(int line) {
-    const Text<Ch> s = Oprnd<Ch>(line, 2);
+    const View<Ch> s = Oprnd<Ch>(line, 2);
     if (IsRegister(s)) {
-        Oprnd<Ch>(line, 4).clear(); // what stands behind a blank is a comment
+        Oprnd<Ch>(line, 4) = {}; // what stands behind a blank is a comment
         return 0;
     }
     if (!IsRegister(WithoutComma(s))) {
@@ -137,13 +137,13 @@ template <class Ch> int r2(int line) {
         return 0;
     }
     Oprnd<Ch>(line, 2) = WithoutComma(s);
-    Oprnd<Ch>(line, 3).clear();
+    Oprnd<Ch>(line, 3) = {};
     cs->Warning(line, RegisterMsg.TextBehindRegister2);
     return 0;
 }
 
 template <class Ch> void CkAdrOperand(int line, int n) {
-    Text<Ch>& s = Oprnd<Ch>(line, n);
+    View<Ch>& s = Oprnd<Ch>(line, n);
     if (Is(TrimLeftBlank(s), ",")) {
         cs->Error(line, RegisterMsg.LoneComma);
         return;
@@ -154,7 +154,7 @@ template <class Ch> void CkAdrOperand(int line, int n) {
     }
     GetCommaAriFlagForNextOprnd<Ch>(line, n);
     const bool comma = EndsInComma(s);
-    const Text<Ch>& next = Oprnd<Ch>(line, n + 1);
+    const View<Ch> next = Oprnd<Ch>(line, n + 1);
     if (!comma && !next.empty()) {
         cs->Error(line, RegisterMsg.NoCommaBehindAddress, {next, s});
         return;
@@ -168,7 +168,7 @@ template <class Ch> void CkAdrOperand(int line, int n) {
 
 template <class Ch> int RegX(int line, int n) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    const Text<Ch>& s = Oprnd<Ch>(line, n);
+    const View<Ch> s = Oprnd<Ch>(line, n);
     const bool comma = CommaNextOprnd3("RegX"); // as CkAdrOperand has seen it behind the address
     if (comma && s.empty()) return Refuse(line, RegisterMsg.NoIndexBehindComma, {Oprnd<Ch>(line, n - 1)});
     if (!comma && !Oprnd<Ch>(line, n + 1).empty()) return Refuse(line, RegisterMsg.NoCommaBeforeIndex, {s});
@@ -181,7 +181,7 @@ template <class Ch> int RegX(int line, int n) {
 }
 
 template <class Ch> int AnalystIndexReg(int line, int n) {
-    const Text<Ch>& s = Oprnd<Ch>(line, n);
+    const View<Ch> s = Oprnd<Ch>(line, n);
     const auto before = cs->ErrorKazu;
     if (Is(s, "GR0")) cs->Error(line, RegisterMsg.IndexIsGR0);
     if (s.size() == 3 && BeginsWithGR89(s)) cs->Error(line, RegisterMsg.IndexIsGR89);
@@ -191,7 +191,7 @@ template <class Ch> int AnalystIndexReg(int line, int n) {
 }
 
 template <class Ch> void AnalystGR89(int line) {
-    const Text<Ch>& s = Oprnd<Ch>(line, 2);
+    const View<Ch> s = Oprnd<Ch>(line, 2);
     if (s.size() == 3 && BeginsWithGR89(s)) cs->Warning(line, RegisterMsg.GR89AsLabel, {s});
 }
 

@@ -22,7 +22,7 @@ template <class Ch> void CkAdrOperand(int line, int n);
 // The index register, whose place is operand n. 0 if it is good or absent, 1 with an Error.
 template <class Ch> int RegX(int line, int n);
 // Why a word is no register, or no index register. The number of faults found.
-template <class Ch> int AnalystRegMozi(const Text<Ch>& text, int line);
+template <class Ch> int AnalystRegMozi(View<Ch> text, int line);
 template <class Ch> int AnalystIndexReg(int line, int n);
 // Warns of GR8 or GR9 as the second operand, where they are labels.
 template <class Ch> void AnalystGR89(int line);

@@ -2,16 +2,16 @@
 
 namespace tolvane {
 
-template <class Ch> std::size_t FindMozi(const Text<Ch>& text, const Text<Ch>& pattern, std::size_t from) {
+template <class Ch> std::size_t FindMozi(View<Ch> text, std::type_identity_t<View<Ch>> pattern, std::size_t from) {
     if constexpr (IsWide<Ch>) return text.find(pattern, from);
     for (std::size_t i = from; i + pattern.size() <= text.size(); i += CharLength(text, i))
         if (text.compare(i, pattern.size(), pattern) == 0) return i;
     return npos;
 }
 
-template <class Ch> bool HoldsWord(const Text<Ch>& text, std::string_view word, WordRule rule) {
+template <class Ch> bool HoldsWord(View<Ch> text, std::string_view word, WordRule rule) {
     const Text<Ch> pattern = Lit<Ch>(word);
-    for (std::size_t at = FindMozi(text, pattern); at != npos; at = FindMozi(text, pattern, at + 1)) {
+    for (std::size_t at = FindMozi<Ch>(text, pattern); at != npos; at = FindMozi<Ch>(text, pattern, at + 1)) {
         const std::size_t behind = at + pattern.size();
         const bool goodBefore = !rule.blankBefore || (at > 0 && IsBlank(text[at - 1]));
         const bool goodBehind = !rule.blankOrEndBehind || behind == text.size() || IsBlank(text[behind]);

@@ -4,6 +4,7 @@
 #include "records/Records.h"
 
 #include <string_view>
+#include <type_traits>
 
 namespace tolvane {
 
@@ -19,8 +20,8 @@ template <class Ch> int LineKazu() {
 
 // Position of the pattern at or behind `from`, npos if it does not occur. Narrow text is walked character by
 // character, so that the second byte of a two-byte character is never taken for a letter.
-template <class Ch> std::size_t FindMozi(const Text<Ch>& text, const Text<Ch>& pattern, std::size_t from = 0);
-template <class Ch> bool ContainsMozi(const Text<Ch>& text, const Text<Ch>& pattern) {
+template <class Ch> std::size_t FindMozi(View<Ch> text, std::type_identity_t<View<Ch>> pattern, std::size_t from = 0);
+template <class Ch> bool ContainsMozi(View<Ch> text, std::type_identity_t<View<Ch>> pattern) {
     return FindMozi(text, pattern) != npos;
 }
 
@@ -30,6 +31,6 @@ struct WordRule {
     bool blankOrEndBehind = false;
 };
 // Whether the word occurs anywhere in the text under the rule. It may be a part of a longer word.
-template <class Ch> bool HoldsWord(const Text<Ch>& text, std::string_view word, WordRule rule);
+template <class Ch> bool HoldsWord(View<Ch> text, std::string_view word, WordRule rule);
 
 } // namespace tolvane

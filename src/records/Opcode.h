@@ -92,7 +92,7 @@ inline constexpr std::array<Opcode, 37> Table = {{
 // clang-format on
 
 // The letters of a word as one number; 0 for a text that cannot be a word of the table.
-template <class Text> constexpr std::uint64_t KeyOf(const Text& word) {
+template <class Word> constexpr std::uint64_t KeyOf(Word word) {
     std::uint64_t key = 0;
     if (word.size() > 5) return 0;
     for (const auto c : word) {
@@ -121,7 +121,7 @@ static_assert(AreUnique());
 } // namespace opcodes
 
 // The opcode of a word; null for a word that is none, and for EXIT unless `withExit`.
-template <class Ch> const Opcode* FindOpcode(const Text<Ch>& word, bool withExit) {
+template <class Ch> const Opcode* FindOpcode(View<Ch> word, bool withExit) {
     const std::uint64_t key = opcodes::KeyOf(word);
     if (key == 0) return nullptr;
     for (std::size_t i = 0; i < opcodes::Keys.size(); ++i)

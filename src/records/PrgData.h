@@ -13,13 +13,13 @@ template <class Ch> struct PrgData {
     std::int32_t AbAdrAtStart = 0;
     std::int32_t AbAdrAtLite = 0;
     std::int32_t AbAdrAtEnd = 0;
-    Text<Ch> strPrgName;
+    View<Ch> strPrgName;
     bool fCalled = false; // another program, or a START operand, names this program
     std::int32_t StartLine = 0;
     std::int32_t EndLine = 0;
 
     // First line of each label, START line included; filled when the labels have been checked.
-    std::unordered_map<Text<Ch>, std::int32_t> LabelLine;
+    std::unordered_map<View<Ch>, std::int32_t> LabelLine;
 };
 using PrgDataW = PrgData<char16_t>;
 using PrgDataA = PrgData<char>;

@@ -28,6 +28,8 @@ void TBasicData::Reset() {
     vecSrcW.clear();
     vecPrgA.clear();
     vecPrgW.clear();
+    apartA.Clear();
+    apartW.Clear();
     prgKazuInFile = 0;
     ReservedWords = 0;
 }
@@ -47,10 +49,8 @@ int TLabelSpace::CopyLabel() {
     constexpr std::size_t longest = 14;
     Rows.clear();
     Rows.reserve(static_cast<std::size_t>(cs->LabelKazuInFile));
-    int line = 0;
     for (const SrcDataA& src : b->vecSrcA) {
-        if (HasLabel(src)) Rows.push_back({src.strLabel.substr(0, longest), line, src.fLabelInUse, src.AbAdr});
-        ++line;
+        if (HasLabel(src)) Rows.push_back({TextA(src.strLabel.substr(0, longest)), src.AbAdr});
     }
     const auto kazu = static_cast<std::int32_t>(Rows.size());
     if (kazu != cs->LabelKazuInFile) Say(RecordsMsg.LabelKazuDiffer, {kazu, cs->LabelKazuInFile});

@@ -4,13 +4,27 @@
 #include "messages/TMsgBase.h"
 #include "records/PrgData.h"
 #include "records/SrcData.h"
+#include "text/TextStore.h"
 
-#include <string_view>
+#include <span>
 #include <vector>
 
 namespace tolvane {
 
 inline constexpr int MaxPrgKazu = 6;
+
+// What the line records of one kind of text point to.
+template <class Ch> struct TApart {
+    TextStore<Ch> texts;
+    std::vector<TLiteConst<Ch>> vecLite;
+    std::vector<TDcConst<Ch>> vecDcConst;
+
+    void Clear() {
+        texts.Clear();
+        vecLite.clear();
+        vecDcConst.clear();
+    }
+};
 
 class TBasicData : public TMsgBase {
 public:
@@ -18,14 +32,33 @@ public:
     std::vector<SrcDataW> vecSrcW;
     std::vector<PrgDataA> vecPrgA;
     std::vector<PrgDataW> vecPrgW;
+    TApart<char> apartA;
+    TApart<char16_t> apartW;
     std::int32_t ReservedWords = 0; // the first address behind the image
 
     // The records of the pipeline's kind of text; the index of a line record is its zero-based line number.
     template <class Ch> std::vector<SrcData<Ch>>& Src();
     template <class Ch> std::vector<PrgData<Ch>>& Prg();
 
+    template <class Ch> TApart<Ch>& Apart();
+
     // Appends the record of the next line of the file, without its line end.
-    template <class Ch> void AddLine(std::basic_string_view<Ch> text) { Src<Ch>().emplace_back().strSrc = text; }
+    template <class Ch> void AddLine(View<Ch> text) { Src<Ch>().emplace_back().strSrc = Keep(text); }
+    // A copy of the text that lives as long as the records.
+    template <class Ch> View<Ch> Keep(View<Ch> text) { return Apart<Ch>().texts.Keep(text); }
+    // `edited` trimmed and kept, or the text itself if that is the same.
+    template <class Ch> View<Ch> KeepEdited(View<Ch> text, const Text<Ch>& edited) {
+        const View<Ch> trimmed = TrimBlank(View<Ch>(edited));
+        return trimmed == text ? text : Keep(trimmed);
+    }
+    // The literal of a line, null if it has none; its constants.
+    template <class Ch> TLiteConst<Ch>* Literal(const SrcData<Ch>& src) {
+        return src.lite < 0 ? nullptr : &Apart<Ch>().vecLite[static_cast<std::size_t>(src.lite)];
+    }
+    template <class Ch> std::span<TDcConst<Ch>> Constants(const SrcData<Ch>& src) {
+        return std::span(Apart<Ch>().vecDcConst)
+            .subspan(static_cast<std::size_t>(src.dcFirst), static_cast<std::size_t>(src.dcKazu));
+    }
 
     std::int32_t GetPrgKazuInFile() const { return prgKazuInFile; }
     void SetPrgKazuInFile(int kazu); // a negative count is reported and not stored
@@ -50,6 +83,12 @@ template <> inline std::vector<PrgDataW>& TBasicData::Prg<char16_t>() {
 }
 template <> inline std::vector<PrgDataA>& TBasicData::Prg<char>() {
     return vecPrgA;
+}
+template <> inline TApart<char16_t>& TBasicData::Apart<char16_t>() {
+    return apartW;
+}
+template <> inline TApart<char>& TBasicData::Apart<char>() {
+    return apartA;
 }
 
 extern TBasicData* const b;

@@ -10,9 +10,7 @@
 namespace tolvane {
 
 struct TLabelRow {
-    TextA LabelName;        // at most 14 characters
-    std::int32_t LabelLine; // zero-based
-    bool fLabelUsed;
+    TextA LabelName; // at most 14 characters
     std::int32_t LabelAdr;
 };
 

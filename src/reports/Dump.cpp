@@ -40,11 +40,11 @@ struct Label {
     std::size_t length = 0;
 };
 
-std::string Bytes(const TextW& text) {
+std::string Bytes(ViewW text) {
     return Narrow932(text);
 }
-const std::string& Bytes(const TextA& text) {
-    return text;
+std::string Bytes(ViewA text) {
+    return std::string(text);
 }
 
 void Pad(std::string& out, std::size_t width, std::size_t length) {
@@ -129,13 +129,13 @@ private:
     int shownLine = -1; // the line of the last row that showed text
 
     void CollectLabels();
-    void AddLabel(int address, const Text<Ch>& name);
+    void AddLabel(int address, View<Ch> name);
     void AddressColumns(int address, const Label& label) const;
     void SourceText(int address);
 };
 
 // Every address gets the labels of its lines, in line order, joined by one blank.
-template <class Ch> void Dumper<Ch>::AddLabel(int address, const Text<Ch>& name) {
+template <class Ch> void Dumper<Ch>::AddLabel(int address, View<Ch> name) {
     if (name.empty() || address < 0 || address >= rows) return;
     Label& label = labels[static_cast<std::size_t>(address)];
     if (label.length > 0) {
@@ -240,7 +240,7 @@ template <class Ch> void Dumper<Ch>::SourceText(int address) {
     shownLine = nr;
     const std::string label = Bytes(line.strLabel);
     const std::string text = Bytes(line.strOp) + " " + Bytes(line.strOprndCom);
-    if (!line.vecLite.empty() && address > line.AbAdr) {
+    if (line.lite >= 0 && address > line.AbAdr) {
         out += "Literal:(" + (label.empty() ? "" : label + " ") + text + ")";
         return;
     }

@@ -4,44 +4,37 @@
 
 namespace tolvane {
 
-template <class Ch> Text<Ch> TrimLeftBlank(const Text<Ch>& text) {
+template <class Ch> View<Ch> TrimLeftBlank(View<Ch> text) {
     std::size_t begin = FindNonBlank(text);
-    return begin == npos ? Text<Ch>() : text.substr(begin);
+    return begin == npos ? View<Ch>() : text.substr(begin);
 }
 
-template <class Ch> Text<Ch> TrimRightBlank(const Text<Ch>& text) {
+template <class Ch> View<Ch> TrimRightBlank(View<Ch> text) {
     std::size_t end = text.size();
     while (end > 0 && IsBlank(text[end - 1]))
         --end;
     return text.substr(0, end);
 }
 
-template <class Ch> Text<Ch> TrimBlank(const Text<Ch>& text) {
+template <class Ch> View<Ch> TrimBlank(View<Ch> text) {
     return TrimLeftBlank(TrimRightBlank(text));
 }
 
-template <class Ch> Text<Ch> ZenSpace() {
-    if constexpr (IsWide<Ch>)
-        return Text<Ch>(1, u'\u3000');
-    else
-        return "\x81\x40";
-}
-
-template <class Ch> std::size_t CharLength(const Text<Ch>& text, std::size_t i) {
+template <class Ch> std::size_t CharLength(View<Ch> text, std::size_t i) {
     if constexpr (!IsWide<Ch>) {
         if (i + 1 < text.size() && IsLeadByte932(static_cast<unsigned char>(text[i]))) return 2;
     }
     return 1;
 }
 
-template <class Ch> std::size_t FindZenSpace(const Text<Ch>& text, std::size_t from) {
-    const Text<Ch> space = ZenSpace<Ch>();
+template <class Ch> std::size_t FindZenSpace(View<Ch> text, std::size_t from) {
+    const View<Ch> space = ZenSpace<Ch>();
     for (std::size_t i = from; i < text.size(); i += CharLength(text, i))
         if (text.compare(i, space.size(), space) == 0) return i;
     return npos;
 }
 
-template <class Ch> bool IsZenKakuAt(const Text<Ch>& text, std::size_t i) {
+template <class Ch> bool IsZenKakuAt(View<Ch> text, std::size_t i) {
     if (i >= text.size()) return false;
     if constexpr (IsWide<Ch>)
         return ByteLength932(text[i]) == 2;
@@ -53,10 +46,10 @@ namespace {
 
 // The trim of both blank kinds on any text in which `zen` stands for the full-width space. Whole characters are
 // counted from the left, so that the second byte of a character is never taken for a space of its own.
-template <class String, class Length> String TrimZen(const String& text, const String& zen, Length length) {
+template <class Ch, class Length> View<Ch> TrimZen(View<Ch> text, View<Ch> zen, Length length) {
     std::size_t begin = 0;
     while (begin < text.size()) {
-        if (text[begin] == ' ' || text[begin] == '\t')
+        if (text[begin] == Ch(' ') || text[begin] == Ch('\t'))
             ++begin;
         else if (text.compare(begin, zen.size(), zen) == 0)
             begin += zen.size();
@@ -65,9 +58,8 @@ template <class String, class Length> String TrimZen(const String& text, const S
     }
     std::size_t end = begin;
     for (std::size_t i = begin; i < text.size();) {
-        std::size_t n = length(text, i);
-        bool blank = text[i] == ' ' || text.compare(i, zen.size(), zen) == 0;
-        i += n;
+        const bool blank = text[i] == Ch(' ') || text.compare(i, zen.size(), zen) == 0;
+        i += length(text, i);
         if (!blank) end = i;
     }
     return text.substr(begin, end - begin);
@@ -75,25 +67,24 @@ template <class String, class Length> String TrimZen(const String& text, const S
 
 } // namespace
 
-template <class Ch> Text<Ch> TrimZenBlank(const Text<Ch>& text) {
-    return TrimZen(text, ZenSpace<Ch>(), [](const Text<Ch>& t, std::size_t i) { return CharLength(t, i); });
+template <class Ch> View<Ch> TrimZenBlank(View<Ch> text) {
+    return TrimZen<Ch>(text, ZenSpace<Ch>(), [](View<Ch> t, std::size_t i) { return CharLength(t, i); });
 }
 
 std::string TrimZenBlankUtf8(const std::string& text) {
-    auto length = [](const std::string& t, std::size_t i) {
+    const auto length = [](std::string_view t, std::size_t i) {
         std::size_t n = 1;
         while (i + n < t.size() && (static_cast<unsigned char>(t[i + n]) & 0xC0) == 0x80)
             ++n;
         return n;
     };
-    return TrimZen(text, std::string("\u3000"), length);
+    return std::string(TrimZen<char>(text, "\u3000", length));
 }
 
 TOLVANE_BOTH_KINDS(TrimLeftBlank)
 TOLVANE_BOTH_KINDS(TrimRightBlank)
 TOLVANE_BOTH_KINDS(TrimBlank)
 TOLVANE_BOTH_KINDS(TrimZenBlank)
-TOLVANE_BOTH_KINDS(ZenSpace)
 TOLVANE_BOTH_KINDS(CharLength)
 TOLVANE_BOTH_KINDS(FindZenSpace)
 TOLVANE_BOTH_KINDS(IsZenKakuAt)

@@ -15,6 +15,10 @@ namespace tolvane {
 template <class Ch> using Text = std::basic_string<Ch>;
 using TextW = Text<char16_t>;
 using TextA = Text<char>;
+// Text that somebody else holds.
+template <class Ch> using View = std::basic_string_view<Ch>;
+using ViewW = View<char16_t>;
+using ViewA = View<char>;
 
 inline constexpr std::size_t npos = std::string::npos;
 
@@ -26,7 +30,7 @@ template <class Ch> inline constexpr bool IsWide = sizeof(Ch) == 2;
     template decltype(routine<char>) routine<char>;
 
 // The character at i, or the terminator 0 when i lies behind the end.
-template <class Ch> constexpr Ch At(const Text<Ch>& text, std::size_t i) {
+template <class Ch> constexpr Ch At(View<Ch> text, std::size_t i) {
     return i < text.size() ? text[i] : Ch(0);
 }
 
@@ -59,56 +63,65 @@ template <class Ch> Text<Ch> Lit(std::string_view ascii) {
     return Text<Ch>(ascii.begin(), ascii.end());
 }
 
-template <class Ch> bool MatchesAt(const Text<Ch>& text, std::size_t pos, std::string_view ascii) {
+template <class Ch> bool MatchesAt(View<Ch> text, std::size_t pos, std::string_view ascii) {
     if (text.size() < pos + ascii.size()) return false;
     for (std::size_t i = 0; i < ascii.size(); ++i)
         if (text[pos + i] != Ch(ascii[i])) return false;
     return true;
 }
 // The text equals the ASCII literal, whole and exactly.
-template <class Ch> bool Is(const Text<Ch>& text, std::string_view ascii) {
+template <class Ch> bool Is(View<Ch> text, std::string_view ascii) {
     return text.size() == ascii.size() && MatchesAt(text, 0, ascii);
 }
-template <class Ch> bool BeginsWith(const Text<Ch>& text, std::string_view ascii) {
+template <class Ch> bool BeginsWith(View<Ch> text, std::string_view ascii) {
     return MatchesAt(text, 0, ascii);
 }
 // Position of the ASCII literal at or behind `from`, npos if it does not occur.
-template <class Ch> std::size_t Find(const Text<Ch>& text, std::string_view ascii, std::size_t from = 0) {
-    return text.find(Lit<Ch>(ascii), from);
+template <class Ch> std::size_t Find(View<Ch> text, std::string_view ascii, std::size_t from = 0) {
+    const Ch first = static_cast<Ch>(ascii.front());
+    std::size_t at = text.find(first, from);
+    while (at != npos && !MatchesAt(text, at, ascii))
+        at = text.find(first, at + 1);
+    return at;
 }
-template <class Ch> bool Contains(const Text<Ch>& text, std::string_view ascii) {
+template <class Ch> bool Contains(View<Ch> text, std::string_view ascii) {
     return Find(text, ascii) != npos;
 }
 
 // Position of the first blank (space or tab) at or behind `from`; of the first character that is none; npos if none.
-template <class Ch> std::size_t FindBlank(const Text<Ch>& text, std::size_t from = 0) {
+template <class Ch> std::size_t FindBlank(View<Ch> text, std::size_t from = 0) {
     while (from < text.size() && !IsBlank(text[from]))
         ++from;
     return from < text.size() ? from : npos;
 }
-template <class Ch> std::size_t FindNonBlank(const Text<Ch>& text, std::size_t from = 0) {
+template <class Ch> std::size_t FindNonBlank(View<Ch> text, std::size_t from = 0) {
     while (from < text.size() && IsBlank(text[from]))
         ++from;
     return from < text.size() ? from : npos;
 }
 
-// Removes spaces and tabs at the left end, the right end, both ends.
-template <class Ch> Text<Ch> TrimLeftBlank(const Text<Ch>& text);
-template <class Ch> Text<Ch> TrimRightBlank(const Text<Ch>& text);
-template <class Ch> Text<Ch> TrimBlank(const Text<Ch>& text);
+// The text without spaces and tabs at the left end, the right end, both ends.
+template <class Ch> View<Ch> TrimLeftBlank(View<Ch> text);
+template <class Ch> View<Ch> TrimRightBlank(View<Ch> text);
+template <class Ch> View<Ch> TrimBlank(View<Ch> text);
 
-// Removes spaces, full-width spaces and tabs from the left end, spaces and full-width spaces from the right end.
-template <class Ch> Text<Ch> TrimZenBlank(const Text<Ch>& text);
+// The text without spaces, full-width spaces and tabs at the left end, spaces and full-width spaces at the right end.
+template <class Ch> View<Ch> TrimZenBlank(View<Ch> text);
 // The same for UTF-8 text of the console.
 std::string TrimZenBlankUtf8(const std::string& text);
 
 // The full-width space: U+3000, or the bytes 81 40.
-template <class Ch> Text<Ch> ZenSpace();
+template <class Ch> constexpr View<Ch> ZenSpace() {
+    if constexpr (IsWide<Ch>)
+        return u"\u3000";
+    else
+        return "\x81\x40";
+}
 // Length in units of the character that begins at i: 2 for a two-byte character of narrow text, else 1.
-template <class Ch> std::size_t CharLength(const Text<Ch>& text, std::size_t i);
+template <class Ch> std::size_t CharLength(View<Ch> text, std::size_t i);
 // Position of the first full-width space, npos if there is none. Narrow text is walked character by character.
-template <class Ch> std::size_t FindZenSpace(const Text<Ch>& text, std::size_t from = 0);
+template <class Ch> std::size_t FindZenSpace(View<Ch> text, std::size_t from = 0);
 // Whether a character that takes two bytes in code page 932 begins at i. False behind the end.
-template <class Ch> bool IsZenKakuAt(const Text<Ch>& text, std::size_t i);
+template <class Ch> bool IsZenKakuAt(View<Ch> text, std::size_t i);
 
 } // namespace tolvane
