@@ -26,7 +26,7 @@ std::string AsShiftJis(std::string_view bytes) {
 
 std::vector<TextA> LinesOf(std::string_view bytes) {
     std::vector<TextA> lines;
-    ForEachLine(bytes, [&lines](TextA line, std::size_t) { lines.push_back(std::move(line)); });
+    ForEachLine(bytes, [&lines](ViewA line, std::size_t) { lines.emplace_back(line); });
     return lines;
 }
 

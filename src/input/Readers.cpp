@@ -38,9 +38,8 @@ std::string WithSuffix(const std::string& name, const std::string& suffix) {
 }
 
 // The first line of a file with a byte-order mark of UTF-8 loses it; every other line stays as it is.
-TextA WithoutMark(TextA line, std::size_t number) {
-    if (number == 0 && !moziCode->BomStr.empty()) line.erase(0, 3);
-    return line;
+ViewA WithoutMark(ViewA line, std::size_t number) {
+    return number == 0 && !moziCode->BomStr.empty() ? line.substr(std::min<std::size_t>(3, line.size())) : line;
 }
 
 bool IsUtf16() {
@@ -128,10 +127,14 @@ int OpenFileUTF8toVecW20(const std::string& path) {
         return Utf8ReaderFailed;
     }
     b->vecSrcW.clear();
+    b->vecSrcW.reserve(MostLines(*bytes));
     const bool isUtf8 = moziCode->CodePage == 65001;
-    ForEachLine(*bytes, [&](TextA line, std::size_t number) {
-        line = WithoutMark(std::move(line), number);
-        b->AddLine<char16_t>(isUtf8 ? Utf8ToWide(line) : utf_16_to_shift_jis(line));
+    ForEachLine(*bytes, [&](ViewA line, std::size_t number) {
+        line = WithoutMark(line, number);
+        if (IsAscii(line))
+            b->AddAsciiLine<char16_t>(line);
+        else
+            b->AddLine<char16_t>(isUtf8 ? Utf8ToWide(line) : utf_16_to_shift_jis(line));
     });
     return 0;
 }
@@ -159,10 +162,14 @@ int OpenFileNarrow(const std::string& path) {
         ForEachUtf16Line(*bytes, [](const TextW& line) { b->AddLine<char>(Narrow932(line)); });
         return 0;
     }
+    b->vecSrcA.reserve(MostLines(*bytes));
     const bool isSjis = moziCode->CodePage == 932;
-    ForEachLine(*bytes, [&](TextA line, std::size_t number) {
-        line = WithoutMark(std::move(line), number);
-        b->AddLine<char>(isSjis ? line : Utf8ToNarrow(line));
+    ForEachLine(*bytes, [&](ViewA line, std::size_t number) {
+        line = WithoutMark(line, number);
+        if (isSjis || IsAscii(line))
+            b->AddLine(line);
+        else
+            b->AddLine<char>(Utf8ToNarrow(line));
     });
     return 0;
 }
@@ -171,9 +178,11 @@ int OpenFileWidened(const std::string& path) {
     const int result = OpenFileNarrow(path);
     if (result < 0) return result;
     b->vecSrcW.clear();
+    b->vecSrcW.reserve(b->vecSrcA.size());
     for (const SrcDataA& line : b->vecSrcA)
         b->AddLine<char16_t>(NarrowToWide(line.strSrc));
     b->vecSrcA.clear();
+    b->apartA.Clear();
     return 0;
 }
 

@@ -3,6 +3,7 @@
 
 #include "text/Text.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace tolvane {
@@ -17,9 +18,14 @@ template <class Take> void ForEachLine(std::string_view bytes, Take take) {
         std::size_t end = ended ? lineFeed : bytes.size();
         const std::size_t next = end + 1;
         if (ended && end > begin && bytes[end - 1] == '\r') --end;
-        take(TextA(bytes.substr(begin, end - begin)), number++);
+        take(bytes.substr(begin, end - begin), number++);
         begin = next;
     }
+}
+
+// How many lines there are at the most: for making room.
+inline std::size_t MostLines(std::string_view bytes) {
+    return static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1;
 }
 
 } // namespace tolvane

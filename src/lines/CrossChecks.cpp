@@ -7,16 +7,19 @@ namespace tolvane {
 
 // One walk finds what comparing all pairs would: the first line whose label comes again, and where it first does.
 template <class Ch> int CkLabelDouble(int prg, int first, int last) {
-    auto& index = PrgAt<Ch>(prg).LabelLine;
-    index.clear();
+    LabelIndex<Ch>& index = PrgAt<Ch>(prg).LabelLine;
+    std::size_t labels = 0;
+    for (int line = first; line <= last; ++line)
+        labels += LineAt<Ch>(line).strLabel.empty() ? 0 : 1;
+    index.Prepare(labels);
     int firstLine = -1;
     int againLine = -1;
     for (int line = first; line <= last; ++line) {
         const View<Ch> label = LineAt<Ch>(line).strLabel;
         if (label.empty()) continue;
-        const auto [entry, isNew] = index.try_emplace(label, line);
-        if (isNew || (firstLine >= 0 && entry->second >= firstLine)) continue;
-        firstLine = entry->second;
+        const int entered = index.Enter(label, line);
+        if (entered == line || (firstLine >= 0 && entered >= firstLine)) continue;
+        firstLine = entered;
         againLine = line;
     }
     if (firstLine < 0) return 0;

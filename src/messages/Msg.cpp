@@ -3,6 +3,8 @@
 #include "text/Convert.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cstdio>
 
 namespace tolvane {
@@ -18,47 +20,78 @@ constexpr const char* Prefixes[4][2] = {
 constexpr const char* LineWord[2] = {" 行目： ", "line "};
 constexpr const char* ConstantWord[2] = {" 番目の定数： ", " Constant Nr="};
 
-std::string AtLine(int line, int lang) {
-    const std::string nr = std::to_string(line + 1);
-    return lang == 0 ? nr + LineWord[0] : LineWord[1] + nr + ": ";
+// The parts of a text, each appended to `out`.
+void AppendNumber(std::string& out, long long n) {
+    std::array<char, 24> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), n).ptr;
+    out.append(digits.data(), end);
 }
 
-std::string AtConst(int line, int constant, int lang) {
-    const std::string nr = std::to_string(constant + 1);
-    return AtLine(line, lang) + (lang == 0 ? nr + ConstantWord[0] : ConstantWord[1] + nr + ": ");
+void AppendHex(std::string& out, long long value, std::size_t least) {
+    std::array<char, 16> digits;
+    const int length = std::snprintf(digits.data(), digits.size(), "%X", static_cast<unsigned>(value));
+    const auto size = static_cast<std::size_t>(length);
+    if (size < least) out.append(least - size, '0');
+    out.append(digits.data(), size);
 }
 
-std::string Hex(long long value, std::size_t least) {
-    char digits[16];
-    std::snprintf(digits, sizeof digits, "%X", static_cast<unsigned>(value));
-    std::string hex = digits;
-    return hex.size() < least ? std::string(least - hex.size(), '0') + hex : hex;
+void AppendAtLine(std::string& out, Place place, int lang) {
+    if (lang != 0) out += LineWord[1];
+    AppendNumber(out, place.line + 1);
+    out += lang == 0 ? LineWord[0] : ": ";
 }
 
-std::string Plain(const Arg& arg, const Filling& filling) {
-    if (arg.row != nullptr) return Compose(arg.row->For(filling.lang, filling.wording), filling);
-    return arg.isNumber ? std::to_string(arg.number) : arg.text;
+void AppendAtConst(std::string& out, Place place, int lang) {
+    AppendAtLine(out, place, lang);
+    if (lang != 0) out += ConstantWord[1];
+    AppendNumber(out, place.constant + 1);
+    out += lang == 0 ? ConstantWord[0] : ": ";
 }
 
-std::string FormatArg(const Arg& arg, std::string_view form, const Filling& filling) {
-    if (form == "o") return OrdinalStr(arg.number);
-    if (form == "x") return Hex(arg.number, 1);
-    if (form == "x4") return Hex(arg.number, 4);
-    const std::string plain = Plain(arg, filling);
-    return form == "q" ? QuoteStr(plain) : plain;
+// The head of a diagnostic on a source line, and on a constant of one.
+void LineHead(std::string& out, const Filling& f) {
+    out += SeverityPrefix(f.severity, f.lang);
+    AppendAtLine(out, f.place, f.lang);
+}
+void ConstHead(std::string& out, const Filling& f) {
+    out += SeverityPrefix(f.severity, f.lang);
+    AppendAtConst(out, f.place, f.lang);
 }
 
-std::string FillTag(std::string_view tag, const Filling& f) {
-    if (tag == "prefix") return SeverityPrefix(f.severity, f.lang);
-    if (tag == "atline") return AtLine(f.place.line, f.lang);
-    if (tag == "line") return LineHead(f.severity, f.place.line, f.lang);
-    if (tag == "atconst") return AtConst(f.place.line, f.place.constant, f.lang);
-    if (tag == "const") return ConstHead(f.severity, f.place.line, f.place.constant, f.lang);
-    if (tag == "nr") return std::to_string(f.place.line + 1);
-    if (tag == "k") return std::to_string(f.place.constant + 1);
-    const std::size_t index = tag.empty() ? npos : static_cast<std::size_t>(tag[0] - '0');
-    if (index >= f.args.size()) return {};
-    return FormatArg(f.args[index], tag.substr(1), f);
+// "1st", "2nd", "3rd", otherwise the number and "th", also for 21, 22 and 23.
+void OrdinalStr(std::string& out, long long n) {
+    AppendNumber(out, n);
+    out += n == 1 ? "st" : n == 2 ? "nd" : n == 3 ? "rd" : "th";
+}
+
+void AppendArg(std::string& out, const Arg& arg, std::string_view form, const Filling& f) {
+    if (form == "o") return OrdinalStr(out, arg.number);
+    if (form == "x") return AppendHex(out, arg.number, 1);
+    if (form == "x4") return AppendHex(out, arg.number, 4);
+    if (form == "q") out += " \""; // QuoteStr: a blank, the text in double quotation marks, a blank
+    if (arg.row != nullptr)
+        Compose(out, arg.row->For(f.lang, f.wording), f);
+    else if (arg.isNumber)
+        AppendNumber(out, arg.number);
+    else
+        out += arg.text;
+    if (form == "q") out += "\" ";
+}
+
+void AppendTag(std::string& out, std::string_view tag, const Filling& f) {
+    if (tag.empty()) return;
+    if (IsDigit(tag[0])) {
+        const auto index = static_cast<std::size_t>(tag[0] - '0');
+        if (index < f.args.size()) AppendArg(out, f.args[index], tag.substr(1), f);
+        return;
+    }
+    if (tag == "line") LineHead(out, f);
+    if (tag == "const") ConstHead(out, f);
+    if (tag == "prefix") out += SeverityPrefix(f.severity, f.lang);
+    if (tag == "atline") AppendAtLine(out, f.place, f.lang);
+    if (tag == "atconst") AppendAtConst(out, f.place, f.lang);
+    if (tag == "nr") AppendNumber(out, f.place.line + 1);
+    if (tag == "k") AppendNumber(out, f.place.constant + 1);
 }
 
 } // namespace
@@ -74,41 +107,20 @@ const char* Msg::For(int lang, Wording wording) const {
 Arg::Arg(ViewW wide) : text(Utf8(wide)) {}
 Arg::Arg(ViewA shiftJis) : text(Utf8From932(shiftJis)) {}
 
-std::string OrdinalStr(long long n) {
-    if (n == 1) return "1st";
-    if (n == 2) return "2nd";
-    if (n == 3) return "3rd";
-    return std::to_string(n) + "th";
-}
-
-std::string QuoteStr(const std::string& utf8) {
-    return " \"" + utf8 + "\" ";
-}
-
 const char* SeverityPrefix(Severity severity, int lang) {
     return Prefixes[static_cast<int>(severity)][lang == 0 ? 0 : 1];
 }
 
-std::string LineHead(Severity severity, int line, int lang) {
-    return SeverityPrefix(severity, lang) + AtLine(line, lang);
-}
-
-std::string ConstHead(Severity severity, int line, int constant, int lang) {
-    return SeverityPrefix(severity, lang) + AtConst(line, constant, lang);
-}
-
-std::string Compose(std::string_view text, const Filling& filling) {
-    std::string out;
+void Compose(std::string& out, std::string_view text, const Filling& filling) {
     while (!text.empty()) {
         const std::size_t brace = std::min(text.find('{'), text.size());
         out += text.substr(0, brace);
         text.remove_prefix(brace);
-        if (text.empty()) break;
+        if (text.empty()) return;
         const std::size_t end = text.find('}');
-        out += FillTag(text.substr(1, end - 1), filling);
+        AppendTag(out, text.substr(1, end - 1), filling);
         text.remove_prefix(end + 1);
     }
-    return out;
 }
 
 } // namespace tolvane

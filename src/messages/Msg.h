@@ -105,15 +105,8 @@ struct Place {
 };
 inline const Place NoLine{};
 
-// "1st", "2nd", "3rd", otherwise the number and "th", also for 21, 22 and 23.
-std::string OrdinalStr(long long n);
-// A blank, the text in double quotation marks, a blank.
-std::string QuoteStr(const std::string& utf8);
 // The severity's prefix in a language: "Error : ", "エラー： ".
 const char* SeverityPrefix(Severity severity, int lang);
-// The head of a diagnostic on a source line, and on a constant of one.
-std::string LineHead(Severity severity, int line, int lang);
-std::string ConstHead(Severity severity, int line, int constant, int lang);
 
 // What the tags of a text are filled in from.
 struct Filling {
@@ -123,7 +116,7 @@ struct Filling {
     Place place;
     std::span<const Arg> args;
 };
-// The text with its tags filled in, as UTF-8. An argument that is not given leaves its tag empty.
-std::string Compose(std::string_view text, const Filling& filling);
+// Appends the text with its tags filled in, as UTF-8. An argument that is not given leaves its tag empty.
+void Compose(std::string& out, std::string_view text, const Filling& filling);
 
 } // namespace tolvane

@@ -7,23 +7,29 @@ namespace tolvane {
 
 namespace {
 
+std::string_view WordsOf(const Msg& msg) {
+    return msg.For(modeFlags->Lang, modeFlags->Pipe->wording);
+}
+
 void Report(Severity severity, Place place, const Msg& msg, Args args, bool counted) {
-    const bool atOnce = !msg.ofOperands || modeFlags->Pipe->printsOperandsAtOnce;
-    if (atOnce) {
-        const char* text = msg.For(modeFlags->Lang, modeFlags->Pipe->wording);
-        console::Write(ComposeText(text, severity, place, args) + "\n");
+    if (!msg.ofOperands || modeFlags->Pipe->printsOperandsAtOnce) {
+        std::string text;
+        ComposeText(text, WordsOf(msg), severity, place, args);
+        console::Write(text += '\n');
     }
     store->Records.push_back({&msg, severity, place, args, true, counted});
 }
 
 } // namespace
 
-std::string ComposeText(std::string_view text, Severity severity, Place place, std::span<const Arg> args) {
-    return Compose(text, {modeFlags->Lang, modeFlags->Pipe->wording, severity, place, args});
+void ComposeText(std::string& out, std::string_view text, Severity severity, Place place, std::span<const Arg> args) {
+    Compose(out, text, {modeFlags->Lang, modeFlags->Pipe->wording, severity, place, args});
 }
 
 std::string TextOf(const Msg& msg, Args args) {
-    return ComposeText(msg.For(modeFlags->Lang, modeFlags->Pipe->wording), Severity::Error, NoLine, args);
+    std::string text;
+    ComposeText(text, WordsOf(msg), Severity::Error, NoLine, args);
+    return text;
 }
 
 void Say(const Msg& msg, Args args) {
@@ -31,7 +37,9 @@ void Say(const Msg& msg, Args args) {
 }
 
 void Tell(Severity severity, Place place, const Msg& msg, Args args) {
-    console::Write(ComposeText(msg.For(modeFlags->Lang, modeFlags->Pipe->wording), severity, place, args));
+    std::string text;
+    ComposeText(text, WordsOf(msg), severity, place, args);
+    console::Write(text);
     store->Records.push_back({&msg, severity, place, args, false, false});
 }
 

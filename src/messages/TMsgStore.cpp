@@ -14,7 +14,8 @@ std::vector<std::string> MsgRec::Lines() const {
     std::string_view text = row->For(modeFlags->Lang, modeFlags->Pipe->wording);
     while (!text.empty() && lines.size() < most) {
         const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string line = ComposeText(text.substr(0, end), severity, place, args);
+        std::string line;
+        ComposeText(line, text.substr(0, end), severity, place, args);
         text.remove_prefix(std::min(end + 1, text.size()));
         if (!line.empty())
             lines.push_back(std::move(line));
@@ -27,8 +28,10 @@ std::vector<std::string> MsgRec::Lines() const {
 void TMsgStore::DspMsgStore() const {
     for (const MsgRec& record : Records) {
         if (!record.queued) continue;
-        for (const std::string& line : record.Lines())
-            console::Write(Utf8(WideUtf8Lossy(line)) + "\n");
+        for (const std::string& line : record.Lines()) {
+            console::Write(IsAscii(line) ? line : Utf8(WideUtf8Lossy(line)));
+            console::Write("\n");
+        }
         console::Write("\n");
     }
 }

@@ -94,13 +94,16 @@ template <class Ch> int CkLiteral15(int prg) {
     return cs->AnyErrorSoFar() ? -1 : 0;
 }
 
-template <class Ch> Text<Ch> TrimOprndComComma(View<Ch> text) {
+template <class Ch> View<Ch> TrimOprndComComma(View<Ch> text) {
     const std::size_t end = std::min(text.find(Ch('=')), text.size());
+    const auto isTouched = [](Ch c) { return c == Ch(';') || IsBlank(c); };
+    const View<Ch> left = text.substr(0, end);
+    if (std::none_of(left.begin(), left.end(), isTouched)) return text;
     Text<Ch> out;
     std::size_t i = 0;
     while (i < end) {
         const Ch c = text[i];
-        if (c == Ch(';')) return out;
+        if (c == Ch(';')) return b->Keep<Ch>(out);
         // Of a run of blanks in front of a comma only the last one goes.
         if (IsBlank(c) && i + 1 < end && text[i + 1] == Ch(',')) {
             ++i;
@@ -110,7 +113,7 @@ template <class Ch> Text<Ch> TrimOprndComComma(View<Ch> text) {
         ++i;
         if (c == Ch(',')) i = std::min(FindNonBlank(text, i), end);
     }
-    return out += text.substr(end);
+    return b->Keep<Ch>(out += text.substr(end));
 }
 
 template <class Ch> int CkStrConstLiteral(int prg) {
@@ -123,8 +126,7 @@ template <class Ch> int CkStrConstLiteral(int prg) {
             DetStrConstGL10(++pos, work);
             if (IsStrConstClosedGL10(line, pos, work) < 0) cs->Error(line, LiteralMsg.CharsExample, {work});
         }
-        const Text<Ch> trimmed = TrimOprndComComma(work);
-        src.strOprndCom = trimmed == work ? work : b->Keep<Ch>(trimmed);
+        src.strOprndCom = TrimOprndComComma(work);
     }
     return 0;
 }

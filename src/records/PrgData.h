@@ -1,10 +1,9 @@
 #pragma once
 // The record of one program, from its START line to its END line.
 
-#include "text/Text.h"
+#include "records/LabelIndex.h"
 
 #include <cstdint>
-#include <unordered_map>
 
 namespace tolvane {
 
@@ -19,7 +18,7 @@ template <class Ch> struct PrgData {
     std::int32_t EndLine = 0;
 
     // First line of each label, START line included; filled when the labels have been checked.
-    std::unordered_map<View<Ch>, std::int32_t> LabelLine;
+    LabelIndex<Ch> LabelLine;
 };
 using PrgDataW = PrgData<char16_t>;
 using PrgDataA = PrgData<char>;

@@ -21,9 +21,7 @@ inline void SumMsgKazu(TMsgBase& game) {
 
 // The line of the program that holds the label, from its START line up to the line before END; -1 if there is none.
 template <class Ch> int FindLabelLine(int prg, View<Ch> label) {
-    const auto& index = b->Prg<Ch>()[static_cast<std::size_t>(prg)].LabelLine;
-    auto found = index.find(label);
-    return found == index.end() ? -1 : found->second;
+    return b->Prg<Ch>()[static_cast<std::size_t>(prg)].LabelLine.Find(label);
 }
 
 } // namespace tolvane

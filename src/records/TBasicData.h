@@ -44,6 +44,12 @@ public:
 
     // Appends the record of the next line of the file, without its line end.
     template <class Ch> void AddLine(View<Ch> text) { Src<Ch>().emplace_back().strSrc = Keep(text); }
+    // The same for bytes that are all ASCII, and so the same in either kind of text.
+    template <class Ch> void AddAsciiLine(std::string_view bytes) {
+        TextStore<Ch>& texts = Apart<Ch>().texts;
+        std::copy(bytes.begin(), bytes.end(), texts.Room(bytes.size()));
+        Src<Ch>().emplace_back().strSrc = texts.Take(bytes.size());
+    }
     // A copy of the text that lives as long as the records.
     template <class Ch> View<Ch> Keep(View<Ch> text) { return Apart<Ch>().texts.Keep(text); }
     // `edited` trimmed and kept, or the text itself if that is the same.

@@ -1,5 +1,7 @@
 #include "text/Convert.h"
 
+#include "text/Text.h"
+
 #include <array>
 #include <cstdint>
 
@@ -158,9 +160,20 @@ void AppendCode(std::string& out, unsigned code) {
     out += ToChar(code & 0xFF);
 }
 
+// Appends the characters of ASCII that stand at i, and gives the place behind them.
+template <class To, class From>
+std::size_t AppendAscii(std::basic_string<To>& out, std::basic_string_view<From> text, std::size_t i) {
+    const std::size_t length = AsciiLength(text.substr(i));
+    const std::size_t had = out.size();
+    out.resize(had + length);
+    for (std::size_t k = 0; k < length; ++k)
+        out[had + k] = static_cast<To>(text[i + k]);
+    return i + length;
+}
+
 // Converts while the text is valid; what is not is given to `repair`, which says whether to go on.
 template <class Repair> bool AppendWide(std::u16string& out, std::string_view utf8, Repair repair) {
-    for (std::size_t i = 0; i < utf8.size();) {
+    for (std::size_t i = AppendAscii(out, utf8, 0); i < utf8.size(); i = AppendAscii(out, utf8, i)) {
         const std::size_t length = Utf8Length(utf8, i);
         if (length == 0) {
             if (!repair(out)) return false;
@@ -222,7 +235,7 @@ int ByteLength932(char16_t unit) {
 std::u16string Wide932(std::string_view bytes) {
     std::u16string wide;
     wide.reserve(bytes.size());
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
+    for (std::size_t i = AppendAscii(wide, bytes, 0); i < bytes.size(); i = AppendAscii(wide, bytes, i + 1)) {
         if (!IsLeadByte932(static_cast<unsigned char>(bytes[i]))) {
             wide += WideOfByte(Byte(bytes[i]));
             continue;
@@ -249,7 +262,7 @@ bool IsValid932(std::string_view bytes) {
 std::string Narrow932(std::u16string_view wide) {
     std::string bytes;
     bytes.reserve(wide.size());
-    for (std::size_t i = 0; i < wide.size(); ++i) {
+    for (std::size_t i = AppendAscii(bytes, wide, 0); i < wide.size(); i = AppendAscii(bytes, wide, i + 1)) {
         if (ByteLength932(wide[i]) != 0) {
             AppendCode(bytes, Table().CodeOfUnit(wide[i]));
             continue;
@@ -304,7 +317,7 @@ std::u16string WideUtf8Lossy(std::string_view utf8) {
 std::string Utf8(std::u16string_view wide) {
     std::string utf8;
     utf8.reserve(wide.size());
-    for (std::size_t i = 0; i < wide.size(); ++i) {
+    for (std::size_t i = AppendAscii(utf8, wide, 0); i < wide.size(); i = AppendAscii(utf8, wide, i + 1)) {
         char32_t c = wide[i];
         if (IsPairAt(wide, i)) {
             c = 0x10000 + ((c - 0xD800) << 10) + (wide[i + 1] - 0xDC00U);

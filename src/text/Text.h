@@ -58,6 +58,18 @@ template <class Ch> constexpr bool IsLabelChar(Ch c) {
     return IsUpper(c) || IsDigit(c);
 }
 
+// How many characters from 1 to 7E stand at the front of a text: those that are the same in every code; whether it has
+// no others.
+template <class Ch> std::size_t AsciiLength(View<Ch> text) {
+    std::size_t end = 0;
+    while (end < text.size() && Ch(0) < text[end] && text[end] < Ch(0x7F))
+        ++end;
+    return end;
+}
+inline bool IsAscii(std::string_view text) {
+    return AsciiLength(text) == text.size();
+}
+
 // An ASCII literal as text of either kind.
 template <class Ch> Text<Ch> Lit(std::string_view ascii) {
     return Text<Ch>(ascii.begin(), ascii.end());

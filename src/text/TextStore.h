@@ -21,7 +21,7 @@ public:
     }
     // A place for at most `most` units, which Take turns into a text: for what is converted straight into the store.
     Ch* Room(std::size_t most) {
-        if (most > free - used) AddBlock(most);
+        if (blocks.empty() || most > free - used) AddBlock(most);
         return blocks.back().get() + used;
     }
     View<Ch> Take(std::size_t length) {
