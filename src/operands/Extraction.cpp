@@ -3,6 +3,7 @@
 #include "lines/RegisterNames.h"
 #include "operands/Dc.h"
 #include "operands/ExtractionMsgs.h"
+#include "operands/HandlerMsgs.h"
 #include "operands/Registers.h"
 #include "records/Lines.h"
 
@@ -92,7 +93,10 @@ template <class Ch> int SearchApostForNonCharConstOP(int prg) {
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         if (src.strOp.empty() || HasShape(src.op, Shape::Dc)) continue;
-        if (src.op == nullptr) return -1;
+        if (src.op == nullptr) { // a word on a START line
+            cs->Error(line, HandlerMsg.NoHandler, {src.strOp});
+            return -1;
+        }
 
         const std::size_t semicolon = Find(src.strOprndCom, ";");
         if (semicolon == npos) continue;

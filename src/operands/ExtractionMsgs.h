@@ -18,7 +18,7 @@ struct ExtractionCatalogue {
                                   "The both ends of a literal string should be enclosed by an apostrophe. "
                                   "For example, ='ABC' ",
                                   "{line}リテラル文字定数が正しく閉じていない。 "
-                                  "文字定数は文字列の両側をアポストロフィで囲む。 ");
+                                  "文字定数は文字列の両側をアポストロフィで囲む。");
     Msg LiteralBadClose =
         Row("{line}{0q}: A literal charcter constant is not correctly closed. ",
             "{line}{0q}: リテラル文字定数が正しく閉じていない。 ",

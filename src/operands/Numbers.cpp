@@ -13,8 +13,12 @@ constexpr std::int64_t CellMin = std::numeric_limits<std::int32_t>::min();
 constexpr std::int64_t CellMax = std::numeric_limits<std::int32_t>::max();
 constexpr std::size_t HexDigits = 4;
 
+// The value of a digit of base 16, -1 for another character. Small letters are read, too: that they are no digits of
+// the language has been told by then.
 template <class Ch> int HexDigitValue(Ch c) {
-    return IsDigit(c) ? c - Ch('0') : c - Ch('A') + 10;
+    if (IsDigit(c)) return c - Ch('0');
+    if (Ch('A') <= c && c <= Ch('F')) return c - Ch('A') + 10;
+    return Ch('a') <= c && c <= Ch('f') ? c - Ch('a') + 10 : -1;
 }
 
 } // namespace
@@ -78,7 +82,7 @@ template <class Ch> int HexStrToIntG(View<Ch> text, int line, int k) {
     if (text.size() < 2) return 0;
     std::int64_t value = 0;
     std::size_t i = 1;
-    for (; IsHexDigit(At(text, i)); ++i)
+    for (; HexDigitValue(At(text, i)) >= 0; ++i)
         value = std::min(value * 16 + HexDigitValue(text[i]), CellMax);
     if (i < text.size()) cs->Error({line, k}, NumberMsg.HexNotRead);
     return static_cast<int>(value);
