@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::size_t LinesBefore = 3;
 constexpr std::size_t LinesShown = 8;
+constexpr const char* MarkEnd = "\x1F"; // behind a mark, until it is known what follows
 
 // "(0.1, 12.3, 0.2) msec =" at the front of a time line.
 std::string MaskTimeLine(const std::string& line) {
@@ -30,6 +31,13 @@ std::string MaskRunTime(const std::string& line) {
     return std::regex_replace(line, RunTime, "$1<time>$5");
 }
 
+// A register or a memory cell of a dump that is empty and has no name.
+bool IsCellOfZero(const std::string& line) {
+    static const std::regex Zero(
+        R"(^(  GR\d|#[0-9A-F]{4}: *\d+: +): +:#0000: +0: +\+0: 0000 0000 0000 0000:( 0:)?\n$)");
+    return std::regex_match(line, Zero);
+}
+
 std::string MaskBuild(const std::string& line) {
     return line.starts_with("Built for ") ? "Built for <system>\n" : line;
 }
@@ -39,6 +47,23 @@ std::string MaskDate(const std::string& line) {
     static const std::regex Japanese("\\d+年\\d+月\\d+日 \\d+時\\d+分\\d+秒");
     if (line.find("File: ") == std::string::npos) return line;
     return std::regex_replace(std::regex_replace(line, English, "<date>"), Japanese, "<date>");
+}
+
+// How much of the text from `at` on is as the pattern says; 0 if it is not. Fills the name's "*".
+std::size_t MatchLength(const std::string& text, std::size_t at, const std::string& pattern, std::string& name) {
+    std::size_t i = at;
+    for (std::size_t p = 0; p < pattern.size(); ++p) {
+        if (pattern[p] == '*') {
+            const std::size_t end = text.find(pattern[p + 1], i);
+            const std::string found = text.substr(i, end - i);
+            if (end == std::string::npos || found.find('\n') != std::string::npos) return 0;
+            name.replace(name.find('*'), 1, found);
+            i = end;
+        } else if (i == text.size() || text[i++] != pattern[p]) {
+            return 0;
+        }
+    }
+    return i - at;
 }
 
 std::string Visible(std::string line) {
@@ -90,17 +115,111 @@ std::string Replaced(std::string text, std::string_view part, std::string_view b
     return text;
 }
 
+std::vector<std::string> Words(std::string_view line) {
+    std::vector<std::string> words;
+    bool inWord = false;
+    bool quoted = false;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const bool ends = line[i] == ' ' && !quoted;
+        if (!ends && !inWord) words.emplace_back();
+        inWord = !ends;
+        if (ends) continue;
+        if (line[i] == '"') {
+            quoted = !quoted;
+            continue;
+        }
+        const bool escape = line[i] == '\\' && i + 1 < line.size();
+        const char c = escape ? line[++i] : line[i];
+        std::string& word = words.back();
+        if (escape && c == 'x') {
+            word += static_cast<char>(std::stoi(std::string(line.substr(i + 1, 2)), nullptr, 16));
+            i += 2;
+        } else if (escape && c == 'c') {
+            word += "\\c";
+        } else {
+            word += escape && c == 't' ? '\t' : escape && c == 'r' ? '\r' : c;
+        }
+    }
+    return words;
+}
+
+std::string JoinedLines(const std::vector<std::string>& words) {
+    std::string lines;
+    for (const std::string& word : words)
+        lines += word.ends_with("\\c") ? word.substr(0, word.size() - 2) : word + "\n";
+    return lines;
+}
+
+std::string Encoded(const std::string& text, const std::string& encoding) {
+    if (encoding == "utf-8-bom") return "\xEF\xBB\xBF" + text;
+    if (encoding == "cp932") return Narrow932(WideUtf8(text).value_or(u""));
+    std::string bytes;
+    if (encoding == "hex") {
+        std::istringstream digits(text);
+        for (std::string two; digits >> two;)
+            bytes += static_cast<char>(std::stoi(two, nullptr, 16));
+    } else if (encoding == "utf-16le" || encoding == "utf-16be") {
+        const bool little = encoding == "utf-16le";
+        for (const char16_t unit : u"\uFEFF" + WideUtf8(Replaced(text, "\n", "\r\n")).value_or(u"")) {
+            bytes += static_cast<char>(little ? unit & 0xFF : unit >> 8);
+            bytes += static_cast<char>(little ? unit >> 8 : unit & 0xFF);
+        }
+    } else {
+        return text;
+    }
+    return bytes;
+}
+
+std::string Decoded(const std::string& bytes, const std::string& encoding) {
+    if (encoding == "cp932") return Utf8From932(bytes);
+    if (encoding != "euc-jp") return bytes;
+    std::string shiftJis;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        if (static_cast<signed char>(bytes[i]) >= 0 || i + 1 == bytes.size()) {
+            shiftJis += bytes[i];
+            continue;
+        }
+        const int row = static_cast<unsigned char>(bytes[i]) - 0xA0;
+        const int cell = static_cast<unsigned char>(bytes[++i]) - 0xA0;
+        const int trail = row % 2 == 0 ? 0x9E : cell < 64 ? 0x3F : 0x40;
+        shiftJis += static_cast<char>((row + 1) / 2 + (row <= 62 ? 0x80 : 0xC0));
+        shiftJis += static_cast<char>(cell + trail);
+    }
+    return Utf8From932(shiftJis);
+}
+
 std::string MaskConsole(const std::string& text, const std::string& folder) {
     std::string out;
     for (const std::string& line : Lines(Replaced(text, folder, "<folder>")))
-        out += MaskRunTime(MaskTimeLine(MaskBuild(line)));
+        out += MaskDate(MaskRunTime(MaskTimeLine(MaskBuild(line))));
     return out;
+}
+
+std::string Marked(std::string text, const std::vector<Mark>& marks) {
+    for (const Mark& mark : marks) {
+        const std::string head = mark.text.substr(0, mark.text.find('*'));
+        for (std::size_t at = text.find(head); at != std::string::npos; at = text.find(head, at + 1)) {
+            std::string name = mark.name + MarkEnd;
+            if (const std::size_t length = MatchLength(text, at, mark.text, name); length != 0)
+                text.replace(at, length, name);
+        }
+    }
+    // Marks that follow each other share a line.
+    return Replaced(Replaced(std::move(text), std::string(MarkEnd) + "<", " <"), MarkEnd, "\n");
 }
 
 std::string MaskDump(const std::string& shiftJis) {
     std::string out;
-    for (const std::string& line : Lines(Utf8From932(shiftJis)))
-        out += MaskDate(line);
+    std::size_t zeros = 0;
+    const auto tellZeros = [&] {
+        if (zeros > 1) out += "<and " + std::to_string(zeros - 1) + " more>\n";
+        zeros = 0;
+    };
+    for (const std::string& line : Lines(Utf8From932(shiftJis))) {
+        if (!IsCellOfZero(line)) tellZeros();
+        if (!IsCellOfZero(line) || zeros++ == 0) out += MaskDate(line);
+    }
+    tellZeros();
     return out;
 }
 
