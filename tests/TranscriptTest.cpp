@@ -165,7 +165,7 @@ private:
         ASSERT_TRUE(ran.trouble.empty()) << ran.trouble << "\n" << ran.output;
 
         const std::string text = MaskConsole(Decoded(ran.output, encoding), work.path.string());
-        Compare(section, Marked(text, marks));
+        Compare(section, text);
         after = work.Files();
         for (const std::string name : DumpNames) {
             const bool announced = text.find("---> " + name) != std::string::npos;
@@ -202,7 +202,8 @@ private:
             EXPECT_EQ(now.count(name), 1U) << "a file is gone: " << name;
     }
 
-    void Compare(Section& section, const std::string& found) {
+    void Compare(Section& section, const std::string& text) {
+        const std::string found = Marked(text, marks);
         if (rewrite)
             section.body = BodyOf(found);
         else
