@@ -152,6 +152,12 @@ std::string JoinedLines(const std::vector<std::string>& words) {
 
 std::string Encoded(const std::string& text, const std::string& encoding) {
     if (encoding == "utf-8-bom") return "\xEF\xBB\xBF" + text;
+    if (encoding[0] == 'x') {
+        std::string all;
+        for (int times = std::stoi(encoding.substr(1)); times > 0; --times)
+            all += text;
+        return all;
+    }
     if (encoding == "cp932") return Narrow932(WideUtf8(text).value_or(u""));
     std::string bytes;
     if (encoding == "hex") {

@@ -120,9 +120,11 @@ private:
         if (what == "settings-after") return CheckSettings(section);
         CheckFolder();
         if (what == "settings")
-            known[IniName] = rest.empty() ? TextOfBody(section.body) : "[Mode]\n" + JoinedLines(rest);
+            LayDown(IniName, rest.empty() ? TextOfBody(section.body) : "[Mode]\n" + JoinedLines(rest));
         else if (what == "file")
-            known[first] = Encoded(TextOfBody(section.body), rest.size() > 1 ? rest[1] : "utf-8");
+            LayDown(first,
+                    Encoded(rest.size() > 2 ? JoinedLines({rest.begin() + 2, rest.end()}) : TextOfBody(section.body),
+                            rest.size() > 1 ? rest[1] : "utf-8"));
         else if (what == "folder")
             fs::create_directories(work.path / first);
         else if (what == "environment")
@@ -133,10 +135,11 @@ private:
             call.typed = rest.empty() ? TextOfBody(section.body) : JoinedLines(rest);
         else
             FAIL() << "no such section";
-        if (what == "settings" || what == "file") {
-            const std::string name = what == "file" ? first : IniName;
-            work.Write(name, known[name]);
-        }
+    }
+
+    void LayDown(const std::string& name, const std::string& bytes) {
+        known[name] = bytes;
+        work.Write(name, bytes);
     }
 
     // The program sees no locale, an editor that prints the file, and what the transcript's environment adds.
