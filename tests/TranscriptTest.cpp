@@ -5,9 +5,8 @@
 
 #include "ProgramRun.h"
 #include "TextTools.h"
+#include "text/Convert.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <map>
@@ -21,14 +20,14 @@ namespace {
 
 const fs::path Folder = fs::path(TOLVANE_TESTS) / "transcripts";
 const fs::path MarksFile = Folder / "marks.txt";
-constexpr const char* IniName = "tolvane_Win.ini";
-constexpr const char* DumpNames[] = {"aaAssembledRegMry.txt", "aaResultantRegMry.txt"};
-constexpr const char* NoLineEnd = "<no line end>\n";
+const std::string IniName = "tolvane_Win.ini";
+const std::string DumpNames[] = {"aaAssembledRegMry.txt", "aaResultantRegMry.txt"};
+const std::string NoLineEnd = "<no line end>\n";
 
 using FileBytes = std::map<std::string, std::string>;
 
 struct Section {
-    std::string head; // the whole line
+    std::string head; // without the "$ "
     std::string body;
 };
 
@@ -37,201 +36,163 @@ std::vector<Section> ReadSections(const fs::path& file, std::string& opening) {
     std::vector<Section> sections;
     for (const std::string& line : Lines(ReadFile(file))) {
         if (line.starts_with("$ "))
-            sections.push_back({line.substr(0, line.size() - 1), ""});
+            sections.push_back({line.substr(2, line.size() - 3), ""});
         else
             (sections.empty() ? opening : sections.back().body) += line;
     }
     return sections;
 }
 
-// What was written, as the body of a section, which ends with a line end; and back.
-std::string BodyOf(const std::string& text) {
-    return text.empty() || text.ends_with('\n') ? text : text + NoLineEnd;
+std::vector<Mark> ReadMarks() {
+    std::string opening;
+    std::vector<Mark> marks;
+    for (const Section& mark : ReadSections(MarksFile, opening))
+        marks.push_back({mark.head, Replaced(mark.body, NoLineEnd, "")});
+    return marks;
 }
-std::string TextOfBody(std::string body) {
-    if (body.ends_with(NoLineEnd)) body.resize(body.size() - std::string(NoLineEnd).size());
-    return body;
+
+// The text that a section tells: the words behind its head as lines, or its body. The last line may lack its end.
+std::string TextOf(const std::vector<std::string>& words, std::size_t firstLine, const std::string& body) {
+    std::string text = words.size() > firstLine ? "" : body;
+    for (std::size_t i = firstLine; i < words.size(); ++i)
+        text += words[i] + "\n";
+    if (text.ends_with(NoLineEnd)) text.resize(text.size() - NoLineEnd.size());
+    return text;
 }
-
-// A folder of its own for one transcript.
-class Workplace {
-public:
-    Workplace() {
-        std::string name = (fs::temp_directory_path() / "tolvane-XXXXXX").string();
-        if (mkdtemp(name.data()) != nullptr) path = fs::canonical(name);
-    }
-    ~Workplace() {
-        std::error_code ignored;
-        if (!path.empty()) fs::remove_all(path, ignored);
-    }
-    Workplace(const Workplace&) = delete;
-    Workplace& operator=(const Workplace&) = delete;
-
-    FileBytes Files() const {
-        FileBytes files;
-        for (const auto& entry : fs::recursive_directory_iterator(path)) {
-            if (entry.is_regular_file()) files[fs::relative(entry.path(), path).string()] = ReadFile(entry.path());
-        }
-        return files;
-    }
-    void Write(const std::string& name, const std::string& bytes) const {
-        fs::create_directories((path / name).parent_path());
-        WriteFile(path / name, bytes);
-        if (bytes.starts_with("#!")) fs::permissions(path / name, fs::perms::owner_exec, fs::perm_options::add);
-    }
-
-    fs::path path;
-};
 
 class Transcript : public testing::Test {
 public:
     Transcript(fs::path transcript, bool rewriting) : file(std::move(transcript)), rewrite(rewriting) {}
 
+    void SetUp() override {
+        std::string name = (fs::temp_directory_path() / "tolvane-XXXXXX").string();
+        ASSERT_NE(mkdtemp(name.data()), nullptr);
+        work = fs::canonical(name);
+    }
+    void TearDown() override {
+        if (!work.empty()) fs::remove_all(work);
+    }
+
     void TestBody() override {
-        ASSERT_FALSE(work.path.empty()) << "no temporary folder";
-        sections = ReadSections(file, opening);
-        ASSERT_FALSE(sections.empty());
-        std::string heading;
-        for (const Section& mark : ReadSections(MarksFile, heading))
-            marks.push_back({mark.head.substr(2), TextOfBody(mark.body)});
+        std::string text;
+        std::vector<Section> sections = ReadSections(file, text);
+        EXPECT_FALSE(sections.empty());
         for (Section& section : sections) {
-            SCOPED_TRACE(file.filename().string() + ": " + section.head);
-            Carry(Words(section.head.substr(2)), section);
+            SCOPED_TRACE(file.filename().string() + ": $ " + section.head);
+            Carry(Words(section.head), section.body);
             if (HasFatalFailure()) return;
+            text += "$ " + section.head + "\n" + section.body;
         }
         CheckFolder();
-        if (rewrite) Write();
+        if (rewrite) WriteFile(file, text);
     }
 
 private:
-    void Write() const {
-        std::string text = opening;
-        for (const Section& section : sections)
-            text += section.head + "\n" + section.body;
-        WriteFile(file, text);
-    }
-
-    void Carry(const std::vector<std::string>& words, Section& section) {
+    void Carry(const std::vector<std::string>& words, std::string& body) {
         const std::string& what = words[0];
-        const std::vector<std::string> rest(words.begin() + 1, words.end());
-        const std::string first = rest.empty() ? "" : rest[0];
-        if (what == "console") return Run(first, section);
-        if (what == "dump") return CheckDump(first, section);
-        if (what == "settings-after") return CheckSettings(section);
+        const std::string name = words.size() > 1 ? words[1] : "";
+        if (what == "console") return Run(name, body);
+        if (what == "dump") return CheckDump(name, body);
+        if (what == "settings-after") return CheckSettings(body);
         CheckFolder();
         if (what == "settings")
-            LayDown(IniName, rest.empty() ? TextOfBody(section.body) : "[Mode]\n" + JoinedLines(rest));
+            LayDown(IniName, (words.size() > 1 ? "[Mode]\n" : "") + TextOf(words, 1, body));
         else if (what == "file")
-            LayDown(first,
-                    Encoded(rest.size() > 2 ? JoinedLines({rest.begin() + 2, rest.end()}) : TextOfBody(section.body),
-                            rest.size() > 1 ? rest[1] : "utf-8"));
+            LayDown(name, Encoded(TextOf(words, 3, body), words.size() > 2 ? words[2] : "utf-8"));
         else if (what == "folder")
-            fs::create_directories(work.path / first);
+            fs::create_directories(work / name);
         else if (what == "environment")
-            environment = rest;
+            environment.assign(words.begin() + 1, words.end());
         else if (what == "terminal")
             call.terminal = true;
         else if (what == "type")
-            call.typed = rest.empty() ? TextOfBody(section.body) : JoinedLines(rest);
+            call.typed = TextOf(words, 1, body);
         else
             FAIL() << "no such section";
     }
 
     void LayDown(const std::string& name, const std::string& bytes) {
+        fs::create_directories((work / name).parent_path());
+        WriteFile(work / name, bytes);
+        if (bytes.starts_with("#!")) fs::permissions(work / name, fs::perms::owner_exec, fs::perm_options::add);
         known[name] = bytes;
-        work.Write(name, bytes);
     }
 
     // The program sees no locale, an editor that prints the file, and what the transcript's environment adds.
     std::vector<std::string> Environment() const {
-        std::vector<std::string> lines = {"EDITOR=cat", "TZ=UTC", "HOME=" + work.path.string()};
-        for (const char* name : {"PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"}) {
-            if (const char* value = std::getenv(name)) lines.push_back(std::string(name) + "=" + value);
-        }
-        for (const std::string& line : environment) {
-            const std::string name = line.substr(0, line.find('=') + 1);
-            std::erase_if(lines, [&](const std::string& other) { return other.starts_with(name); });
-            lines.push_back(line);
-        }
+        std::map<std::string, std::string> values = {{"EDITOR", "cat"}, {"TZ", "UTC"}, {"HOME", work.string()}};
+        for (const char* name : {"PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"})
+            if (const char* value = std::getenv(name)) values[name] = value;
+        for (const std::string& line : environment)
+            values[line.substr(0, line.find('='))] = line.substr(line.find('=') + 1);
+        std::vector<std::string> lines;
+        for (const auto& [name, value] : values)
+            lines.push_back(name + "=" + value);
         return lines;
     }
 
-    // Starts the program and compares what it prints.
-    void Run(const std::string& encoding, Section& section) {
+    // Starts the program and compares what it prints. A dump must be written exactly when the console says so, which
+    // its time shows.
+    void Run(const std::string& encoding, std::string& body) {
         CheckFolder();
-        for (const char* name : DumpNames) // so that a dump that is written shows by its time
-            if (known.count(name) != 0) fs::last_write_time(work.path / name, fs::file_time_type());
+        const fs::file_time_type old;
+        for (const std::string& name : DumpNames)
+            if (known.count(name) != 0) fs::last_write_time(work / name, old);
         call.program = TOLVANE_PROGRAM;
-        call.folder = work.path;
+        call.folder = work;
         call.environment = Environment();
         const ProgramRun ran = RunProgram(call);
-        ASSERT_TRUE(ran.trouble.empty()) << ran.trouble << "\n" << ran.output;
+        ASSERT_EQ(ran.trouble, "") << ran.output;
 
-        const std::string text = MaskConsole(Decoded(ran.output, encoding), work.path.string());
-        Compare(section, text);
-        after = work.Files();
-        for (const std::string name : DumpNames) {
-            const bool announced = text.find("---> " + name) != std::string::npos;
-            const bool written =
-                after.count(name) != 0 && fs::last_write_time(work.path / name) != fs::file_time_type();
-            EXPECT_EQ(written, announced && !fs::is_directory(work.path / name)) << name;
+        Compare(body, Decoded(ran.output, encoding));
+        after = Files();
+        for (const std::string& name : DumpNames) {
+            const bool announced = ran.output.find("---> " + name) != std::string::npos;
+            const bool written = after.count(name) != 0 && fs::last_write_time(work / name) != old;
+            EXPECT_EQ(written, announced && !fs::is_directory(work / name)) << name;
             if (written) known[name] = after[name];
         }
     }
 
-    void CheckDump(const std::string& name, Section& section) {
+    void CheckDump(const std::string& name, std::string& body) {
         ASSERT_EQ(after.count(name), 1U) << name << " was not written";
-        Compare(section, MaskDump(after[name]));
+        Compare(body, Utf8From932(after[name]));
     }
 
-    void CheckSettings(Section& section) {
-        ASSERT_EQ(after.count(IniName), 1U) << "no settings file was left";
+    void CheckSettings(std::string& body) {
         EXPECT_NE(after[IniName], known[IniName]) << "the settings are as they were, no section is needed";
-        Compare(section, Replaced(after[IniName], work.path.string(), "<folder>"));
+        Compare(body, after[IniName]);
         known[IniName] = after[IniName];
     }
 
-    // What no section has told must not have happened.
-    void CheckFolder() const {
-        const FileBytes now = work.Files();
-        for (const auto& [name, bytes] : now) {
-            const auto old = known.find(name);
-            if (old == known.end())
-                ADD_FAILURE() << "an unexpected file was left: " << name << "\n" << bytes;
-            else
-                EXPECT_EQ(Difference(old->second, bytes), "") << "a file was changed: " << name;
-        }
-        for (const auto& [name, bytes] : known)
-            EXPECT_EQ(now.count(name), 1U) << "a file is gone: " << name;
+    void Compare(std::string& body, const std::string& text) {
+        static const std::vector<Mark> marks = ReadMarks();
+        std::string found = Marked(Masked(Replaced(text, work.string(), "<folder>")), marks);
+        if (!found.empty() && found.back() != '\n') found += NoLineEnd;
+        if (rewrite)
+            body = found;
+        else
+            EXPECT_EQ(body, found);
     }
 
-    void Compare(Section& section, const std::string& text) {
-        const std::string found = Marked(text, marks);
-        if (rewrite)
-            section.body = BodyOf(found);
-        else
-            EXPECT_EQ(Difference(section.body, BodyOf(found)), "");
+    FileBytes Files() const {
+        FileBytes files;
+        for (const auto& entry : fs::recursive_directory_iterator(work))
+            if (entry.is_regular_file()) files[fs::relative(entry.path(), work).string()] = ReadFile(entry.path());
+        return files;
     }
+
+    // What no section has told must not have happened: no file appears, changes or goes.
+    void CheckFolder() const { EXPECT_EQ(Files(), known); }
 
     fs::path file;
     bool rewrite;
-    Workplace work;
-    std::string opening; // what the transcript shows, in words
-    std::vector<Section> sections;
-    std::vector<Mark> marks;
+    fs::path work; // the program's folder
     std::vector<std::string> environment;
     ProgramCall call;
     FileBytes known; // the files that were laid down, or were told to be written
     FileBytes after; // the files behind the last run
 };
-
-// Names of tests are plain words: the characters of filters and of lists of tests are no part of them.
-std::string TestName(std::string name) {
-    for (char& c : name) {
-        if (std::isalnum(static_cast<unsigned char>(c)) == 0) c = '_';
-    }
-    return name;
-}
 
 } // namespace
 
@@ -240,7 +201,8 @@ void RegisterTranscripts(bool rewrite) {
     for (const auto& entry : fs::directory_iterator(Folder))
         if (entry.is_regular_file() && entry.path() != MarksFile) files.insert(entry.path());
     for (const fs::path& file : files) {
-        testing::RegisterTest("transcripts", TestName(file.stem().string()).c_str(), nullptr, nullptr, file.c_str(), 1,
+        const std::string name = Replaced(file.stem().string(), "-", "_");
+        testing::RegisterTest("transcripts", name.c_str(), nullptr, nullptr, file.c_str(), 1,
                               [file, rewrite]() -> testing::Test* { return new Transcript(file, rewrite); });
     }
 }
