@@ -92,6 +92,8 @@ private:
         const std::string& what = words[0];
         const std::string name = words.size() > 1 ? words[1] : "";
         if (what == "console") return Run(name, body);
+        if (what == "run") LayDown(IniName, "[Mode]\n" + TextOf(words, 1, body));
+        if (what == "run") return Run("utf-8", body);
         if (what == "dump") return CheckDump(name, body);
         if (what == "settings-after") return CheckSettings(body);
         CheckFolder();
