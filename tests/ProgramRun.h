@@ -12,8 +12,7 @@ struct ProgramCall {
     std::filesystem::path folder;         // where it starts
     std::vector<std::string> environment; // NAME=value, nothing else is inherited
     std::string typed;                    // what arrives on its standard input, then the end of the input
-    bool terminal = false;                // on a pseudo-terminal instead of pipes
-    int timeoutSeconds = 20;
+    bool terminal = false;                // on a pseudo-terminal instead of a file and a pipe
 };
 
 struct ProgramRun {

@@ -11,54 +11,42 @@ namespace tolvane::tests {
 
 namespace {
 
-constexpr std::size_t LinesBefore = 3;
-constexpr std::size_t LinesShown = 8;
+constexpr const char* MarkEnd = "\x1F"; // behind a mark, until it is known what follows
 
-// "(0.1, 12.3, 0.2) msec =" at the front of a time line.
-std::string MaskTimeLine(const std::string& line) {
-    static const std::regex TimeLine(R"(^\(\d+(\.\d)?, \d+(\.\d)?(, \d+(\.\d)?)?\) msec =)");
-    std::smatch match;
-    if (!std::regex_search(line, match, TimeLine)) return line;
-    const char* masked = match[3].matched ? "(<time>, <time>, <time>) msec =" : "(<time>, <time>) msec =";
-    return masked + match.suffix().str();
+// A register or a memory cell of a dump that is empty and has no name.
+bool IsEmptyCell(const std::string& line) {
+    static const std::regex Empty(
+        R"(^(  GR\d|#[0-9A-F]{4}: *\d+: +): +:#0000: +0: +\+0: 0000 0000 0000 0000:( 0:)?\n$)");
+    return (line[0] == '#' || line[0] == ' ') && std::regex_match(line, Empty);
 }
 
-// The run time at the end of a run: "in 12.3 msec. " and its Japanese form.
-std::string MaskRunTime(const std::string& line) {
+std::string MaskedLine(const std::string& line) {
+    static const std::regex Number(R"(\d+(\.\d)?)");
     static const std::regex RunTime(
         R"(^(in )?(1 micro second or less|\d+(\.\d+)? sec|\d+(\.\d)? msec ?)(\. | 実行時間 ))");
+    static const std::regex Date(
+        R"((Sun|Mon|Tue|Wed|Thu|Fri|Sat) [A-Z][a-z]{2} [ \d]\d \d\d:\d\d:\d\d \d{4}|\d+年\d+月\d+日 \d+時\d+分\d+秒)");
+    if (line.starts_with("Built for ")) return "Built for <system>\n";
+    if (line.find("msec =(ReadFile") != std::string::npos) return std::regex_replace(line, Number, "<time>");
+    if (line.find("File: ") != std::string::npos) return std::regex_replace(line, Date, "<date>");
     return std::regex_replace(line, RunTime, "$1<time>$5");
 }
 
-std::string MaskBuild(const std::string& line) {
-    return line.starts_with("Built for ") ? "Built for <system>\n" : line;
-}
-
-std::string MaskDate(const std::string& line) {
-    static const std::regex English(R"((Sun|Mon|Tue|Wed|Thu|Fri|Sat) [A-Z][a-z]{2} [ \d]\d \d\d:\d\d:\d\d \d{4})");
-    static const std::regex Japanese("\\d+年\\d+月\\d+日 \\d+時\\d+分\\d+秒");
-    if (line.find("File: ") == std::string::npos) return line;
-    return std::regex_replace(std::regex_replace(line, English, "<date>"), Japanese, "<date>");
-}
-
-std::string Visible(std::string line) {
-    const bool ended = !line.empty() && line.back() == '\n';
-    if (ended) line.pop_back();
-    std::string blanks;
-    while (!line.empty() && (line.back() == ' ' || line.back() == '\t' || line.back() == '\r')) {
-        blanks.insert(0, line.back() == ' ' ? "·" : line.back() == '\t' ? "→" : "␍");
-        line.pop_back();
+// How much of the text from `at` on is as the pattern says; 0 if it is not. Fills the name's "*".
+std::size_t MatchLength(const std::string& text, std::size_t at, const std::string& pattern, std::string& name) {
+    std::size_t i = at;
+    std::size_t p = 0;
+    for (;;) {
+        const std::size_t star = std::min(pattern.find('*', p), pattern.size());
+        const std::size_t found = text.find(pattern.substr(p, star - p), i);
+        const std::string skipped = text.substr(i, found - i);
+        if (found == std::string::npos || skipped.find('\n') != std::string::npos) return 0;
+        if (p == 0 && found != i) return 0;
+        if (p != 0) name.replace(name.find('*'), 1, skipped);
+        i = found + star - p;
+        if (star == pattern.size()) return i - at;
+        p = star + 1;
     }
-    return line + blanks + (ended ? "\n" : "⟨no line end⟩\n");
-}
-
-std::string Show(const char* mark, const std::vector<std::string>& lines, std::size_t first) {
-    std::string out;
-    for (std::size_t i = first; i < lines.size() && i < first + LinesShown; ++i)
-        out += mark + Visible(lines[i]);
-    if (first + LinesShown < lines.size()) out += std::string(mark) + "...\n";
-    if (first >= lines.size()) out += std::string(mark) + "⟨the end⟩\n";
-    return out;
 }
 
 } // namespace
@@ -90,32 +78,76 @@ std::string Replaced(std::string text, std::string_view part, std::string_view b
     return text;
 }
 
-std::string MaskConsole(const std::string& text, const std::string& folder) {
+std::vector<std::string> Words(std::string_view line) {
+    std::vector<std::string> words;
+    bool inWord = false;
+    bool quoted = false;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const bool parts = line[i] == ' ' && !quoted;
+        if (!parts && !inWord) words.emplace_back();
+        inWord = !parts;
+        if (parts) continue;
+        if (line[i] == '"') {
+            quoted = !quoted;
+        } else if (line[i] != '\\') {
+            words.back() += line[i];
+        } else if (line[++i] == 'x') {
+            words.back() += static_cast<char>(std::stoi(std::string(line.substr(i + 1, 2)), nullptr, 16));
+            i += 2;
+        } else {
+            words.back() += line[i] == 't' ? '\t' : line[i];
+        }
+    }
+    return words;
+}
+
+std::string Encoded(const std::string& text, const std::string& encoding) {
+    if (encoding == "utf-8") return text;
+    if (encoding == "utf-8-bom") return "\xEF\xBB\xBF" + text;
+    if (encoding == "cp932") return Narrow932(WideUtf8(text).value_or(u""));
+    std::string bytes;
+    if (encoding[0] == 'x') {
+        for (int times = std::stoi(encoding.substr(1)); times > 0; --times)
+            bytes += text;
+    } else {
+        const bool little = encoding == "utf-16le";
+        for (const char16_t unit : u"\uFEFF" + WideUtf8(Replaced(text, "\n", "\r\n")).value_or(u"")) {
+            bytes += static_cast<char>(little ? unit & 0xFF : unit >> 8);
+            bytes += static_cast<char>(little ? unit >> 8 : unit & 0xFF);
+        }
+    }
+    return bytes;
+}
+
+std::string Decoded(const std::string& bytes, const std::string& encoding) {
+    if (encoding == "cp932") return Utf8From932(bytes);
+    return encoding == "euc-jp" ? Utf8From932(EucTo932(bytes)) : bytes;
+}
+
+std::string Masked(const std::string& text) {
     std::string out;
-    for (const std::string& line : Lines(Replaced(text, folder, "<folder>")))
-        out += MaskRunTime(MaskTimeLine(MaskBuild(line)));
+    std::size_t cells = 0;
+    for (const std::string& line : Lines(text + "\n")) {
+        const bool empty = IsEmptyCell(line);
+        if (!empty && cells > 1) out += "<and " + std::to_string(cells - 1) + " more>\n";
+        cells = empty ? cells + 1 : 0;
+        if (cells < 2) out += MaskedLine(line);
+    }
+    out.pop_back();
     return out;
 }
 
-std::string MaskDump(const std::string& shiftJis) {
-    std::string out;
-    for (const std::string& line : Lines(Utf8From932(shiftJis)))
-        out += MaskDate(line);
-    return out;
-}
-
-std::string Difference(std::string_view expected, std::string_view found) {
-    if (expected == found) return {};
-    const std::vector<std::string> want = Lines(expected);
-    const std::vector<std::string> have = Lines(found);
-    std::size_t first = 0;
-    while (first < want.size() && first < have.size() && want[first] == have[first])
-        ++first;
-
-    std::string out = "first difference in line " + std::to_string(first + 1) + " (- expected, + found)\n";
-    for (std::size_t i = first < LinesBefore ? 0 : first - LinesBefore; i < first; ++i)
-        out += "  " + Visible(want[i]);
-    return out + Show("- ", want, first) + Show("+ ", have, first);
+std::string Marked(std::string text, const std::vector<Mark>& marks) {
+    for (const Mark& mark : marks) {
+        const std::string head = mark.text.substr(0, mark.text.find('*'));
+        for (std::size_t at = text.find(head); at != std::string::npos; at = text.find(head, at + 1)) {
+            std::string name = mark.name + MarkEnd;
+            if (const std::size_t length = MatchLength(text, at, mark.text, name); length != 0)
+                text.replace(at, length, name);
+        }
+    }
+    // Marks that follow each other share a line.
+    return Replaced(Replaced(std::move(text), std::string(MarkEnd) + "<", " <"), MarkEnd, "\n");
 }
 
 std::map<std::string, std::string> ReadReasons(const std::filesystem::path& path) {

@@ -1,5 +1,5 @@
 #pragma once
-// Texts of the tests: files, masks for what no two runs share, and readable differences.
+// Texts of the tests: files, the words and encodings of transcripts, and masks for what no two runs share.
 
 #include <filesystem>
 #include <map>
@@ -17,14 +17,24 @@ std::vector<std::string> Lines(std::string_view text);
 // All places of `part` replaced.
 std::string Replaced(std::string text, std::string_view part, std::string_view by);
 
-// Console text with <time> for the times, <system> for the build line and <folder> for the working directory.
-std::string MaskConsole(const std::string& text, const std::string& folder);
-// A dump, from Shift_JIS to UTF-8, with <date> for the date.
-std::string MaskDump(const std::string& shiftJis);
+// The words of a section's head. Blanks part them but within quotation marks; \t \xHH \\ \" stand for characters.
+std::vector<std::string> Words(std::string_view line);
 
-// Empty for equal texts. Otherwise the lines round the first difference, "-" expected and "+" found, with the blanks
-// at line ends and missing line ends made visible.
-std::string Difference(std::string_view expected, std::string_view found);
+// A text of a transcript in the encoding of a file: utf-8, utf-8-bom, cp932, utf-16le and utf-16be (with mark and
+// Windows line ends), or the text as many times as in x310.
+std::string Encoded(const std::string& text, const std::string& encoding);
+// What a console printed, from cp932 or euc-jp to UTF-8. With any other name it is UTF-8.
+std::string Decoded(const std::string& bytes, const std::string& encoding);
+
+// Text of the console or of a dump with <time>, <date> and <system>, and of neighbouring empty cells the first alone.
+std::string Masked(const std::string& text);
+
+// A text that many transcripts share. Each "*" in it stands for characters of one line, which the "*" of the name show.
+struct Mark {
+    std::string name; // "<title *>"
+    std::string text;
+};
+std::string Marked(std::string text, const std::vector<Mark>& marks);
 
 // A list file: lines of a text, a tab and the reason why it is listed; "#" begins a comment line.
 std::map<std::string, std::string> ReadReasons(const std::filesystem::path& path);

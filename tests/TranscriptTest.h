@@ -2,7 +2,7 @@
 
 namespace tolvane::tests {
 
-// Makes a test of every run of every case in tests/transcripts/<room>/<case>/.
+// Makes a test of every file of tests/transcripts/.
 void RegisterTranscripts(bool rewrite);
 
 } // namespace tolvane::tests

@@ -1,6 +1,0 @@
-P       START
-        OUT     X,L
-        RET
-X       DC      'abc'
-L       DC      3
-        END
