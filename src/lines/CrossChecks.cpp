@@ -11,13 +11,12 @@ template <class Ch> int CkLabelDouble(int prg, int first, int last) {
     std::size_t labels = 0;
     for (int line = first; line <= last; ++line)
         labels += LineAt<Ch>(line).strLabel.empty() ? 0 : 1;
-    index.Prepare(labels);
+    index.Prepare(b->Src<Ch>(), labels);
     int firstLine = -1;
     int againLine = -1;
     for (int line = first; line <= last; ++line) {
-        const View<Ch> label = LineAt<Ch>(line).strLabel;
-        if (label.empty()) continue;
-        const int entered = index.Enter(label, line);
+        if (LineAt<Ch>(line).strLabel.empty()) continue;
+        const int entered = index.Enter(line);
         if (entered == line || (firstLine >= 0 && entered >= firstLine)) continue;
         firstLine = entered;
         againLine = line;

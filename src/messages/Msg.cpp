@@ -64,7 +64,7 @@ void OrdinalStr(std::string& out, long long n) {
     out += n == 1 ? "st" : n == 2 ? "nd" : n == 3 ? "rd" : "th";
 }
 
-void AppendArg(std::string& out, const Arg& arg, std::string_view form, const Filling& f) {
+void AppendArg(std::string& out, const KeptArg& arg, std::string_view form, const Filling& f) {
     if (form == "o") return OrdinalStr(out, arg.number);
     if (form == "x") return AppendHex(out, arg.number, 1);
     if (form == "x4") return AppendHex(out, arg.number, 4);

@@ -70,8 +70,16 @@ struct Utf8Arg {
     const std::string& text;
 };
 
-// An argument of a row: a number, source text of either kind, console text, or another row, which is worded in the
-// language in force. Text is held as UTF-8.
+// An argument of a row as a record keeps it: a number, UTF-8 text that lies elsewhere, or another row, which is worded
+// in the language in force.
+struct KeptArg {
+    std::string_view text;
+    long long number = 0;
+    const Msg* row = nullptr;
+    bool isNumber = false;
+};
+
+// An argument as a check hands it over: a number, source text of either kind, console text, or another row.
 class Arg {
 public:
     Arg(int n) : number(n), isNumber(true) {}
@@ -85,6 +93,8 @@ public:
     Arg(Utf8Arg utf8) : text(utf8.text) {}
     Arg(const char* ascii) : text(ascii) {}
     Arg(const Msg& named) : row(&named) {}
+
+    operator KeptArg() const { return {text, number, row, isNumber}; }
 
     std::string text;
     long long number = 0;
@@ -114,7 +124,7 @@ struct Filling {
     Wording wording;
     Severity severity;
     Place place;
-    std::span<const Arg> args;
+    std::span<const KeptArg> args;
 };
 // Appends the text with its tags filled in, as UTF-8. An argument that is not given leaves its tag empty.
 void Compose(std::string& out, std::string_view text, const Filling& filling);

@@ -3,6 +3,8 @@
 #include "messages/TMsgStore.h"
 #include "platform/Console.h"
 
+#include <vector>
+
 namespace tolvane {
 
 namespace {
@@ -11,24 +13,28 @@ std::string_view WordsOf(const Msg& msg) {
     return msg.For(modeFlags->Lang, modeFlags->Pipe->wording);
 }
 
+void Print(const MsgRec& record, std::string_view lineEnd) {
+    std::string text;
+    ComposeText(text, WordsOf(*record.row), record.severity, record.place, record.args);
+    console::Write(text += lineEnd);
+}
+
 void Report(Severity severity, Place place, const Msg& msg, Args args, bool counted) {
-    if (!msg.ofOperands || modeFlags->Pipe->printsOperandsAtOnce) {
-        std::string text;
-        ComposeText(text, WordsOf(msg), severity, place, args);
-        console::Write(text += '\n');
-    }
-    store->Records.push_back({&msg, severity, place, args, true, counted});
+    const MsgRec& record = store->Append(severity, place, msg, args, true, counted);
+    if (!msg.ofOperands || modeFlags->Pipe->printsOperandsAtOnce) Print(record, "\n");
 }
 
 } // namespace
 
-void ComposeText(std::string& out, std::string_view text, Severity severity, Place place, std::span<const Arg> args) {
+void ComposeText(std::string& out, std::string_view text, Severity severity, Place place,
+                 std::span<const KeptArg> args) {
     Compose(out, text, {modeFlags->Lang, modeFlags->Pipe->wording, severity, place, args});
 }
 
 std::string TextOf(const Msg& msg, Args args) {
+    const std::vector<KeptArg> kept(args.begin(), args.end());
     std::string text;
-    ComposeText(text, WordsOf(msg), Severity::Error, NoLine, args);
+    ComposeText(text, WordsOf(msg), Severity::Error, NoLine, kept);
     return text;
 }
 
@@ -37,10 +43,7 @@ void Say(const Msg& msg, Args args) {
 }
 
 void Tell(Severity severity, Place place, const Msg& msg, Args args) {
-    std::string text;
-    ComposeText(text, WordsOf(msg), severity, place, args);
-    console::Write(text);
-    store->Records.push_back({&msg, severity, place, args, false, false});
+    Print(store->Append(severity, place, msg, args, false, false), "");
 }
 
 void Explain(Severity severity, Place place, const Msg& msg, Args args) {

@@ -25,6 +25,22 @@ std::vector<std::string> MsgRec::Lines() const {
     return lines;
 }
 
+const MsgRec& TMsgStore::Append(Severity severity, Place place, const Msg& msg, Args args, bool queued, bool counted) {
+    KeptArg* const room = keptArgs.Room(args.size());
+    std::transform(args.begin(), args.end(), room, [this](const Arg& arg) {
+        KeptArg kept = arg;
+        kept.text = KeepText(texts, arg.text);
+        return kept;
+    });
+    return Records.emplace_back(MsgRec{&msg, severity, place, keptArgs.Take(args.size()), queued, counted});
+}
+
+void TMsgStore::ClearMsgStore() {
+    Records.clear();
+    texts.Clear();
+    keptArgs.Clear();
+}
+
 void TMsgStore::DspMsgStore() const {
     for (const MsgRec& record : Records) {
         if (!record.queued) continue;

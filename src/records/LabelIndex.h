@@ -2,7 +2,7 @@
 // The labels of a program by name: an open hash table, since a big source has more labels than all else that it looks
 // up.
 
-#include "text/Text.h"
+#include "records/SrcData.h"
 
 #include <cstdint>
 #include <vector>
@@ -11,30 +11,31 @@ namespace tolvane {
 
 template <class Ch> class LabelIndex {
 public:
-    // Forgets all labels and makes room for as many.
-    void Prepare(std::size_t labels) {
+    // Forgets all labels and makes room for as many; `records` are the lines that they stand in.
+    void Prepare(const std::vector<SrcData<Ch>>& records, std::size_t labels) {
         std::size_t size = 16;
         while (size < 2 * labels)
             size *= 2;
-        slots.assign(size, Slot{});
+        lines = &records;
+        slots.assign(size, Free);
     }
-    // The line that has been entered for the label; the given one, entered now, if it is the first. Not for more labels
+    // The line that has been entered for the label of a line: the line itself if it is the first. Not for more labels
     // than room was made for.
-    std::int32_t Enter(View<Ch> label, std::int32_t line) {
-        Slot& slot = slots[Place(label)];
-        if (slot.line < 0) slot = {label, line};
-        return slot.line;
+    std::int32_t Enter(std::int32_t line) {
+        std::int32_t& slot = slots[Place(LabelOf(line))];
+        if (slot == Free) slot = line;
+        return slot;
     }
     // The line of the label, -1 if there is none.
-    std::int32_t Find(View<Ch> label) const { return slots.empty() ? -1 : slots[Place(label)].line; }
+    std::int32_t Find(View<Ch> label) const { return slots.empty() ? Free : slots[Place(label)]; }
 
 private:
-    struct Slot {
-        View<Ch> label;
-        std::int32_t line = -1;
-    };
-    std::vector<Slot> slots; // a power of two, at least half of them free
+    static constexpr std::int32_t Free = -1;
 
+    const std::vector<SrcData<Ch>>* lines = nullptr;
+    std::vector<std::int32_t> slots; // a power of two, at least half of them free
+
+    View<Ch> LabelOf(std::int32_t line) const { return (*lines)[static_cast<std::size_t>(line)].strLabel; }
     // The slot of the label, or the free one where it belongs.
     std::size_t Place(View<Ch> label) const {
         std::uint64_t hash = 0;
@@ -42,7 +43,7 @@ private:
             hash = (hash ^ static_cast<std::uint64_t>(c)) * 0x9E3779B97F4A7C15U;
         const std::size_t mask = slots.size() - 1;
         std::size_t i = (hash >> 32) & mask;
-        while (slots[i].line >= 0 && slots[i].label != label)
+        while (slots[i] != Free && LabelOf(slots[i]) != label)
             i = (i + 1) & mask;
         return i;
     }

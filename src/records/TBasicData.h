@@ -4,7 +4,7 @@
 #include "messages/TMsgBase.h"
 #include "records/PrgData.h"
 #include "records/SrcData.h"
-#include "text/TextStore.h"
+#include "text/Arena.h"
 
 #include <span>
 #include <vector>
@@ -15,7 +15,7 @@ inline constexpr int MaxPrgKazu = 6;
 
 // What the line records of one kind of text point to.
 template <class Ch> struct TApart {
-    TextStore<Ch> texts;
+    Arena<Ch> texts;
     std::vector<TLiteConst<Ch>> vecLite;
     std::vector<TDcConst<Ch>> vecDcConst;
 
@@ -46,12 +46,13 @@ public:
     template <class Ch> void AddLine(View<Ch> text) { Src<Ch>().emplace_back().strSrc = Keep(text); }
     // The same for bytes that are all ASCII, and so the same in either kind of text.
     template <class Ch> void AddAsciiLine(std::string_view bytes) {
-        TextStore<Ch>& texts = Apart<Ch>().texts;
+        Arena<Ch>& texts = Apart<Ch>().texts;
         std::copy(bytes.begin(), bytes.end(), texts.Room(bytes.size()));
-        Src<Ch>().emplace_back().strSrc = texts.Take(bytes.size());
+        const std::span<Ch> text = texts.Take(bytes.size());
+        Src<Ch>().emplace_back().strSrc = View<Ch>(text.data(), text.size());
     }
     // A copy of the text that lives as long as the records.
-    template <class Ch> View<Ch> Keep(View<Ch> text) { return Apart<Ch>().texts.Keep(text); }
+    template <class Ch> View<Ch> Keep(View<Ch> text) { return KeepText(Apart<Ch>().texts, text); }
     // `edited` trimmed and kept, or the text itself if that is the same.
     template <class Ch> View<Ch> KeepEdited(View<Ch> text, const Text<Ch>& edited) {
         const View<Ch> trimmed = TrimBlank(View<Ch>(edited));
