@@ -22,7 +22,7 @@ using Strings = std::vector<std::string>;
 const std::array<const char*, 7> PipelineNames = {"NWW", "NwW", "NaW", "WP", "NA", "AP", "NH"};
 constexpr unsigned EveryPipeline = 0x7F;
 constexpr std::size_t TellingColumn = 32;
-constexpr std::size_t Width = 120;
+constexpr std::size_t Width = 140;
 
 // What is told of a line, or of a whole case, in some of the pipelines: "--> E AddressMsg.HexTooLong" or "== 1210
 // 0000".
@@ -62,7 +62,7 @@ Strings Split(const std::string& text, char separator) {
     return parts;
 }
 
-// \t a tab, \s a blank, \\ a backslash, \rep{250}{x} a text many times.
+// \t a tab, \s a blank, \n the end of a line, \\ a backslash, \rep{250}{x} a text many times.
 std::string Unescaped(const std::string& text) {
     std::string out;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -70,11 +70,11 @@ std::string Unescaped(const std::string& text) {
             const std::size_t middle = text.find("}{", i);
             const std::size_t end = text.find('}', middle + 2);
             for (int n = std::stoi(text.substr(i + 5)); n > 0; --n)
-                out += text.substr(middle + 2, end - middle - 2);
+                out += Unescaped(text.substr(middle + 2, end - middle - 2));
             i = end;
         } else if (text[i] == '\\' && i + 1 < text.size()) {
             const char next = text[++i];
-            out += next == 't' ? '\t' : next == 's' ? ' ' : next;
+            out += next == 't' ? '\t' : next == 's' ? ' ' : next == 'n' ? '\n' : next;
         } else {
             out += text[i];
         }
@@ -177,8 +177,13 @@ std::string Told(const Arg& arg) {
     if (arg.row != nullptr) return NameOf(*arg.row);
     if (arg.isNumber) return std::to_string(arg.number);
     std::string quoted = "\"";
-    for (const char c : arg.text)
-        quoted += c == '"' || c == '\\' ? std::string("\\") + c : std::string(1, c);
+    for (std::size_t i = 0, end = 0; i < arg.text.size(); i = end) {
+        end = std::min(arg.text.find_first_not_of(arg.text[i], i), arg.text.size());
+        if (end - i < 10) end = i + 1;
+        const char c = arg.text[i];
+        const std::string shown = c == '"' || c == '\\' ? std::string("\\") + c : std::string(1, c);
+        quoted += end - i == 1 ? shown : "\\rep{" + std::to_string(end - i) + "}{" + shown + "}";
+    }
     return quoted + "\"";
 }
 
@@ -199,7 +204,7 @@ std::string Hex(int word) {
 
 // Four digits each, equal ones in a row as "0000x500".
 std::string Told(const std::vector<int>& words, std::size_t from) {
-    std::string text = "==";
+    std::string text = from < words.size() ? "==" : "== nothing";
     for (std::size_t i = from; i < words.size();) {
         std::size_t end = i;
         while (end < words.size() && words[end] == words[i])
@@ -216,7 +221,8 @@ std::string ToldRun(const Assembly& assembly) {
     std::string text = "==";
     for (std::size_t i = 0; i < assembly.registers.size(); ++i)
         if (assembly.registers[i] != 0) text += " GR" + std::to_string(i) + "=" + Hex(assembly.registers[i]);
-    return text + assembly.flags;
+    text += assembly.flags;
+    return text == "==" ? "== nothing" : text;
 }
 
 // The tellings of each line, diagnostics first.
@@ -255,13 +261,15 @@ void AddDiagnostics(const Case& c, const Assembly& assembly, Found& found) {
 }
 
 Strings SourceOf(const Case& c) {
+    Strings shown = c.frame;
+    if (!shown.empty()) shown.at(PlaceOfLine(c)) = c.lines.at(1).shown;
+    for (std::size_t i = 1; i < c.lines.size() && c.frame.empty(); ++i)
+        shown.push_back(c.lines[i].shown);
     Strings source;
-    for (std::size_t i = 1; i < c.lines.size(); ++i)
-        source.push_back(Unescaped(c.lines[i].shown));
-    if (c.frame.empty()) return source;
-    Strings framed = c.frame;
-    framed.at(PlaceOfLine(c)) = source.at(0);
-    return framed;
+    for (const std::string& line : shown)
+        for (const std::string& part : Split(Unescaped(line) + "\n", '\n'))
+            source.push_back(part);
+    return source;
 }
 
 Found Happened(const Case& c, const char* pipeline, int language) {
