@@ -1,20 +1,20 @@
-// The catalogues of all rooms, row by row: both languages, the same arguments in both, sound tags, and a transcript
-// in which the row appears.
+// The catalogues of all rooms, row by row: both languages, the same arguments in both, sound tags, variants that make
+// a difference, and a book or a transcript in which the row appears.
 
-#include "Catalogues.h"
-#include "TextTools.h"
-#include "messages/Msg.h"
+#include "Assemble.h"
+#include "BookTest.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cctype>
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <map>
 #include <optional>
 #include <set>
+#include <sstream>
 #include <string>
-#include <tuple>
+#include <string_view>
 #include <vector>
 
 namespace tolvane::tests {
@@ -24,19 +24,7 @@ namespace {
 namespace fs = std::filesystem;
 
 const fs::path Tests = TOLVANE_TESTS;
-
-// The members of a catalogue are all rows, so that it can be read as an array.
-template <typename Catalogue> void Append(std::vector<Msg>& all, const Catalogue& catalogue) {
-    static_assert(sizeof(Catalogue) % sizeof(Msg) == 0);
-    for (const Msg& msg : std::bit_cast<std::array<Msg, sizeof(Catalogue) / sizeof(Msg)>>(catalogue))
-        all.push_back(msg);
-}
-
-std::vector<Msg> AllMessages() {
-    std::vector<Msg> all;
-    std::apply([&](const auto&... catalogue) { (Append(all, catalogue), ...); }, AllCatalogues);
-    return all;
-}
+constexpr Wording Wordings[] = {WordingNWW, WordingWP, WordingNA, WordingAP, WordingNH};
 
 // A text cut into its literal stretches and its tags; nothing for a brace without its partner.
 struct Pieces {
@@ -103,70 +91,109 @@ std::vector<Pair> PairsOf(const Msg& msg) {
     return pairs;
 }
 
-// Everything that the transcripts expect the program to say or to write.
-std::string AllExpectations() {
-    static const std::set<std::string> Stems = {"console", "opening", "closing", "assembled", "resultant"};
+std::string ReadText(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+std::string AllTranscripts() {
     std::string all;
-    for (const auto& entry : fs::recursive_directory_iterator(Tests / "transcripts")) {
-        const std::string name = entry.path().filename().string();
-        if (entry.is_regular_file() && Stems.count(name.substr(0, name.find('.'))) != 0) all += ReadFile(entry.path());
-    }
+    for (const auto& entry : fs::recursive_directory_iterator(Tests / "transcripts"))
+        if (entry.is_regular_file() && entry.path().extension() == ".txt") all += ReadText(entry.path());
     return all;
+}
+
+bool SameTexts(const Msg& x, const Msg& y) {
+    return std::all_of(std::begin(Wordings), std::end(Wordings), [&](Wording wording) {
+        const auto same = [&](int language) {
+            return std::string_view(x.For(language, wording)) == y.For(language, wording);
+        };
+        return same(0) && same(1);
+    });
+}
+
+// The names of rows must be those of a list: lines of a name, a tab and the reason why the row is there.
+void ExpectListed(const std::set<std::string>& rows, const char* list) {
+    std::istringstream in(ReadText(Tests / list));
+    std::set<std::string> listed;
+    for (std::string line; std::getline(in, line);) {
+        if (line.starts_with("#")) continue;
+        const std::size_t tab = line.find('\t');
+        EXPECT_LT(tab + 1, line.size()) << "no reason: " << line;
+        listed.insert(line.substr(0, tab));
+    }
+    for (const std::string& row : rows)
+        EXPECT_EQ(listed.count(row), 1U) << row << " is not in " << list;
+    for (const std::string& row : listed)
+        EXPECT_EQ(rows.count(row), 1U) << row << " is no longer needed in " << list;
 }
 
 } // namespace
 
 TEST(Catalogue, EveryTextIsThereAndItsTagsAreSound) {
-    for (const Msg& msg : AllMessages()) {
-        ASSERT_NE(msg.en, nullptr);
-        ASSERT_NE(msg.ja, nullptr) << msg.en;
-        for (const Pair& pair : PairsOf(msg)) {
+    for (const Msg* msg : AllRows()) {
+        for (const Pair& pair : PairsOf(*msg)) {
             for (const char* text : {pair.en, pair.ja}) {
+                ASSERT_NE(text, nullptr) << NameOf(*msg);
                 const auto pieces = Cut(text);
                 ASSERT_TRUE(pieces) << "a brace without its partner: " << text;
-                EXPECT_NE(*text, '\0') << "an empty text beside " << msg.en;
+                EXPECT_NE(*text, '\0') << NameOf(*msg) << " has an empty text";
                 for (const std::string& tag : pieces->tags)
-                    EXPECT_TRUE(IsSoundTag(tag)) << "{" << tag << "} " << text;
+                    EXPECT_TRUE(IsSoundTag(tag)) << NameOf(*msg) << ": {" << tag << "} " << text;
             }
         }
     }
 }
 
-// Rows whose languages show different things are listed in one-sided-arguments.txt.
+// Rows whose languages show different things are listed in one-sided.txt.
 TEST(Catalogue, BothLanguagesTakeTheSameArguments) {
-    auto excepted = ReadReasons(Tests / "one-sided-arguments.txt");
-    std::set<std::string> used;
-    for (const Msg& msg : AllMessages()) {
-        for (const Pair& pair : PairsOf(msg)) {
-            if (ArgumentsOf(pair.en) == ArgumentsOf(pair.ja)) continue;
-            const std::string stretch = StretchOf(pair.en);
-            EXPECT_EQ(excepted.count(stretch), 1U) << stretch << "\n" << pair.en << "\n" << pair.ja;
-            used.insert(stretch);
+    std::set<std::string> oneSided;
+    for (const Msg* msg : AllRows())
+        for (const Pair& pair : PairsOf(*msg))
+            if (ArgumentsOf(pair.en) != ArgumentsOf(pair.ja)) oneSided.insert(NameOf(*msg));
+    ExpectListed(oneSided, "one-sided.txt");
+}
+
+TEST(Catalogue, EveryVariantMakesADifference) {
+    for (const Msg* msg : AllRows()) {
+        unsigned taken[2] = {0, 0};
+        for (const Variant& variant : msg->variants) {
+            const char* const texts[2] = {variant.ja, variant.en};
+            const char* const base[2] = {msg->ja, msg->en};
+            for (const int language : {0, 1}) {
+                if (texts[language] == nullptr) continue;
+                EXPECT_STRNE(texts[language], base[language]) << NameOf(*msg) << " has a variant that is its base";
+                EXPECT_EQ(taken[language] & variant.wordings, 0U) << NameOf(*msg) << " has two variants of a wording";
+                taken[language] |= variant.wordings;
+            }
         }
-    }
-    for (const auto& [stretch, reason] : excepted) {
-        EXPECT_EQ(used.count(stretch), 1U) << "no longer needed in one-sided-arguments.txt: " << stretch;
-        EXPECT_NE(reason, "") << stretch;
     }
 }
 
-// Rows that no transcript can show are listed in unreached-messages.txt.
-TEST(Catalogue, EveryRowAppearsInATranscript) {
-    const std::string all = AllExpectations();
-    const auto appears = [&](const std::string& stretch) { return all.find(stretch) != std::string::npos; };
-    const auto listed = ReadReasons(Tests / "unreached-messages.txt");
+// Rows that are the same, in both languages and all wordings, as the row above are listed in same.txt.
+TEST(Catalogue, NoTwoRowsOfACatalogueAreTheSame) {
+    std::set<std::string> same;
+    const auto catalogueOf = [](const Msg& msg) { return NameOf(msg).substr(0, NameOf(msg).find('.')); };
+    for (auto x = AllRows().begin(); x != AllRows().end(); ++x)
+        for (auto y = x + 1; y != AllRows().end() && catalogueOf(**x) == catalogueOf(**y); ++y)
+            if (SameTexts(**x, **y)) same.insert(NameOf(**y));
+    ExpectListed(same, "same.txt");
+}
+
+// A row of the passes must be told in a book; others may appear in a transcript. The rest is listed in unreached.txt.
+TEST(Catalogue, EveryRowIsReached) {
+    const std::string transcripts = AllTranscripts();
+    const std::set<std::string> told = RowsOfBooks();
+    const auto appears = [&](const char* text) {
+        const std::string stretch = StretchOf(text);
+        return stretch.empty() || transcripts.find(stretch) != std::string::npos;
+    };
     std::set<std::string> unreached;
-    for (const Msg& msg : AllMessages()) {
-        const std::string en = StretchOf(msg.en);
-        if (!en.empty() && !appears(en) && !appears(StretchOf(msg.ja))) unreached.insert(en);
+    for (const Msg* msg : AllRows()) {
+        const bool shown = !msg->ofOperands && (appears(msg->en) || appears(msg->ja));
+        if (!shown && told.count(NameOf(*msg)) == 0) unreached.insert(NameOf(*msg));
     }
-    for (const std::string& stretch : unreached) {
-        EXPECT_EQ(listed.count(stretch), 1U) << "in no transcript and not listed: " << stretch;
-    }
-    for (const auto& [stretch, reason] : listed) {
-        EXPECT_EQ(unreached.count(stretch), 1U) << "no longer needed in unreached-messages.txt: " << stretch;
-        EXPECT_NE(reason, "") << stretch;
-    }
+    ExpectListed(unreached, "unreached.txt");
 }
 
 } // namespace tolvane::tests
