@@ -1,11 +1,11 @@
 // The case books: tests/books/*.book. README.md tells their form.
+
 #include "BookTest.h"
 
 #include "Assemble.h"
 #include "messages/Pipeline.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -19,13 +19,12 @@ namespace {
 namespace fs = std::filesystem;
 using Strings = std::vector<std::string>;
 
-const std::array<const char*, 7> PipelineNames = {"NWW", "NwW", "NaW", "WP", "NA", "AP", "NH"};
+constexpr std::array<const char*, 7> Names = {"NWW", "NwW", "NaW", "WP", "NA", "AP", "NH"};
 constexpr unsigned EveryPipeline = 0x7F;
 constexpr std::size_t TellingColumn = 32;
 constexpr std::size_t Width = 140;
 
-// What is told of a line, or of a whole case, in some of the pipelines: "--> E AddressMsg.HexTooLong" or "== 1210
-// 0000".
+// What is told of a line, or of a case, in some of the pipelines: "--> E AddressMsg.HexTooLong" or "== 1210 0000".
 struct Telling {
     unsigned pipelines = EveryPipeline;
     std::string text;
@@ -36,7 +35,7 @@ struct BookLine {
 };
 struct Case {
     Strings frame;         // of a line alone, which stands where the frame has "*"; empty for a whole source
-    bool run = false;      // what is good is run, and told by registers and flags instead of by its words
+    bool run = false;      // what is good is run, and told by its registers and flags instead of its words
     std::size_t begin = 0; // its lines in the book
     std::size_t end = 0;
     std::vector<BookLine> lines; // the first is no line, but the case as a whole
@@ -49,11 +48,6 @@ struct Book {
 
 // --- Reading a book
 
-std::string Trimmed(const std::string& text) {
-    const std::size_t begin = std::min(text.find_first_not_of(' '), text.size());
-    return text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
-}
-
 Strings Split(const std::string& text, char separator) {
     Strings parts;
     std::istringstream in(text);
@@ -62,77 +56,63 @@ Strings Split(const std::string& text, char separator) {
     return parts;
 }
 
+std::string WithoutBlanksBehind(const std::string& text) {
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
 // \t a tab, \s a blank, \n the end of a line, \\ a backslash, \rep{250}{x} a text many times.
 std::string Unescaped(const std::string& text) {
     std::string out;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text.compare(i, 5, "\\rep{") == 0) {
-            const std::size_t middle = text.find("}{", i);
-            const std::size_t end = text.find('}', middle + 2);
-            for (int n = std::stoi(text.substr(i + 5)); n > 0; --n)
-                out += Unescaped(text.substr(middle + 2, end - middle - 2));
-            i = end;
-        } else if (text[i] == '\\' && i + 1 < text.size()) {
-            const char next = text[++i];
-            out += next == 't' ? '\t' : next == 's' ? ' ' : next == 'n' ? '\n' : next;
-        } else {
+        if (text[i] != '\\') {
             out += text[i];
+        } else if (text.compare(i, 5, "\\rep{") == 0) {
+            const std::size_t part = text.find("}{", i) + 2;
+            const std::size_t end = text.find('}', part);
+            for (int n = std::stoi(text.substr(i + 5)); n > 0; --n)
+                out += Unescaped(text.substr(part, end - part));
+            i = end;
+        } else {
+            const char next = text.at(++i);
+            out += next == 't' ? '\t' : next == 's' ? ' ' : next == 'n' ? '\n' : next;
         }
     }
     return out;
 }
 
-// The place of the next "--> " or "== " behind a blank, in tellings outside of quotation marks; or the end.
-std::size_t FindMark(const std::string& text, std::size_t from, bool inTellings) {
-    bool quoted = false;
-    for (std::size_t i = from; i < text.size(); ++i) {
-        if (inTellings && text[i] == '\\') ++i;
-        if (inTellings && text[i] == '"') quoted = !quoted;
-        if (quoted || text[i] != ' ') continue;
-        if (text.compare(i + 1, 4, "--> ") == 0 || text.compare(i + 1, 3, "== ") == 0) return i + 1;
-    }
-    return text.size();
-}
-
-unsigned PipelinesOf(const std::string& tag) {
-    unsigned pipelines = 0;
-    for (const std::string& name : Split(tag, ' '))
-        for (std::size_t p = 0; p < PipelineNames.size(); ++p)
-            if (name == PipelineNames[p]) pipelines |= 1U << p;
-    return tag.starts_with("not ") ? EveryPipeline & ~pipelines : pipelines;
+// The place of the next "-->" or "==" between blanks; the end of the text if there is none.
+std::size_t FindMark(const std::string& text, std::size_t from) {
+    const std::size_t mark = std::min(text.find(" --> ", from), text.find(" == ", from));
+    return mark == std::string::npos ? text.size() : mark + 1;
 }
 
 // "--> [NH] E LinesMsg.NoRet 1": the mark, the pipelines, the words.
 Telling TellingOf(const std::string& text) {
-    const std::size_t words = text.find(' ') + 1;
-    if (text[words] != '[') return {EveryPipeline, text};
+    const std::size_t tag = text.find(' ') + 1;
+    if (text[tag] != '[') return {EveryPipeline, text};
     const std::size_t end = text.find(']');
-    return {PipelinesOf(text.substr(words + 1, end - words - 1)), text.substr(0, words) + text.substr(end + 2)};
+    unsigned pipelines = 0;
+    for (const std::string& name : Split(text.substr(tag + 1, end - tag - 1), ' '))
+        for (std::size_t p = 0; p < Names.size(); ++p)
+            if (name == Names[p]) pipelines |= 1U << p;
+    if (text.compare(tag, 5, "[not ") == 0) pipelines ^= EveryPipeline;
+    return {pipelines, text.substr(0, tag) + text.substr(end + 2)};
 }
 
-void ParseTellings(Case& c, const std::string& line, std::size_t mark) {
+void ParseLine(Case& c, const std::string& line) {
+    std::size_t mark = FindMark(line, 0);
+    const std::string shown = WithoutBlanksBehind(line.substr(0, mark));
+    if (!shown.empty()) c.lines.push_back({shown, {}});
     while (mark < line.size()) {
-        const std::size_t next = FindMark(line, mark, true);
-        const Telling telling = TellingOf(Trimmed(line.substr(mark, next - mark)));
+        const std::size_t next = FindMark(line, mark);
+        const Telling telling = TellingOf(WithoutBlanksBehind(line.substr(mark, next - mark)));
         const bool ofTheCase = c.frame.empty() && (telling.text.starts_with("==") || telling.text.starts_with("--> -"));
         (ofTheCase ? c.lines.front() : c.lines.back()).tellings.push_back(telling);
         mark = next;
     }
 }
 
-Strings ReadText(const fs::path& path) {
-    Strings text;
-    std::ifstream in(path);
-    for (std::string line; std::getline(in, line);) {
-        if (line.starts_with("  ") && Trimmed(line).starts_with("+ "))
-            text.back() += " " + Trimmed(line);
-        else
-            text.push_back(line);
-    }
-    return text;
-}
-
-// ":: MAIN START/*/ END" heads lines alone, "== words" a whole source; behind either, "run: ".
+// ":: MAIN START/*/ END" heads lines alone, "== words" a whole source; in either, "run: " may come first.
 Case HeadOf(const std::string& line) {
     Case head;
     head.run = line.compare(3, 5, "run: ") == 0;
@@ -142,24 +122,22 @@ Case HeadOf(const std::string& line) {
 }
 
 Book Parse(const fs::path& path) {
-    Book book{path, ReadText(path), {}};
+    Book book{path, {}, {}};
     std::optional<Case> head;
-    for (std::size_t i = 0; i < book.text.size(); ++i) {
-        const std::string& line = book.text[i];
+    std::ifstream in(path);
+    for (std::string line; std::getline(in, line); book.text.push_back(line)) {
         const bool isHead = line.starts_with(":: ") || line.starts_with("== ");
         if (isHead || line.empty() || line.starts_with("# ")) head.reset();
         if (isHead) head = HeadOf(line);
         if (!head) continue;
-        const std::size_t mark = FindMark(line, 0, false);
-        const std::string shown = isHead ? "" : line.substr(0, line.find_last_not_of(' ', mark - 1) + 1);
-        if (isHead ? line[0] == '=' : !head->frame.empty() && !shown.empty()) {
+        const bool alone = !head->frame.empty();
+        if (alone ? !isHead && !WithoutBlanksBehind(line.substr(0, FindMark(line, 0))).empty() : isHead) {
             book.cases.push_back(*head);
-            book.cases.back().begin = i;
+            book.cases.back().begin = book.text.size();
         }
         if (isHead) continue;
-        book.cases.back().end = i + 1;
-        if (!shown.empty()) book.cases.back().lines.push_back({shown, {}});
-        ParseTellings(book.cases.back(), line, mark);
+        ParseLine(book.cases.back(), line);
+        book.cases.back().end = book.text.size() + 1;
     }
     return book;
 }
@@ -176,15 +154,14 @@ std::vector<Book> AllBooks() {
 std::string Told(const Arg& arg) {
     if (arg.row != nullptr) return NameOf(*arg.row);
     if (arg.isNumber) return std::to_string(arg.number);
-    std::string quoted = "\"";
+    std::string text = "\"";
     for (std::size_t i = 0, end = 0; i < arg.text.size(); i = end) {
         end = std::min(arg.text.find_first_not_of(arg.text[i], i), arg.text.size());
         if (end - i < 10) end = i + 1;
-        const char c = arg.text[i];
-        const std::string shown = c == '"' || c == '\\' ? std::string("\\") + c : std::string(1, c);
-        quoted += end - i == 1 ? shown : "\\rep{" + std::to_string(end - i) + "}{" + shown + "}";
+        const std::string c(1, arg.text[i]);
+        text += end - i == 1 ? c : "\\rep{" + std::to_string(end - i) + "}{" + c + "}";
     }
-    return quoted + "\"";
+    return text + "\"";
 }
 
 std::string Told(const MsgRec& record) {
@@ -202,98 +179,86 @@ std::string Hex(int word) {
     return digits;
 }
 
-// Four digits each, equal ones in a row as "0000x500".
-std::string Told(const std::vector<int>& words, std::size_t from) {
-    std::string text = from < words.size() ? "==" : "== nothing";
-    for (std::size_t i = from; i < words.size();) {
-        std::size_t end = i;
+// Equal words in a row as "0000x500".
+std::string ToldWords(const std::vector<int>& words, std::size_t from) {
+    std::string text;
+    for (std::size_t i = from, end = from; i < words.size(); i = end) {
         while (end < words.size() && words[end] == words[i])
             ++end;
         if (end - i < 4) end = i + 1;
         text += " " + Hex(words[i]);
         if (end - i > 1) text += "x" + std::to_string(end - i);
-        i = end;
     }
     return text;
 }
 
 std::string ToldRun(const Assembly& assembly) {
-    std::string text = "==";
+    std::string text;
     for (std::size_t i = 0; i < assembly.registers.size(); ++i)
         if (assembly.registers[i] != 0) text += " GR" + std::to_string(i) + "=" + Hex(assembly.registers[i]);
-    text += assembly.flags;
-    return text == "==" ? "== nothing" : text;
+    return text + assembly.flags;
 }
 
-// The tellings of each line, diagnostics first.
+// The tellings of each line, "-->" first.
 using Found = std::vector<std::array<std::string, 2>>;
 
-std::size_t PlaceOfLine(const Case& c) {
-    return static_cast<std::size_t>(std::find(c.frame.begin(), c.frame.end(), "*") - c.frame.begin());
+int LineInFrame(const Case& c) {
+    return static_cast<int>(std::find(c.frame.begin(), c.frame.end(), "*") - c.frame.begin());
 }
 
-void AddDiagnostics(const Case& c, const Assembly& assembly, Found& found) {
-    const auto placeOf = [&](const MsgRec& record) -> std::size_t { // 0 for the case as a whole
-        if (!c.frame.empty()) return 1;
-        const auto line = static_cast<std::size_t>(record.place.line + 1);
-        return line < c.lines.size() ? line : 0;
-    };
-    const auto behind = [&](const MsgRec& x, const MsgRec& y) { return placeOf(x) - 1 > placeOf(y) - 1; };
-    const auto& said = assembly.said;
-    const bool inOrder = std::adjacent_find(said.begin(), said.end(), behind) == said.end();
+// Where a diagnostic is told: behind the line alone, or behind its line of a whole source, or (0) with the case.
+std::size_t PlaceOf(const MsgRec& record, const Case& c) {
+    const auto line = static_cast<std::size_t>(record.place.line + 1);
+    return !c.frame.empty() ? 1 : line < c.lines.size() ? line : 0;
+}
+
+void TellDiagnostics(const Case& c, const std::vector<MsgRec>& said, Found& found) {
+    const auto descends = [&](const MsgRec& x, const MsgRec& y) { return PlaceOf(x, c) - 1 > PlaceOf(y, c) - 1; };
+    const bool inOrder = std::adjacent_find(said.begin(), said.end(), descends) == said.end();
     for (std::size_t i = 0, end = 0; i < said.size(); i = end) {
-        const std::string text = Told(said[i]);
-        while (end < said.size() && Told(said[end]) == text && said[end].place.line == said[i].place.line)
-            ++end;
-        const std::size_t place = placeOf(said[i]);
         const int line = said[i].place.line;
-        const bool elsewhere = c.frame.empty() ? place == 0 : line != static_cast<int>(PlaceOfLine(c));
-        std::string& told = found[place][0];
+        const std::string words = Told(said[i]);
+        while (end < said.size() && Told(said[end]) == words && said[end].place.line == line)
+            ++end;
+        std::string& told = found[PlaceOf(said[i], c)][0];
         told += told.empty() ? "--> " : " + ";
         if (line < 0)
             told += "- ";
-        else if (elsewhere)
-            told += (place == 0 ? "-" : "") + std::string("@") + std::to_string(line + 1) + " ";
+        else if (!c.frame.empty() && line != LineInFrame(c))
+            told += "@" + std::to_string(line + 1) + " ";
         if (!inOrder) told += "#" + std::to_string(i + 1) + " ";
-        told += text;
+        told += words;
         if (end - i > 1) told += " x" + std::to_string(end - i);
     }
 }
 
 Strings SourceOf(const Case& c) {
-    Strings shown = c.frame;
-    if (!shown.empty()) shown.at(PlaceOfLine(c)) = c.lines.at(1).shown;
-    for (std::size_t i = 1; i < c.lines.size() && c.frame.empty(); ++i)
-        shown.push_back(c.lines[i].shown);
     Strings source;
-    for (const std::string& line : shown)
-        for (const std::string& part : Split(Unescaped(line) + "\n", '\n'))
-            source.push_back(part);
+    const auto add = [&](const std::string& shown) {
+        for (const std::string& line : Split(Unescaped(shown) + "\n", '\n'))
+            source.push_back(line);
+    };
+    for (const std::string& line : c.frame)
+        add(line == "*" ? c.lines.at(1).shown : line);
+    for (std::size_t i = 1; i < c.lines.size() && c.frame.empty(); ++i)
+        add(c.lines[i].shown);
     return source;
 }
 
 Found Happened(const Case& c, const char* pipeline, int language) {
-    const Assembly assembly =
-        Assemble(SourceOf(c), *FindPipeline(pipeline), language, c.run ? Then::Run : Then::Nothing);
+    const Assembly a = Assemble(SourceOf(c), *FindPipeline(pipeline), language, c.run ? Then::Run : Then::Nothing);
+    EXPECT_TRUE(a.good || a.counters[0] > 0) << pipeline << " stops without an Error:\n" << a.printed;
+    EXPECT_TRUE(a.composes) << "a diagnostic of " << pipeline << " has no text in language " << language;
     Found found(c.lines.size());
-    AddDiagnostics(c, assembly, found);
-    if (assembly.good) {
-        const std::size_t from = c.frame.empty() ? 0 : static_cast<std::size_t>(assembly.addresses[PlaceOfLine(c)]);
-        found[c.frame.empty() ? 0 : 1][1] = c.run ? ToldRun(assembly) : Told(assembly.words, from);
-    }
-    EXPECT_TRUE(assembly.good || assembly.counters[0] > 0) << pipeline << " stops without an Error";
-    EXPECT_TRUE(assembly.composes) << "no text for a diagnostic in language " << language << " of " << pipeline;
+    TellDiagnostics(c, a.said, found);
+    if (!a.good) return found;
+    const int from = c.frame.empty() ? 0 : a.addresses[static_cast<std::size_t>(LineInFrame(c))];
+    const std::string result = c.run ? ToldRun(a) : ToldWords(a.words, static_cast<std::size_t>(from));
+    found[c.frame.empty() ? 0 : 1][1] = "==" + (result.empty() ? " nothing" : result);
     return found;
 }
 
 // --- Comparing
-
-std::string Shown(const Case& c, const Found& found) {
-    std::string text;
-    for (std::size_t i = 0; i < found.size(); ++i)
-        text += c.lines[i].shown + "  " + found[i][0] + "  " + found[i][1] + "\n";
-    return text;
-}
 
 Found Expected(const Case& c, std::size_t pipeline) {
     Found expected(c.lines.size());
@@ -303,14 +268,21 @@ Found Expected(const Case& c, std::size_t pipeline) {
     return expected;
 }
 
+std::string Shown(const Case& c, const Found& found) {
+    std::string text;
+    for (std::size_t i = 0; i < found.size(); ++i)
+        text += c.lines[i].shown + "  " + found[i][0] + "  " + found[i][1] + "\n";
+    return text;
+}
+
 class BookCase : public testing::Test {
 public:
-    explicit BookCase(const Case& shown) : c(shown) {}
+    explicit BookCase(const Case& told) : c(told) {}
     void TestBody() override {
-        for (std::size_t p = 0; p < PipelineNames.size(); ++p) {
-            const Found found = Happened(c, PipelineNames[p], 1);
-            EXPECT_EQ(Shown(c, Expected(c, p)), Shown(c, found)) << PipelineNames[p];
-            EXPECT_EQ(found, Happened(c, PipelineNames[p], 0)) << PipelineNames[p] << " says other rows in Japanese";
+        for (std::size_t p = 0; p < Names.size(); ++p) {
+            const Found found = Happened(c, Names[p], 1);
+            EXPECT_EQ(Shown(c, Expected(c, p)), Shown(c, found)) << Names[p];
+            EXPECT_EQ(found, Happened(c, Names[p], 0)) << Names[p] << " says other rows in Japanese";
         }
     }
 
@@ -323,84 +295,68 @@ private:
 std::string TagOf(unsigned pipelines) {
     std::string in;
     std::string out;
-    for (std::size_t p = 0; p < PipelineNames.size(); ++p)
-        ((pipelines >> p & 1U) != 0 ? in : out) += std::string(" ") + PipelineNames[p];
-    if (out.empty()) return "";
-    return (out.size() + 3 < in.size() ? "[not" + out : "[" + in.substr(1)) + "] ";
+    for (std::size_t p = 0; p < Names.size(); ++p)
+        ((pipelines >> p & 1U) != 0 ? in : out) += std::string(" ") + Names[p];
+    if (out.empty()) return " ";
+    return out.size() + 3 < in.size() ? " [not" + out + "] " : " [" + in.substr(1) + "] ";
 }
 
-Strings TellingsOf(const std::vector<Found>& all, std::size_t line) {
+// The tellings of a line of either kind, those of several pipelines joined.
+Strings Joined(const std::vector<Found>& all, std::size_t line, std::size_t kind) {
     Strings tellings;
-    for (const std::size_t kind : {1U, 0U}) {
-        std::vector<std::pair<std::string, unsigned>> seen;
-        for (std::size_t p = 0; p < all.size(); ++p) {
-            const std::string& text = all[p][line][kind];
-            const auto known = std::find_if(seen.begin(), seen.end(), [&](const auto& s) { return s.first == text; });
-            if (known != seen.end())
-                known->second |= 1U << p;
-            else
-                seen.emplace_back(text, 1U << p);
-        }
-        for (const auto& [text, pipelines] : seen)
-            if (!text.empty()) tellings.push_back(text.substr(0, 4 - kind) + TagOf(pipelines) + text.substr(4 - kind));
+    for (std::size_t p = 0; p < all.size(); ++p) {
+        const std::string& text = all[p][line][kind];
+        unsigned same = 0;
+        for (std::size_t q = 0; q < all.size(); ++q)
+            same |= (all[q][line][kind] == text ? 1U : 0U) << q;
+        const bool told = (same & ((1U << p) - 1)) != 0;
+        const std::size_t words = text.find(' ');
+        if (!text.empty() && !told) tellings.push_back(text.substr(0, words) + TagOf(same) + text.substr(words + 1));
     }
     return tellings;
 }
 
-// The line and its tellings, broken between tellings and in front of "+".
-void Append(Strings& text, std::string line, const Strings& tellings) {
-    for (std::string telling : tellings) {
-        line.resize(std::max(line.size() + 1, TellingColumn), ' ');
-        if (line.size() + telling.size() > Width && !Trimmed(line).empty() && line.size() > TellingColumn) {
-            text.push_back(line.substr(0, line.find_last_not_of(' ') + 1));
-            line = std::string(TellingColumn, ' ');
-        }
-        while (line.size() + telling.size() > Width && telling.find(" + ") != std::string::npos) {
-            const std::size_t room = Width > line.size() ? Width - line.size() : 0;
-            const std::size_t last = telling.rfind(" + ", room);
-            const std::size_t plus = last != std::string::npos ? last : telling.find(" + ");
-            text.push_back(line + telling.substr(0, plus));
-            line = std::string(TellingColumn, ' ') + "  ";
-            telling.erase(0, plus + 1);
-            if (telling.find(" + ", 1) == std::string::npos) break;
-        }
-        line += telling;
-    }
-    if (!line.empty()) text.push_back(line);
-}
-
-void Rewrite(Book book) {
-    for (auto c = book.cases.rbegin(); c != book.cases.rend(); ++c) {
-        std::vector<Found> all;
-        for (const char* pipeline : PipelineNames)
-            all.push_back(Happened(*c, pipeline, 1));
-        Strings text;
-        if (c->frame.empty()) text.push_back(book.text[c->begin]);
-        for (std::size_t i = 1; i < c->lines.size(); ++i)
-            Append(text, c->lines[i].shown, TellingsOf(all, i));
-        Append(text, "", TellingsOf(all, 0));
-        const auto begin = book.text.begin();
-        const auto at =
-            book.text.erase(begin + static_cast<std::ptrdiff_t>(c->begin), begin + static_cast<std::ptrdiff_t>(c->end));
-        book.text.insert(at, text.begin(), text.end());
-    }
+void Rewrite(const Book& book) {
     std::ofstream out(book.path);
-    for (const std::string& line : book.text)
-        out << line << "\n";
+    std::size_t written = 0;
+    const auto copyTo = [&](std::size_t end) {
+        while (written < end)
+            out << book.text[written++] << "\n";
+    };
+    for (const Case& c : book.cases) {
+        copyTo(c.begin + (c.frame.empty() ? 1 : 0));
+        std::vector<Found> all;
+        for (const char* pipeline : Names)
+            all.push_back(Happened(c, pipeline, 1));
+        for (std::size_t i = 1; i <= c.lines.size(); ++i) { // the case as a whole comes last
+            const std::size_t at = i % c.lines.size();
+            std::string line = c.lines[at].shown;
+            for (const std::size_t kind : {1U, 0U})
+                for (const std::string& telling : Joined(all, at, kind)) {
+                    line.resize(std::max(line.size() + 1, TellingColumn), ' ');
+                    if (line.size() > TellingColumn && line.size() + telling.size() > Width) {
+                        out << WithoutBlanksBehind(line) << "\n";
+                        line.assign(TellingColumn, ' ');
+                    }
+                    line += telling;
+                }
+            if (!line.empty()) out << line << "\n";
+        }
+        written = c.end;
+    }
+    copyTo(book.text.size());
 }
 
 } // namespace
 
 void RegisterBooks(bool rewrite) {
-    for (const Book& book : AllBooks()) {
-        if (rewrite) Rewrite(book);
-        const Book read = rewrite ? Parse(book.path) : book;
-        for (const Case& c : read.cases) {
-            testing::RegisterTest(book.path.stem().c_str(), std::to_string(c.begin + 1).c_str(), nullptr, nullptr,
-                                  book.path.c_str(), static_cast<int>(c.begin + 1),
-                                  [c]() -> testing::Test* { return new BookCase(c); });
+    if (rewrite) std::ranges::for_each(AllBooks(), Rewrite);
+    for (const Book& book : AllBooks())
+        for (const Case& c : book.cases) {
+            const int line = static_cast<int>(c.begin) + 1;
+            testing::RegisterTest(book.path.stem().c_str(), std::to_string(line).c_str(), nullptr, nullptr,
+                                  book.path.c_str(), line, [c]() -> testing::Test* { return new BookCase(c); });
         }
-    }
 }
 
 std::set<std::string> RowsOfBooks() {

@@ -170,14 +170,14 @@ TEST(Catalogue, EveryVariantMakesADifference) {
     }
 }
 
-// Rows that are the same, in both languages and all wordings, as the row above are listed in same.txt.
+// The dumps before and after a run are announced alike.
 TEST(Catalogue, NoTwoRowsOfACatalogueAreTheSame) {
     std::set<std::string> same;
     const auto catalogueOf = [](const Msg& msg) { return NameOf(msg).substr(0, NameOf(msg).find('.')); };
     for (auto x = AllRows().begin(); x != AllRows().end(); ++x)
         for (auto y = x + 1; y != AllRows().end() && catalogueOf(**x) == catalogueOf(**y); ++y)
             if (SameTexts(**x, **y)) same.insert(NameOf(**y));
-    ExpectListed(same, "same.txt");
+    EXPECT_EQ(same, std::set<std::string>{"DriverMsg.ResultantDump"});
 }
 
 // A row of the passes must be told in a book; others may appear in a transcript. The rest is listed in unreached.txt.
