@@ -24,21 +24,18 @@ constexpr unsigned EveryPipeline = 0x7F;
 constexpr std::size_t TellingColumn = 32;
 constexpr std::size_t Width = 140;
 
-// What is told of a line, or of a case, in some of the pipelines: "--> E AddressMsg.HexTooLong" or "== 1210 0000".
+// What is told of a case in some of the pipelines: "--> E AddressMsg.HexTooLong" or "== 1210 0000".
 struct Telling {
     unsigned pipelines = EveryPipeline;
     std::string text;
-};
-struct BookLine {
-    std::string shown; // the source as the book has it
-    std::vector<Telling> tellings;
 };
 struct Case {
     Strings frame;         // of a line alone, which stands where the frame has "*"; empty for a whole source
     bool run = false;      // what is good is run, and told by its registers and flags instead of its words
     std::size_t begin = 0; // its lines in the book
     std::size_t end = 0;
-    std::vector<BookLine> lines; // the first is no line, but the case as a whole
+    Strings source; // as the book has it
+    std::vector<Telling> tellings;
 };
 struct Book {
     fs::path path;
@@ -101,13 +98,11 @@ Telling TellingOf(const std::string& text) {
 
 void ParseLine(Case& c, const std::string& line) {
     std::size_t mark = FindMark(line, 0);
-    const std::string shown = WithoutBlanksBehind(line.substr(0, mark));
-    if (!shown.empty()) c.lines.push_back({shown, {}});
+    const std::string source = WithoutBlanksBehind(line.substr(0, mark));
+    if (!source.empty()) c.source.push_back(source);
     while (mark < line.size()) {
         const std::size_t next = FindMark(line, mark);
-        const Telling telling = TellingOf(WithoutBlanksBehind(line.substr(mark, next - mark)));
-        const bool ofTheCase = c.frame.empty() && (telling.text.starts_with("==") || telling.text.starts_with("--> -"));
-        (ofTheCase ? c.lines.front() : c.lines.back()).tellings.push_back(telling);
+        c.tellings.push_back(TellingOf(WithoutBlanksBehind(line.substr(mark, next - mark))));
         mark = next;
     }
 }
@@ -117,7 +112,6 @@ Case HeadOf(const std::string& line) {
     Case head;
     head.run = line.compare(3, 5, "run: ") == 0;
     if (line[0] == ':') head.frame = Split(line.substr(head.run ? 8 : 3), '/');
-    head.lines.resize(1);
     return head;
 }
 
@@ -199,49 +193,36 @@ std::string ToldRun(const Assembly& assembly) {
     return text + assembly.flags;
 }
 
-// The tellings of each line, "-->" first.
-using Found = std::vector<std::array<std::string, 2>>;
+// What is told of a case in one pipeline: the diagnostics, the result.
+using Found = std::array<std::string, 2>;
 
 int LineInFrame(const Case& c) {
     return static_cast<int>(std::find(c.frame.begin(), c.frame.end(), "*") - c.frame.begin());
 }
 
-// Where a diagnostic is told: behind the line alone, or behind its line of a whole source, or (0) with the case.
-std::size_t PlaceOf(const MsgRec& record, const Case& c) {
-    const auto line = static_cast<std::size_t>(record.place.line + 1);
-    return !c.frame.empty() ? 1 : line < c.lines.size() ? line : 0;
-}
-
-void TellDiagnostics(const Case& c, const std::vector<MsgRec>& said, Found& found) {
-    const auto descends = [&](const MsgRec& x, const MsgRec& y) { return PlaceOf(x, c) - 1 > PlaceOf(y, c) - 1; };
-    const bool inOrder = std::adjacent_find(said.begin(), said.end(), descends) == said.end();
+std::string ToldDiagnostics(const Case& c, const std::vector<MsgRec>& said) {
+    std::string text;
     for (std::size_t i = 0, end = 0; i < said.size(); i = end) {
         const int line = said[i].place.line;
         const std::string words = Told(said[i]);
         while (end < said.size() && Told(said[end]) == words && said[end].place.line == line)
             ++end;
-        std::string& told = found[PlaceOf(said[i], c)][0];
-        told += told.empty() ? "--> " : " + ";
+        text += text.empty() ? "--> " : " + ";
         if (line < 0)
-            told += "- ";
-        else if (!c.frame.empty() && line != LineInFrame(c))
-            told += "@" + std::to_string(line + 1) + " ";
-        if (!inOrder) told += "#" + std::to_string(i + 1) + " ";
-        told += words;
-        if (end - i > 1) told += " x" + std::to_string(end - i);
+            text += "- ";
+        else if (c.frame.empty() || line != LineInFrame(c))
+            text += "@" + std::to_string(line + 1) + " ";
+        text += words;
+        if (end - i > 1) text += " x" + std::to_string(end - i);
     }
+    return text;
 }
 
 Strings SourceOf(const Case& c) {
     Strings source;
-    const auto add = [&](const std::string& shown) {
-        for (const std::string& line : Split(Unescaped(shown) + "\n", '\n'))
-            source.push_back(line);
-    };
-    for (const std::string& line : c.frame)
-        add(line == "*" ? c.lines.at(1).shown : line);
-    for (std::size_t i = 1; i < c.lines.size() && c.frame.empty(); ++i)
-        add(c.lines[i].shown);
+    for (const std::string& line : c.frame.empty() ? c.source : c.frame)
+        for (const std::string& part : Split(Unescaped(line == "*" ? c.source.at(0) : line) + "\n", '\n'))
+            source.push_back(part);
     return source;
 }
 
@@ -249,30 +230,20 @@ Found Happened(const Case& c, const char* pipeline, int language) {
     const Assembly a = Assemble(SourceOf(c), *FindPipeline(pipeline), language, c.run ? Then::Run : Then::Nothing);
     EXPECT_TRUE(a.good || a.counters[0] > 0) << pipeline << " stops without an Error:\n" << a.printed;
     EXPECT_TRUE(a.composes) << "a diagnostic of " << pipeline << " has no text in language " << language;
-    Found found(c.lines.size());
-    TellDiagnostics(c, a.said, found);
-    if (!a.good) return found;
+    const std::string said = ToldDiagnostics(c, a.said);
+    if (!a.good) return {said, ""};
     const int from = c.frame.empty() ? 0 : a.addresses[static_cast<std::size_t>(LineInFrame(c))];
     const std::string result = c.run ? ToldRun(a) : ToldWords(a.words, static_cast<std::size_t>(from));
-    found[c.frame.empty() ? 0 : 1][1] = "==" + (result.empty() ? " nothing" : result);
-    return found;
+    return {said, "==" + (result.empty() ? " nothing" : result)};
 }
 
 // --- Comparing
 
 Found Expected(const Case& c, std::size_t pipeline) {
-    Found expected(c.lines.size());
-    for (std::size_t i = 0; i < c.lines.size(); ++i)
-        for (const Telling& telling : c.lines[i].tellings)
-            if ((telling.pipelines >> pipeline & 1U) != 0) expected[i][telling.text[0] == '='] += telling.text;
+    Found expected;
+    for (const Telling& telling : c.tellings)
+        if ((telling.pipelines >> pipeline & 1U) != 0) expected[telling.text[0] == '='] += telling.text;
     return expected;
-}
-
-std::string Shown(const Case& c, const Found& found) {
-    std::string text;
-    for (std::size_t i = 0; i < found.size(); ++i)
-        text += c.lines[i].shown + "  " + found[i][0] + "  " + found[i][1] + "\n";
-    return text;
 }
 
 class BookCase : public testing::Test {
@@ -281,7 +252,7 @@ public:
     void TestBody() override {
         for (std::size_t p = 0; p < Names.size(); ++p) {
             const Found found = Happened(c, Names[p], 1);
-            EXPECT_EQ(Shown(c, Expected(c, p)), Shown(c, found)) << Names[p];
+            EXPECT_EQ(Expected(c, p), found) << Names[p] << ": " << c.source[0];
             EXPECT_EQ(found, Happened(c, Names[p], 0)) << Names[p] << " says other rows in Japanese";
         }
     }
@@ -301,18 +272,20 @@ std::string TagOf(unsigned pipelines) {
     return out.size() + 3 < in.size() ? " [not" + out + "] " : " [" + in.substr(1) + "] ";
 }
 
-// The tellings of a line of either kind, those of several pipelines joined.
-Strings Joined(const std::vector<Found>& all, std::size_t line, std::size_t kind) {
+// The tellings of all pipelines, the results first.
+Strings Joined(const std::vector<Found>& all) {
     Strings tellings;
-    for (std::size_t p = 0; p < all.size(); ++p) {
-        const std::string& text = all[p][line][kind];
-        unsigned same = 0;
-        for (std::size_t q = 0; q < all.size(); ++q)
-            same |= (all[q][line][kind] == text ? 1U : 0U) << q;
-        const bool told = (same & ((1U << p) - 1)) != 0;
-        const std::size_t words = text.find(' ');
-        if (!text.empty() && !told) tellings.push_back(text.substr(0, words) + TagOf(same) + text.substr(words + 1));
-    }
+    for (const std::size_t kind : {1U, 0U})
+        for (std::size_t p = 0; p < all.size(); ++p) {
+            const std::string& text = all[p][kind];
+            unsigned same = 0;
+            for (std::size_t q = 0; q < all.size(); ++q)
+                same |= (all[q][kind] == text ? 1U : 0U) << q;
+            const std::size_t words = text.find(' ');
+            const bool first = (same & ((1U << p) - 1)) == 0;
+            if (first && !text.empty())
+                tellings.push_back(text.substr(0, words) + TagOf(same) + text.substr(words + 1));
+        }
     return tellings;
 }
 
@@ -328,20 +301,18 @@ void Rewrite(const Book& book) {
         std::vector<Found> all;
         for (const char* pipeline : Names)
             all.push_back(Happened(c, pipeline, 1));
-        for (std::size_t i = 1; i <= c.lines.size(); ++i) { // the case as a whole comes last
-            const std::size_t at = i % c.lines.size();
-            std::string line = c.lines[at].shown;
-            for (const std::size_t kind : {1U, 0U})
-                for (const std::string& telling : Joined(all, at, kind)) {
-                    line.resize(std::max(line.size() + 1, TellingColumn), ' ');
-                    if (line.size() > TellingColumn && line.size() + telling.size() > Width) {
-                        out << WithoutBlanksBehind(line) << "\n";
-                        line.assign(TellingColumn, ' ');
-                    }
-                    line += telling;
-                }
-            if (!line.empty()) out << line << "\n";
+        for (std::size_t i = 0; i < c.source.size() && c.frame.empty(); ++i)
+            out << c.source[i] << "\n";
+        std::string line = c.frame.empty() ? "" : c.source[0];
+        for (const std::string& telling : Joined(all)) {
+            line.resize(std::max(line.size() + 1, TellingColumn), ' ');
+            if (line.size() > TellingColumn && line.size() + telling.size() > Width) {
+                out << WithoutBlanksBehind(line) << "\n";
+                line.assign(TellingColumn, ' ');
+            }
+            line += telling;
         }
+        out << line << "\n";
         written = c.end;
     }
     copyTo(book.text.size());
@@ -363,10 +334,9 @@ std::set<std::string> RowsOfBooks() {
     std::set<std::string> rows;
     for (const Book& book : AllBooks())
         for (const Case& c : book.cases)
-            for (const BookLine& line : c.lines)
-                for (const Telling& telling : line.tellings)
-                    for (const std::string& word : Split(telling.text, ' '))
-                        rows.insert(word);
+            for (const Telling& telling : c.tellings)
+                for (const std::string& word : Split(telling.text, ' '))
+                    rows.insert(word);
     return rows;
 }
 
