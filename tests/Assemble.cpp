@@ -65,6 +65,7 @@ const Names& AllNames() {
 } // namespace
 
 Assembly Assemble(const std::vector<std::string>& lines, const Pipeline& pipeline, int language, Then then) {
+    const TModeFlags before = *modeFlags;
     Assembly result;
     TMsgBase game;
     console::WriteTo(&result.printed);
@@ -82,6 +83,7 @@ Assembly Assemble(const std::vector<std::string>& lines, const Pipeline& pipelin
     result.said = store->Records;
     for (const MsgRec& record : result.said)
         result.composes = result.composes && !record.Lines().empty();
+    *modeFlags = before;
     return result;
 }
 
