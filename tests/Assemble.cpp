@@ -81,8 +81,11 @@ Assembly Assemble(const std::vector<std::string>& lines, const Pipeline& pipelin
     console::WriteTo(nullptr);
     result.counters = {game.ErrorKazu, game.WarningKazu, game.NoteKazu, game.MemoKazu};
     result.said = store->Records;
-    for (const MsgRec& record : result.said)
-        result.composes = result.composes && !record.Lines().empty();
+    for (const int each : {0, 1}) {
+        modeFlags->Lang = each;
+        for (const MsgRec& record : result.said)
+            result.composes = result.composes && !record.Lines().empty();
+    }
     *modeFlags = before;
     return result;
 }

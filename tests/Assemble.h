@@ -22,7 +22,7 @@ struct Assembly {
     std::vector<int> registers;    // GR0 to GR7 behind a run
     std::string flags;             // " OF", " SF", " ZF" behind a run, those that are on
     std::string printed;           // on the console
-    bool composes = true;          // every diagnostic has text in the language of the assembly
+    bool composes = true;          // every diagnostic has text in both languages
 };
 
 enum class Then { Nothing, Run };

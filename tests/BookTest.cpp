@@ -229,7 +229,7 @@ Strings SourceOf(const Case& c) {
 Found Happened(const Case& c, const char* pipeline, int language) {
     const Assembly a = Assemble(SourceOf(c), *FindPipeline(pipeline), language, c.run ? Then::Run : Then::Nothing);
     EXPECT_TRUE(a.good || a.counters[0] > 0) << pipeline << " stops without an Error:\n" << a.printed;
-    EXPECT_TRUE(a.composes) << "a diagnostic of " << pipeline << " has no text in language " << language;
+    EXPECT_TRUE(a.composes) << "a diagnostic of " << pipeline << " has no text in a language";
     const std::string said = ToldDiagnostics(c, a.said);
     if (!a.good) return {said, ""};
     const int from = c.frame.empty() ? 0 : a.addresses[static_cast<std::size_t>(LineInFrame(c))];
@@ -253,6 +253,8 @@ public:
         for (std::size_t p = 0; p < Names.size(); ++p) {
             const Found found = Happened(c, Names[p], 1);
             EXPECT_EQ(Expected(c, p), found) << Names[p] << ": " << c.source[0];
+            // Records know no language, so that one pipeline of either analysis shows it.
+            if (p + 2 < Names.size()) continue;
             EXPECT_EQ(found, Happened(c, Names[p], 0)) << Names[p] << " says other rows in Japanese";
         }
     }
