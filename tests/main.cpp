@@ -1,6 +1,7 @@
-// The tests: unit tests and one test for each run of a transcript case. With --rewrite (or TOLVANE_REWRITE=1) the
-// transcripts' expectations are written from what appeared instead of compared with it.
+// The tests: unit tests, one test for each case of a book and one for each transcript. With --rewrite (or
+// TOLVANE_REWRITE=1) the expectations are written from what happened instead of compared with it.
 
+#include "BookTest.h"
 #include "TranscriptTest.h"
 
 #include <csignal>
@@ -16,6 +17,7 @@ int main(int argc, char** argv) {
         if (std::string(argv[i]) == "--rewrite") rewrite = true;
     }
     std::signal(SIGPIPE, SIG_IGN);
+    tolvane::tests::RegisterBooks(rewrite);
     tolvane::tests::RegisterTranscripts(rewrite);
     return RUN_ALL_TESTS();
 }

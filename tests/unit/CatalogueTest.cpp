@@ -1,20 +1,17 @@
-// The catalogues of all rooms, row by row: both languages, the same arguments in both, sound tags, and a transcript
-// in which the row appears.
+// The catalogues of all rooms, row by row: both languages, the same arguments in both, sound tags, variants that make
+// a difference, and a book or a transcript in which the row appears.
 
-#include "Catalogues.h"
-#include "TextTools.h"
-#include "messages/Msg.h"
+#include "Assemble.h"
+#include "BookTest.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
-#include <cctype>
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
-#include <optional>
+#include <regex>
 #include <set>
+#include <sstream>
 #include <string>
-#include <tuple>
 #include <vector>
 
 namespace tolvane::tests {
@@ -24,63 +21,26 @@ namespace {
 namespace fs = std::filesystem;
 
 const fs::path Tests = TOLVANE_TESTS;
+constexpr Wording Wordings[] = {WordingNWW, WordingWP, WordingNA, WordingAP, WordingNH};
 
-// The members of a catalogue are all rows, so that it can be read as an array.
-template <typename Catalogue> void Append(std::vector<Msg>& all, const Catalogue& catalogue) {
-    static_assert(sizeof(Catalogue) % sizeof(Msg) == 0);
-    for (const Msg& msg : std::bit_cast<std::array<Msg, sizeof(Catalogue) / sizeof(Msg)>>(catalogue))
-        all.push_back(msg);
+// The text with a line end for each of its tags; braces are left where a tag is not sound.
+std::string WithoutTags(const std::string& text) {
+    static const std::regex Tag(R"(\{(prefix|line|atline|const|atconst|nr|k|\d(q|o|x|x4)?)\})");
+    return std::regex_replace(text, Tag, "\n");
 }
 
-std::vector<Msg> AllMessages() {
-    std::vector<Msg> all;
-    std::apply([&](const auto&... catalogue) { (Append(all, catalogue), ...); }, AllCatalogues);
-    return all;
-}
-
-// A text cut into its literal stretches and its tags; nothing for a brace without its partner.
-struct Pieces {
-    std::vector<std::string> stretches;
-    std::vector<std::string> tags;
-};
-
-std::optional<Pieces> Cut(const std::string& text) {
-    Pieces pieces;
-    std::size_t begin = 0;
-    while (begin <= text.size()) {
-        const std::size_t stop = std::min(text.find_first_of("{}\n", begin), text.size());
-        pieces.stretches.push_back(text.substr(begin, stop - begin));
-        begin = stop + 1;
-        if (stop == text.size() || text[stop] == '\n') continue;
-        const std::size_t end = text.find_first_of("{}", begin);
-        if (text[stop] == '}' || end == std::string::npos || text[end] == '{') return std::nullopt;
-        pieces.tags.push_back(text.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    return pieces;
-}
-
-bool IsSoundTag(const std::string& tag) {
-    static const std::set<std::string> Names = {"prefix", "line", "atline", "const", "atconst", "nr", "k"};
-    static const std::set<std::string> Forms = {"", "q", "o", "x", "x4"};
-    if (Names.count(tag) != 0) return true;
-    return !tag.empty() && std::isdigit(static_cast<unsigned char>(tag[0])) != 0 && Forms.count(tag.substr(1)) != 0;
-}
-
-std::set<char> ArgumentsOf(const char* text) {
+std::set<char> ArgumentsOf(const std::string& text) {
     std::set<char> numbers;
-    if (const auto pieces = Cut(text)) {
-        for (const std::string& tag : pieces->tags) {
-            if (!tag.empty() && std::isdigit(static_cast<unsigned char>(tag[0])) != 0) numbers.insert(tag[0]);
-        }
-    }
+    for (std::size_t i = text.find('{'); i < text.size(); i = text.find('{', i + 1))
+        if ('0' <= text[i + 1] && text[i + 1] <= '9') numbers.insert(text[i + 1]);
     return numbers;
 }
 
 // What a row is known by: its longest literal stretch, without blanks at its ends.
-std::string StretchOf(const char* text) {
+std::string StretchOf(const std::string& text) {
     std::string longest;
-    for (std::string stretch : Cut(text).value_or(Pieces()).stretches) {
+    std::istringstream in(WithoutTags(text));
+    for (std::string stretch; std::getline(in, stretch);) {
         stretch.erase(0, std::min(stretch.find_first_not_of(" \t"), stretch.size()));
         stretch.erase(stretch.find_last_not_of(" \t") + 1);
         if (stretch.size() > longest.size()) longest = stretch;
@@ -88,85 +48,98 @@ std::string StretchOf(const char* text) {
     return longest;
 }
 
-// The texts of a row in pairs, Japanese taking the base text where a variant has only English, and the other way.
-struct Pair {
-    const char* en;
-    const char* ja;
-};
-
-std::vector<Pair> PairsOf(const Msg& msg) {
-    std::vector<Pair> pairs = {{msg.en, msg.ja}};
-    for (const Variant& v : msg.variants) {
-        if (v.wordings == 0) continue;
-        pairs.push_back({v.en != nullptr ? v.en : msg.en, v.ja != nullptr ? v.ja : msg.ja});
-    }
-    return pairs;
+std::string ReadText(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-// Everything that the transcripts expect the program to say or to write.
-std::string AllExpectations() {
-    static const std::set<std::string> Stems = {"console", "opening", "closing", "assembled", "resultant"};
+std::string AllTranscripts() {
     std::string all;
-    for (const auto& entry : fs::recursive_directory_iterator(Tests / "transcripts")) {
-        const std::string name = entry.path().filename().string();
-        if (entry.is_regular_file() && Stems.count(name.substr(0, name.find('.'))) != 0) all += ReadFile(entry.path());
-    }
+    for (const auto& entry : fs::recursive_directory_iterator(Tests / "transcripts"))
+        if (entry.is_regular_file() && entry.path().extension() == ".txt") all += ReadText(entry.path());
     return all;
+}
+
+// The names of rows must be those of a list: lines of a name, a tab and the reason why the row is there.
+void ExpectListed(const std::set<std::string>& rows, const char* list) {
+    std::istringstream in(ReadText(Tests / list));
+    std::set<std::string> listed;
+    for (std::string line; std::getline(in, line);) {
+        if (line.starts_with("#")) continue;
+        const std::size_t tab = line.find('\t');
+        EXPECT_LT(tab, line.size() - 1) << "no reason: " << line;
+        listed.insert(line.substr(0, tab));
+    }
+    for (const std::string& row : rows)
+        EXPECT_EQ(listed.count(row), 1U) << row << " is not in " << list;
+    for (const std::string& row : listed)
+        EXPECT_EQ(rows.count(row), 1U) << row << " is no longer needed in " << list;
 }
 
 } // namespace
 
 TEST(Catalogue, EveryTextIsThereAndItsTagsAreSound) {
-    for (const Msg& msg : AllMessages()) {
-        ASSERT_NE(msg.en, nullptr);
-        ASSERT_NE(msg.ja, nullptr) << msg.en;
-        for (const Pair& pair : PairsOf(msg)) {
-            for (const char* text : {pair.en, pair.ja}) {
-                const auto pieces = Cut(text);
-                ASSERT_TRUE(pieces) << "a brace without its partner: " << text;
-                EXPECT_NE(*text, '\0') << "an empty text beside " << msg.en;
-                for (const std::string& tag : pieces->tags)
-                    EXPECT_TRUE(IsSoundTag(tag)) << "{" << tag << "} " << text;
+    for (const Msg* msg : AllRows())
+        for (const Wording wording : Wordings)
+            for (const int language : {0, 1}) {
+                const char* text = msg->For(language, wording);
+                ASSERT_NE(text, nullptr) << NameOf(*msg);
+                EXPECT_STRNE(text, "") << NameOf(*msg);
+                EXPECT_EQ(WithoutTags(text).find_first_of("{}"), std::string::npos) << NameOf(*msg) << ": " << text;
             }
-        }
-    }
 }
 
-// Rows whose languages show different things are listed in one-sided-arguments.txt.
+// Rows whose languages show different things are listed in one-sided.txt.
 TEST(Catalogue, BothLanguagesTakeTheSameArguments) {
-    auto excepted = ReadReasons(Tests / "one-sided-arguments.txt");
-    std::set<std::string> used;
-    for (const Msg& msg : AllMessages()) {
-        for (const Pair& pair : PairsOf(msg)) {
-            if (ArgumentsOf(pair.en) == ArgumentsOf(pair.ja)) continue;
-            const std::string stretch = StretchOf(pair.en);
-            EXPECT_EQ(excepted.count(stretch), 1U) << stretch << "\n" << pair.en << "\n" << pair.ja;
-            used.insert(stretch);
-        }
-    }
-    for (const auto& [stretch, reason] : excepted) {
-        EXPECT_EQ(used.count(stretch), 1U) << "no longer needed in one-sided-arguments.txt: " << stretch;
-        EXPECT_NE(reason, "") << stretch;
+    std::set<std::string> oneSided;
+    for (const Msg* msg : AllRows())
+        for (const Wording wording : Wordings)
+            if (ArgumentsOf(msg->For(0, wording)) != ArgumentsOf(msg->For(1, wording))) oneSided.insert(NameOf(*msg));
+    ExpectListed(oneSided, "one-sided.txt");
+}
+
+TEST(Catalogue, EveryVariantMakesADifference) {
+    for (const Msg* msg : AllRows()) {
+        unsigned taken[2] = {0, 0};
+        for (const Variant& variant : msg->variants)
+            for (const int language : {0, 1}) {
+                const char* text = language == 0 ? variant.ja : variant.en;
+                if (text == nullptr) continue;
+                EXPECT_STRNE(text, language == 0 ? msg->ja : msg->en) << NameOf(*msg) << " has an idle variant";
+                EXPECT_EQ(taken[language] & variant.wordings, 0U) << NameOf(*msg) << " has two variants of a wording";
+                taken[language] |= variant.wordings;
+            }
     }
 }
 
-// Rows that no transcript can show are listed in unreached-messages.txt.
-TEST(Catalogue, EveryRowAppearsInATranscript) {
-    const std::string all = AllExpectations();
-    const auto appears = [&](const std::string& stretch) { return all.find(stretch) != std::string::npos; };
-    const auto listed = ReadReasons(Tests / "unreached-messages.txt");
+// The dumps before and after a run are announced alike.
+TEST(Catalogue, NoTwoRowsOfACatalogueAreTheSame) {
+    std::set<std::string> texts;
+    std::set<std::string> same;
+    for (const Msg* msg : AllRows()) {
+        std::string all = NameOf(*msg).substr(0, NameOf(*msg).find('.'));
+        for (const Wording wording : Wordings)
+            all += std::string("\n") + msg->For(0, wording) + "\n" + msg->For(1, wording);
+        if (!texts.insert(all).second) same.insert(NameOf(*msg));
+    }
+    EXPECT_EQ(same, std::set<std::string>{"DriverMsg.ResultantDump"});
+}
+
+// A row of the passes over operands must be told in a book; others may appear in a transcript instead. The rest is
+// listed in unreached.txt.
+TEST(Catalogue, EveryRowIsReached) {
+    const std::string transcripts = AllTranscripts();
+    const std::set<std::string> told = RowsOfBooks();
+    const auto appears = [&](const char* text) {
+        const std::string stretch = StretchOf(text);
+        return stretch.empty() || transcripts.find(stretch) != std::string::npos;
+    };
     std::set<std::string> unreached;
-    for (const Msg& msg : AllMessages()) {
-        const std::string en = StretchOf(msg.en);
-        if (!en.empty() && !appears(en) && !appears(StretchOf(msg.ja))) unreached.insert(en);
+    for (const Msg* msg : AllRows()) {
+        const bool shown = !msg->ofOperands && (appears(msg->en) || appears(msg->ja));
+        if (!shown && told.count(NameOf(*msg)) == 0) unreached.insert(NameOf(*msg));
     }
-    for (const std::string& stretch : unreached) {
-        EXPECT_EQ(listed.count(stretch), 1U) << "in no transcript and not listed: " << stretch;
-    }
-    for (const auto& [stretch, reason] : listed) {
-        EXPECT_EQ(unreached.count(stretch), 1U) << "no longer needed in unreached-messages.txt: " << stretch;
-        EXPECT_NE(reason, "") << stretch;
-    }
+    ExpectListed(unreached, "unreached.txt");
 }
 
 } // namespace tolvane::tests

@@ -129,7 +129,7 @@ TEST_F(DumpTest, NarrowForm) {
     EXPECT_EQ(Line("#0000"), "#0000:    0:        :    :#0000:    0:    +0: 0000 0000 0000 0000: 0:\n");
     EXPECT_EQ(Line("#0001"), "#0001: ABCDEFGH XYZ:    :#0000:    0:    +0: 0000 0000 0000 0000: 0:\n");
     Choose("NH");
-    labelSpace->Rows = {{"ABCDEFGH", 0, false, 1}, {"XYZ", 1, false, 1}};
+    labelSpace->Rows = {{"ABCDEFGH", 1}, {"XYZ", 1}};
     EXPECT_EQ(Line("#0001"), "#0001: ABCDEFGH XYZ:    :#0000:    0:    +0: 0000 0000 0000 0000:\n");
     EXPECT_NE(Line("Src File: "), "");
 }

@@ -1,0 +1,40 @@
+#pragma once
+// A source assembled in-process by the real stages, and what was said of it, row by row.
+
+#include "messages/TMsgStore.h"
+
+#include <array>
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace tolvane {
+struct Pipeline;
+}
+
+namespace tolvane::tests {
+
+struct Assembly {
+    std::deque<MsgRec> said; // their arguments are kept until the next assembly
+    std::array<int, 4> counters{}; // of the application, in the order of Severity
+    bool good = false;             // stages and link have ended well
+    std::vector<int> words;        // the image, if it is good
+    std::vector<int> addresses;    // of the lines, if it is good
+    std::vector<int> registers;    // GR0 to GR7 behind a run
+    std::string flags;             // " OF", " SF", " ZF" behind a run, those that are on
+    std::string printed;           // on the console
+    bool composes = true;          // every diagnostic has text in both languages
+};
+
+enum class Then { Nothing, Run };
+
+// Lines are UTF-8; language 0 is Japanese. With Then::Run a good image is run.
+Assembly Assemble(const std::vector<std::string>& lines, const Pipeline& pipeline, int language,
+                  Then then = Then::Nothing);
+
+// "RegisterMsg.NoRegister": the catalogue and the row.
+std::string NameOf(const Msg& row);
+// All rows in the order of the catalogues.
+const std::vector<const Msg*>& AllRows();
+
+} // namespace tolvane::tests
