@@ -8,6 +8,7 @@
 #include "text/Convert.h"
 
 #include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 #include <limits>
 #include <memory>
@@ -36,21 +37,24 @@ public:
     std::string console;
     std::vector<Told> told;
 
-    explicit Machine(const std::vector<int>& words, const char* usedPipeline = "NWW") : pipeline(usedPipeline) {
+    Machine(const std::vector<int>& words, const std::array<int, 8>& gr, const char* usedPipeline = "NWW")
+        : pipeline(usedPipeline) {
         std::copy(words.begin(), words.end(), machine->Memory.begin());
+        machine->GR = gr;
         machine->ReservedWords = 0x2000;
     }
+    explicit Machine(const std::vector<int>& words) : Machine(words, {}) {}
 
     Tcomet2* operator->() { return machine.get(); }
     // The flags that are 1: O, S, Z.
     std::string Flags() const {
-        return std::string(machine->Fovf == 1 ? "O" : "") + (machine->Fsign == 1 ? "S" : "") +
-               (machine->Fzero == 1 ? "Z" : "");
+        const auto name = [](int flag, const char* letter) { return flag == 1 ? letter : ""; };
+        return std::string(name(machine->Fovf, "O")) + name(machine->Fsign, "S") + name(machine->Fzero, "Z");
     }
     void SetFlags(const std::string& flags) {
-        machine->Fovf = flags.find('O') != std::string::npos;
-        machine->Fsign = flags.find('S') != std::string::npos;
-        machine->Fzero = flags.find('Z') != std::string::npos;
+        machine->Fovf = flags.find('O') != npos;
+        machine->Fsign = flags.find('S') != npos;
+        machine->Fzero = flags.find('Z') != npos;
     }
     Machine& Run(int lang = 1) {
         modeFlags->Pipe = FindPipeline(pipeline);
@@ -122,9 +126,13 @@ TEST(Machine, OperationsStoreAndSetFlags) {
     const auto check = [](int code, const Case& c, bool oneWord) {
         SCOPED_TRACE(testing::Message() << std::hex << code << ": " << c.gr << ", " << c.operand);
         const bool isShift = code / 16 == 5;
-        Machine m({code << 8 | (oneWord ? 0x34 : 0x30), oneWord ? Ret : isShift ? c.operand : Far, Ret});
-        m->Memory[Far] = m->GR[4] = c.operand;
-        m->GR[3] = c.gr;
+        Machine m({code << 8 | (oneWord ? 0x34 : 0x30),
+                   oneWord   ? Ret
+                   : isShift ? c.operand
+                             : Far,
+                   Ret},
+                  {0, 0, 0, c.gr, c.operand});
+        m->Memory[Far] = c.operand;
         m.SetFlags("O");
         m.Run();
         EXPECT_EQ(m->GR[3], c.value);
@@ -145,8 +153,7 @@ TEST(Machine, JumpsLookAtFlagsAndLeaveThem) {
         const bool taken[] = {has('S'), !has('Z'), has('Z'), true, !has('S') && !has('Z'), has('O')};
         for (int code = 0x61; code <= 0x66; ++code) {
             SCOPED_TRACE(testing::Message() << flags << " " << std::hex << code);
-            Machine m({code << 8 | 0x03, Far - 7, Ret});
-            m->GR[3] = High | 7;
+            Machine m({code << 8 | 0x03, Far - 7, Ret}, {0, 0, 0, High | 7});
             m->Memory[Far] = Ret;
             m.SetFlags(flags);
             m.Run();
@@ -157,8 +164,7 @@ TEST(Machine, JumpsLookAtFlagsAndLeaveThem) {
 }
 
 TEST(Machine, AddressesAndStores) {
-    Machine m({0x1213, 0xFFFF, 0x1220, 5, 0x1140, 0xFFFF, 0x1145, Far, Ret}); // LAD, LAD, ST, ST indexed
-    m->GR = {99, 0, 0, -1, -2, High | 1, 0, 0};
+    Machine m({0x1213, 0xFFFF, 0x1220, 5, 0x1140, 0xFFFF, 0x1145, Far, Ret}, {99, 0, 0, -1, -2, High | 1});
     m.SetFlags("OS");
     m.Run();
     EXPECT_EQ(m->GR[1], 0xFFFE) << "an index of -1 is 65535, and the sum wraps around";
@@ -168,8 +174,7 @@ TEST(Machine, AddressesAndStores) {
     EXPECT_EQ(m.Flags(), "OS");
     EXPECT_TRUE(m.told.empty());
 
-    Machine rewriting({0x1110, 2, 0x7FFF, 42, Ret}); // ST puts LAD GR6 in the place of the word behind it
-    rewriting->GR[1] = 0x1260;
+    Machine rewriting({0x1110, 2, 0x7FFF, 42, Ret}, {0, 0x1260}); // ST puts LAD GR6 behind itself
     EXPECT_EQ(rewriting.Run()->GR[6], 42);
 }
 
@@ -183,7 +188,7 @@ TEST(Machine, CountsFirstWordsThatAreExecuted) {
     EXPECT_EQ(m->RunCount[65000], 77);
     EXPECT_EQ(Machine({0x1290, 0}).Run()->RunCount[0], 0) << "the register check comes before the count";
 
-    Machine array({0, Ret}, "NH"); // clears no counts
+    Machine array({0, Ret}, {}, "NH"); // clears no counts
     array->RunCount[0] = 4;
     array->RunCount[1] = std::numeric_limits<int>::max();
     array.Run();
@@ -208,8 +213,7 @@ TEST(Machine, CodesAndTheNibblesThatTheyUse) {
                              : code != 0    ? nullptr
                              : nibbles != 0 ? &MachineMsg.NotANop
                                             : nullptr;
-            Machine m({code << 8 | nibbles, 2, Exit});
-            m->GR[0] = Exit; // for ST
+            Machine m({code << 8 | nibbles, 2, Exit}, {Exit});
             m->Memory[1] = code == 0 || code == 0x71 || (code / 16 < 5 && code % 16 > 3) ? Exit : 2;
             m.Run();
             EXPECT_EQ(m.told.empty() ? nullptr : m.told[0].row, row) << m.console;
@@ -238,9 +242,8 @@ TEST(Machine, Stops) {
         {{0x8000, 2, 0x7110, Ret}, 3, {&MachineMsg.ReturnWithoutStack, {65536}}},
     };
     for (const Stop& stop : stops) {
-        Machine m(stop.words, stop.pipeline);
+        Machine m(stop.words, {0, 0, 2}, stop.pipeline);
         m->ReservedWords = 20;
-        m->GR[2] = 2;
         m.Run();
         EXPECT_EQ(m.told, std::vector{stop.told}) << m.console;
         EXPECT_EQ(m->PR, stop.pr);
@@ -250,19 +253,17 @@ TEST(Machine, Stops) {
 TEST(Machine, MemoryOperandsReachTheLastAddress) {
     for (int code : {0x10, 0x20, 0x21, 0x22, 0x23, 0x30, 0x31, 0x32, 0x40, 0x41}) {
         for (const auto& [pipeline, last] : {std::pair{"NWW", 65000}, {"NH", 3500}}) {
-            Machine reads({code << 8 | 0x01, last - 1, 0x6400, last}, pipeline); // then an instruction stands there
-            reads->GR[1] = 1;
+            Machine reads({code << 8 | 0x01, last - 1, 0x6400, last}, {0, 1},
+                          pipeline); // then an instruction stands there
             reads->Memory[static_cast<std::size_t>(last)] = Exit;
             EXPECT_TRUE(reads.Run().told.empty());
             EXPECT_EQ(reads->PR, last + 1);
-            Machine stops({code << 8 | 0x01, last, Ret}, pipeline);
-            stops->GR[1] = 1;
+            Machine stops({code << 8 | 0x01, last, Ret}, {0, 1}, pipeline);
             EXPECT_EQ(stops.Run().told.at(0).row, &MachineMsg.OperandBeyondMemory);
             EXPECT_EQ(stops->PR, 1);
         }
     }
-    Machine m({0x6400, 3, 0, 0x1012, 64999}); // the words are told, the cell by the address word alone
-    m->GR[2] = 2;
+    Machine m({0x6400, 3, 0, 0x1012, 64999}, {0, 0, 2}); // the words are told, the cell by the address word alone
     m->Memory[64999] = -2;
     EXPECT_EQ(m.Run().told.at(1).numbers, (std::vector<long long>{3, 3, 0x1012, 4, 4, 64999}));
     EXPECT_EQ(m.told.at(2).numbers, (std::vector<long long>{-537, 0xFFFE, -2}));
@@ -270,9 +271,8 @@ TEST(Machine, MemoryOperandsReachTheLastAddress) {
 
 TEST(Machine, StoresBehindTheImage) {
     const auto run = [](const std::vector<int>& words, const char* pipeline, int lang = 1) {
-        Machine m(words, pipeline);
+        Machine m(words, {0, 66, 2}, pipeline);
         m->ReservedWords = 8;
-        m->GR = {0, 66, 2, 0, 0, 0, 0, 0};
         return std::move(m.Run(lang));
     };
     // To the last reserved word, then twice behind it: one warning. The Japanese text names the last address.
@@ -300,37 +300,28 @@ TEST(Machine, StackHoldsFiveHundredWords) {
          {std::vector{0x7000, 0xABCD, 0x6400, 0}, {0x8000, 0}, {0x7000, 7, 0x8000, 0}}) {
         Machine m(words);
         EXPECT_EQ(m.Run().told, (std::vector<Told>{{&MachineMsg.StackFull, {0}}}));
-        EXPECT_EQ(m->SP, 65535 - 501);
+        EXPECT_EQ((std::array{m->SP, m->PR, m->Stack[0], m->Stack[501]}), (std::array{65535 - 501, 1, 0, 0}));
         EXPECT_NE(m->Stack[500], 0);
-        EXPECT_EQ(m->Stack[0] + m->Stack[501], 0);
-        EXPECT_EQ(m->PR, 1) << "the second word of the instruction";
     }
 }
 
 TEST(Machine, CallReturnPushPop) {
-    Machine m({0x8000, 4, Exit, 0, 0x7002, 0xFFFC, 0x7110, Ret}); // CALL 4; EXIT; the routine: PUSH; POP GR1; RET
-    m->GR[2] = 2;
-    m.Run();
-    EXPECT_EQ(m->GR[1], 0xFFFE);
-    EXPECT_EQ(m->Stack[1], 2);
-    EXPECT_EQ(m->Stack[2], 0xFFFE);
-    EXPECT_EQ(m->SP, 65535);
-    EXPECT_EQ(m->OS, 0);
-    EXPECT_EQ(m->PR, 3) << "EXIT leaves PR behind it";
-
-    Machine pushed({0x8000, 4, Exit, 0, 0x7000, 8, Ret, 0, Exit}); // the word on top is the return address
-    EXPECT_EQ(pushed.Run()->PR, 9);
-    EXPECT_EQ(pushed->SP, 65534);
-    EXPECT_EQ(Machine({0x8000, 3, 0, Exit}).Run()->OS, 1);
-    EXPECT_EQ(Machine({0x7000, 9, Ret}).Run()->PR, 2) << "without a CALL, RET ends the run whatever stands on top";
-
-    Machine below({0x7110, 0x7120, 0x7000, 7, 0x7000, 8, 0x7000, 9, Ret}); // pushed above the bottom, at it, below it
-    below->GR[2] = 5;
-    below.Run();
-    EXPECT_EQ(below->GR[2], 0);
-    EXPECT_EQ(below->Stack[0], 8);
-    EXPECT_EQ(below->Stack[1], 9);
-    EXPECT_EQ(below->SP, 65534);
+    struct Case {
+        std::vector<int> words;
+        std::array<int, 7> after; // PR, SP, OS, Stack[0], Stack[1], Stack[2], GR1
+    };
+    const Case cases[] = {
+        {{0x8000, 4, Exit, 0, 0x7002, 0xFFFC, 0x7110, Ret}, {3, 65535, 0, 0, 2, 0xFFFE, 0xFFFE}}, // PUSH, POP, RET
+        {{0x8000, 4, Exit, 0, 0x7000, 8, Ret, 0, Exit}, {9, 65534, 0, 0, 2, 8, 7}}, // the word on top is where RET goes
+        {{0x8000, 3, 0, Exit}, {4, 65534, 1, 0, 2, 0, 7}},
+        {{0x7000, 9, Ret}, {2, 65534, 0, 0, 9, 0, 7}}, // without a CALL, RET ends the run whatever stands on top
+        {{0x7130, 0x7110, 0x7000, 7, 0x7000, 8, 0x7000, 9, Ret}, {8, 65534, 0, 8, 9, 0, 0}}, // above the bottom first
+    };
+    for (const Case& c : cases) {
+        Machine m(c.words, {0, 7, 2});
+        m.Run();
+        EXPECT_EQ((std::array{m->PR, m->SP, m->OS, m->Stack[0], m->Stack[1], m->Stack[2], m->GR[1]}), c.after);
+    }
 }
 
 TEST(Machine, Out) {
@@ -338,6 +329,7 @@ TEST(Machine, Out) {
         std::vector<int> words;
         int length;
         const char* text;
+        int at = Far;
         const char* pipeline = "NWW";
     };
     const Case cases[] = {
@@ -346,21 +338,16 @@ TEST(Machine, Out) {
         {{'a', 7, '\n', 'b'}, 4, "a\a\nb"},
         {{'A'}, 0, ""},
         {{'A'}, -5, ""},
-        {{0x93, 0xFA, 0xB1, 0x65E5, 0x93, 0x65E5}, 6, "日ｱ日・日", "NA"}, // bytes, joined; a unit stands for itself
+        {{'x', 'y', 'z'}, 0x7FFFFFFF, "xy", 65534},
+        {{0x93, 0xFA, 0xB1, 0x65E5, 0x93, 0x65E5}, 6, "日ｱ日・日", Far, "NA"}, // bytes are joined, a unit is one
     };
     for (const Case& c : cases) {
-        Machine m({0xF003, 0xFFFF, Ret}, c.pipeline); // the service number is the effective address
-        std::copy(c.words.begin(), c.words.end(), m->Memory.begin() + Far);
-        m->Memory[Far - 1] = c.length;
-        m->GR = {0, High | Far, High | (Far - 1), 3, 0, 0, 0, 0};
-        EXPECT_NE(m.Run().console.find(TextOf(MachineMsg.OutHead) + c.text + "\n" + TextOf(MachineMsg.End)), npos)
-            << m.console;
+        Machine m({0xF003, 0xFFFF, Ret}, {0, High | c.at, High | 8, 3}, c.pipeline); // service 2 by its index
+        std::copy(c.words.begin(), c.words.end(), m->Memory.begin() + c.at);
+        m->Memory[8] = c.length;
+        const std::string shown = TextOf(MachineMsg.OutHead) + c.text + "\n" + TextOf(MachineMsg.End);
+        EXPECT_NE(m.Run().console.find(shown), npos) << m.console;
     }
-    Machine edge({0xF000, 2, Ret});
-    edge->Memory[65534] = edge->Memory[65535] = edge->Memory[65536] = 'z';
-    edge->Memory[Far] = 0x7FFFFFFF;
-    edge->GR = {0, 65534, Far, 0, 0, 0, 0, 0};
-    EXPECT_NE(edge.Run().console.find("\nzz\n"), npos);
 }
 
 TEST(Machine, In) {
@@ -385,8 +372,8 @@ TEST(Machine, In) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.typed);
-        Machine m({0xF000, 1, 0x1040, Far - 1, 0x1210, 2 * Far, 0xF000, 1, Ret}); // IN; LD GR4; LAD GR1; IN
-        m->GR = {0, High | Far, High | (Far - 1), 0, 0, 0, 0, 0};
+        Machine m({0xF000, 1, 0x1040, Far - 1, 0x1210, 2 * Far, 0xF000, 1, Ret}, // IN; LD GR4; LAD GR1; IN
+                  {0, High | Far, High | (Far - 1)});
         m->Memory[Far] = m->Memory[Far + 256] = m->Memory[2 * Far] = 9;
         RunWithInput(m, c.typed);
         EXPECT_EQ(m->GR[4], c.length);
@@ -395,12 +382,10 @@ TEST(Machine, In) {
         EXPECT_EQ(m->Memory[2 * Far], c.second);
         EXPECT_EQ(m.console.find(TextOf(MachineMsg.InNotConverted)) != npos, c.typed[0] == 'a' && c.length == 0);
     }
-    Machine edge({0xF000, 1, Ret});
-    edge->GR = {0, 65535, Far, 0, 0, 0, 0, 0};
+    Machine edge({0xF000, 1, Ret}, {0, 65535, Far});
     RunWithInput(edge, "ab");
-    EXPECT_EQ(edge->Memory[65535], 'a');
-    EXPECT_EQ(edge->Memory[65536], 0);
-    EXPECT_EQ(edge->Memory[Far], 2);
+    EXPECT_EQ((std::array{edge->Memory[65535], edge->Memory[65536], edge->Memory[Far]}),
+              (std::array<int, 3>{'a', 0, 2}));
 }
 
 } // namespace tolvane::tests
