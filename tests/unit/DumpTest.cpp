@@ -4,7 +4,6 @@
 
 #include "TextTools.h"
 #include "records/Records.h"
-#include "records/TLabelSpace.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -19,7 +18,6 @@ protected:
 
     void TearDown() override {
         b->Reset();
-        labelSpace->Free();
         modeFlags->Pipe = &DefaultPipeline();
         modeFlags->Lang = 1;
     }
@@ -63,7 +61,6 @@ TEST_F(DumpTest, LabelsOfOneAddressAreJoinedAndWidenTheColumn) {
         {"WP", "CDEFGHIJ", {"     Label   Char", "    0: AB CDEFGHIJ", "    1:            "}},
         {"AP", "CDEFGHIJ", {"Label Char", "AB CDEFGHIJ", "    1:      "}},
         {"AP", "CDEFGHIJK", {"Label   Char", " AB CDEFGHIJK", "    1:        "}},
-        {"NH", "CDEFGHIJK", {"Label   Char", " AB CDEFGHIJK", "    1:        "}},
     };
     for (const Case& c : cases) {
         modeFlags->Pipe = FindPipeline(c.pipeline);
@@ -74,7 +71,6 @@ TEST_F(DumpTest, LabelsOfOneAddressAreJoinedAndWidenTheColumn) {
             AddLine<char>(0, label);
         }
         AddLine<char16_t>(11, "BEHINDTHEROWS");
-        if (c.pipeline == std::string("NH")) labelSpace->Rows = {{"AB", 0, false, 0}, {c.label, 1, false, 0}};
         EXPECT_TRUE(Rows("  Address   ").at(0).starts_with(c.rows[0])) << Rows("  Address   ").at(0);
         EXPECT_TRUE(Rows("#0000:").at(0).starts_with(c.rows[1] + std::string(":    :#"))) << Rows("#0000:").at(0);
         EXPECT_TRUE(Rows("#0001:").at(0).starts_with(c.rows[2] + std::string(":    :#"))) << Rows("#0001:").at(0);
