@@ -16,6 +16,7 @@ class DumpTest : public testing::Test {
 protected:
     std::unique_ptr<Tcomet2> machine = std::make_unique<Tcomet2>();
 
+    void SetUp() override { b->Reset(); }
     void TearDown() override {
         b->Reset();
         modeFlags->Pipe = &DefaultPipeline();

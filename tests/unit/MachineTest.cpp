@@ -54,6 +54,7 @@ public:
     Machine& Run(int lang = 1) {
         modeFlags->Pipe = FindPipeline(pipeline);
         modeFlags->Lang = lang;
+        store->ClearMsgStore();
         console::WriteTo(&console);
         machine->Run3();
         console::WriteTo(nullptr);
