@@ -170,21 +170,18 @@ TEST(Machine, AddressesAndStores) {
 }
 
 TEST(Machine, CountsFirstWordsThatAreExecuted) {
-    Machine m({0x1210, 3, 0x2110, 8, 0x6200, 2, 0x1300, 0, 1}); // LAD GR1,3; SUBA GR1,one; JNZ back; unknown code
+    Machine m({0x1210, 3, 0x2110, 6, 0x6200, 2, 1, Ret}); // LAD GR1,3; SUBA GR1,one; JNZ back; no NOP
     m->RunCount[2] = m->RunCount[64999] = m->RunCount[65000] = 77;
     m.Run();
-    EXPECT_EQ(std::vector<int>(m->RunCount.begin(), m->RunCount.begin() + 8),
-              (std::vector<int>{1, 0, 3, 0, 3, 0, 1, 0}));
-    EXPECT_EQ(m->RunCount[64999], 0);
-    EXPECT_EQ(m->RunCount[65000], 77);
+    EXPECT_EQ(std::vector<int>(m->RunCount.begin(), m->RunCount.begin() + 8), (std::vector{1, 0, 3, 0, 3, 0, 1, 0}));
+    EXPECT_EQ((std::array{m->RunCount[64999], m->RunCount[65000]}), (std::array{0, 77})) << "the last is not cleared";
     EXPECT_EQ(Machine({0x1290, 0}).Run()->RunCount[0], 0) << "the register check comes before the count";
 
-    Machine array({0, Ret}, {}, "NH"); // clears no counts
+    Machine array({0, Ret}, {}, "NH"); // clears none
     array->RunCount[0] = 4;
     array->RunCount[1] = std::numeric_limits<int>::max();
     array.Run();
-    EXPECT_EQ(array->RunCount[0], 5);
-    EXPECT_EQ(array->RunCount[1], std::numeric_limits<int>::min());
+    EXPECT_EQ((std::array{array->RunCount[0], array->RunCount[1]}), (std::array{5, std::numeric_limits<int>::min()}));
 }
 
 // Every code with both registers sound, with r above 7 and with x above 7.
@@ -272,8 +269,7 @@ TEST(Machine, StoresBehindTheImage) {
     // To the last reserved word, then twice behind it: one warning. The Japanese text names the last address.
     Machine m = run({0x1112, 5, 0x1112, 6, 0x1112, 7, Ret, 0}, "NWW");
     EXPECT_EQ(m.told, (std::vector<Told>{{&MachineMsg.StoreWarning, {8, 8, 2, 0x1112, 1}}}));
-    EXPECT_EQ(m->Memory[8], 66);
-    EXPECT_EQ(m->Memory[9], 66);
+    EXPECT_EQ((std::array{m->Memory[7], m->Memory[8], m->Memory[9]}), (std::array{66, 66, 66}));
     EXPECT_EQ(run({0x1112, 6, Ret}, "NWW", 0).told.at(0).numbers[0], 7);
     EXPECT_EQ(run({0x1112, 64997, Ret}, "NWW").told.at(0).row, &MachineMsg.StoreWarning);
 
@@ -320,7 +316,6 @@ TEST(Machine, Out) {
         {{'A', 0x65E5, -65536 | 'B'}, 3, "A日B"},
         {{0xD842, 0xDFB7, 0xDFB7, 0xD842}, 4, "𠮷\uFFFD\uFFFD"},
         {{'a', 7, '\n', 'b'}, 4, "a\a\nb"},
-        {{'A'}, 0, ""},
         {{'A'}, -5, ""},
         {{'x', 'y', 'z'}, 0x7FFFFFFF, "xy", 65534},
         {{0x93, 0xFA, 0xB1, 0x65E5, 0x93, 0x65E5}, 6, "日ｱ日・日", Far, "NA"}, // bytes are joined, a unit is one

@@ -48,7 +48,6 @@ protected:
         store->ClearMsgStore();
     }
 
-    static void Use(const char* pipeline) { modeFlags->Pipe = FindPipeline(pipeline); }
     static void Make(const std::string& name, const std::string& bytes) {
         std::ofstream(name, std::ios::binary) << bytes;
     }
@@ -76,7 +75,7 @@ std::string Utf16(const std::u16string& units, bool bigEndian = false) {
     return bytes;
 }
 
-TEST_F(Readers, EditFilePath) {
+TEST_F(Readers, Paths) {
     const std::pair<const char*, const char*> cases[] = {
         {" \t　src/a.txt 　", "src/a.txt"},
         {"my file", "\"my file\""},
@@ -97,9 +96,7 @@ TEST_F(Readers, EditFilePath) {
     }
     std::string empty;
     EXPECT_EQ(EditFilePath(empty), -1);
-}
-
-TEST_F(Readers, PathsOfTheSystem) {
+    // The system's side of it
     EXPECT_EQ(platform::SystemPath("\"C\\\\my dir\\a.txt\""), "C/my dir/a.txt");
     EXPECT_EQ(platform::SystemPath("a\"b"), "a\"b");
     std::string odd = (folder / "日 本\xFF.txt").string(); // the name of a file is bytes
@@ -154,7 +151,7 @@ TEST_F(Readers, TheCodeOfAFile) {
 TEST_F(Readers, LinesOfEveryPipeline) {
     for (const char* pipeline : {"NWW", "WP", "NaW", "NA", "AP", "NH"}) {
         SCOPED_TRACE(pipeline);
-        Use(pipeline);
+        modeFlags->Pipe = FindPipeline(pipeline);
         EXPECT_EQ(Lines(""), "");
         EXPECT_EQ(Lines("A\r\n\r\nB\rC\r\r\nD\r"), "[A][][B\rC\r][D\r]");
         EXPECT_EQ(Lines("\x93\xFA\x85\x40\n\x81"), "[日・][・]");
@@ -166,7 +163,7 @@ TEST_F(Readers, LinesOfEveryPipeline) {
 TEST_F(Readers, Utf16) {
     for (const char* pipeline : {"NWW", "NaW", "AP"}) {
         SCOPED_TRACE(pipeline);
-        Use(pipeline);
+        modeFlags->Pipe = FindPipeline(pipeline);
         for (bool bigEndian : {false, true}) {
             EXPECT_EQ(Lines(Utf16(u"日\nB\rC\r\n\r\n", bigEndian)), "[日\nB\rC][][]");
             EXPECT_EQ(Lines(Utf16(u"A\r\nB\uFFFFC\r\nD", bigEndian)), "[A][B]");
@@ -181,7 +178,7 @@ TEST_F(Readers, WhatIsNoText) {
     EXPECT_EQ(Lines("A\0B\n\0\n日本"s), "[A\0B][\0][日本]"s);
     EXPECT_EQ(Lines("A\0B\nC"s), "[A][C]"); // a line of Shift_JIS ends at its first zero
     for (const char* pipeline : {"NWW", "NaW", "NA", "NH"}) {
-        Use(pipeline);
+        modeFlags->Pipe = FindPipeline(pipeline);
         for (const std::string& bad : {""s, folder.string(), path + "x", "/dev/zero"s})
             EXPECT_EQ(ReadSource(bad), 1);
     }
@@ -190,7 +187,7 @@ TEST_F(Readers, WhatIsNoText) {
 }
 
 TEST_F(Readers, LimitsOfTheArrayReader) {
-    Use("NH");
+    modeFlags->Pipe = FindPipeline("NH");
     const std::string row(80, 'x');
     const std::string shorter = row.substr(1); // 日 would be cut in half
     EXPECT_EQ(Lines(row + "\n" + shorter + "日\n"), "[" + row + "][" + shorter + "]");
