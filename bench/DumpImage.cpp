@@ -19,7 +19,7 @@ void Fill(int words) {
         const std::string label = std::string("L").append(std::to_string(a));
         SrcDataW& line = b->vecSrcW.emplace_back();
         line.AbAdr = a;
-        line.strLabel.assign(label.begin(), label.end());
+        line.strLabel = b->Keep<char16_t>(TextW(label.begin(), label.end()));
         line.strOp = u"DC";
         line.strOprndCom = u"12345";
         comet2->LineOfWord[static_cast<std::size_t>(a)] = a;

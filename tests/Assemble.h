@@ -15,7 +15,7 @@ struct Pipeline;
 namespace tolvane::tests {
 
 struct Assembly {
-    std::deque<MsgRec> said; // their arguments are kept until the next assembly
+    std::deque<MsgRec> said;       // their arguments are kept until the next assembly
     std::array<int, 4> counters{}; // of the application, in the order of Severity
     bool good = false;             // stages and link have ended well
     std::vector<int> words;        // the image, if it is good

@@ -47,7 +47,7 @@ void ClearForFirst(int prg) {
 // Refuses an image that would reach beyond the memory.
 bool Exceeds(int total, int line) {
     if (total <= modeFlags->Pipe->limits.imageWords) return false;
-    Say(LinkerMsg.LinkerError);
+    Tell(Severity::Error, NoLine, LinkerMsg.LinkerError);
     CkMaxMemory2(total, line);
     return true;
 }

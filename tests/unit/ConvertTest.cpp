@@ -2,8 +2,6 @@
 
 #include "text/Convert.h"
 
-#include "input/TMoziCode.h"
-
 #include <gtest/gtest.h>
 
 namespace tolvane {
@@ -12,15 +10,11 @@ namespace {
 
 using namespace std::string_literals;
 
-std::string Bytes(int lead, int trail) {
-    return {static_cast<char>(lead), static_cast<char>(trail)};
-}
-
 // Gives every pair of a lead byte and any byte to `take`.
 template <class Take> void ForEachPair(Take take) {
     for (int lead = 0x81; lead <= 0xFC; ++lead)
         for (int trail = 0; IsLeadByte932(static_cast<unsigned char>(lead)) && trail <= 0xFF; ++trail)
-            take(Bytes(lead, trail));
+            take(std::string{static_cast<char>(lead), static_cast<char>(trail)});
 }
 
 TEST(Convert, EveryCharacterOfCodePage932ComesBack) {
@@ -49,28 +43,18 @@ TEST(Convert, EveryCharacterOfCodePage932ComesBack) {
 }
 
 TEST(Convert, CodePage932KnowsAllItsSets) {
-    struct Pair {
-        std::string bytes;
-        std::u16string wide;
-    };
-    const Pair pairs[] = {
-        {"\x93\xFA\x96\x7B", u"日本"},
-        {"\xB1\xDD\xA1\xDF", u"ｱﾝ｡ﾟ"},
-        {"\x83\x5C\x81\x5F", u"ソ＼"},
-        {"\x87\x40", u"①"},
-        {"\xFA\x5C", u"纊"},
+    const std::pair<std::string, std::u16string> pairs[] = {
+        {"\x93\xFA\x96\x7B\xB1\xDD\xA1\xDF\x83\x5C\x81\x5F\x5C\x7E", u"日本ｱﾝ｡ﾟソ＼\\~"},
+        {"\x87\x40\xFA\x5C", u"①纊"},
         {"\xFB\xFC\xFA\x40\xFA\x55\xFA\x57", u"髙ⅰ￤＂"}, // the IBM code before the NEC-selected one
         {"\x87\x54\x87\x8A\x87\x82", u"Ⅰ㈱№"},            // row 13 before both
         {"\xF0\x40\xF9\xFC", u"\uE000\uE757"},
-        {"\x81\x60", u"～"},
-        {"\x81\x7C", u"－"},
-        {"\xEA\xA4", u"熙"},
-        {"\x5C\x7E", u"\\~"},
+        {"\x81\x60\x81\x7C\xEA\xA4", u"～－熙"},
         {"\x80\xA0\xFD\xFE\xFF", u"\u0080\u00A0\uF8F1\uF8F2\uF8F3"},
     };
-    for (const Pair& pair : pairs) {
-        EXPECT_EQ(Wide932(pair.bytes), pair.wide);
-        EXPECT_EQ(Narrow932(pair.wide), pair.bytes);
+    for (const auto& [bytes, wide] : pairs) {
+        EXPECT_EQ(Wide932(bytes), wide);
+        EXPECT_EQ(Narrow932(wide), bytes);
     }
     EXPECT_EQ(Wide932("\xFB\xFC\xEE\xE0\xFA\x4A\xED\x40"), u"髙髙Ⅰ纊");
     EXPECT_EQ(Wide932("\x87\x9C\x81\xBE"), u"∪∪");
@@ -79,18 +63,11 @@ TEST(Convert, CodePage932KnowsAllItsSets) {
 }
 
 TEST(Convert, WhatHasNoPlaceIsReplaced) {
-    struct Case {
-        std::string bytes;
-        std::u16string wide;
-    };
-    const Case cases[] = {
-        {"a\x81", u"a・"}, // a lead byte at the end
-        {"\x81\x20z", u"・z"}, {"\x81\x7Fz", u"・z"}, {"\x81\xFDz", u"・z"},
-        {"\x85\x40z", u"・z"}, {"\x81\0z"s, u"・z"},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(Wide932(c.bytes), c.wide);
-        EXPECT_FALSE(IsValid932(c.bytes));
+    EXPECT_EQ(Wide932("a\x81"), u"a・"); // a lead byte at the end
+    EXPECT_FALSE(IsValid932("a\x81"));
+    for (const std::string& bytes : {"\x81\x20"s, "\x81\x7F"s, "\x81\xFD"s, "\x85\x40"s, "\x81\0"s}) {
+        EXPECT_FALSE(IsValid932("a" + bytes));
+        EXPECT_EQ(Wide932(bytes + "z"), u"・z");
     }
     EXPECT_EQ(Narrow932(u"é\U0001F600\xD83Dx\xDE00"), "???x?");
     EXPECT_EQ(ByteLength932(u'é'), 0);
@@ -111,20 +88,18 @@ TEST(Convert, Utf8ComesBack) {
 }
 
 TEST(Convert, Utf8IsTakenStrictly) {
-    const std::string broken[] = {
-        "\x80",
-        "\xC0\x80",
-        "\xC1\xBF",
-        "\xE0\x9F\xBF",
-        "\xED\xA0\x80",
-        "\xF0\x8F\xBF\xBF",
-        "\xF4\x90\x80\x80",
-        "\xF5\x80\x80\x80",
-        "\xE3\x81",
-        "\xE3\x81z",
-        "\xFF",
-        "\xC3",
-    };
+    const std::string broken[] = {"\x80",
+                                  "\xC0\x80",
+                                  "\xC1\xBF",
+                                  "\xE0\x9F\xBF",
+                                  "\xED\xA0\x80",
+                                  "\xF0\x8F\xBF\xBF",
+                                  "\xF4\x90\x80\x80",
+                                  "\xF5\x80\x80\x80",
+                                  "\xE3\x81",
+                                  "\xE3\x81z",
+                                  "\xFF",
+                                  "\xC3"};
     for (const std::string& bytes : broken) {
         EXPECT_FALSE(WideUtf8("a" + bytes));
         EXPECT_EQ(WideUtf8Lossy("a" + bytes)[1], u'\uFFFD');
@@ -148,14 +123,6 @@ TEST(Convert, EucAndCodePage932) {
     EXPECT_EQ(EucFrom932("\xF0\x40x\x93"), "?x?");
     EXPECT_EQ(EucFrom932(Narrow932(u"髙ⅰⅠ￢")), "\xFC\xE2\xFC\xF1\xAD\xB5\xA2\xCC");
     EXPECT_EQ(EucFrom932("\xFA\x4A\xFA\x54"), "\xAD\xB5\xA2\xCC"); // IBM codes of row 13 and row 2
-}
-
-TEST(Convert, LinesOfAFile) {
-    EXPECT_EQ(utf_16_to_shift_jis("a\x93\xFA\0b"s), u"a日");
-    EXPECT_EQ(Utf8ToWide("日\0b"s), u"日\0b"s);
-    EXPECT_EQ(Utf8ToWide("\x93\xFA"), u"日"); // not UTF-8 at all
-    EXPECT_EQ(Utf8ToNarrow("日é"), "\x93\xFA?");
-    EXPECT_EQ(NarrowToWide(""), u"");
 }
 
 } // namespace

@@ -53,7 +53,6 @@ TEST_F(IniFile, ReadsAValue) {
         {"[Mode]\n;Lang=JPN\nLang\n", "default"},
         {"Lang=JPN\n[Other]\nLang=JPN\n[Modes]\nLang=JPN\n", "default"},
         {"[Mode]\nX=1\n[Mode]\nLang=JPN\n", "default"},
-        {"", "default"},
     };
     for (const auto& [bytes, value] : cases) {
         Make(bytes);
@@ -66,14 +65,10 @@ TEST_F(IniFile, ReadsAValue) {
 
 TEST_F(IniFile, ReadsANumber) {
     const std::pair<const char*, int> cases[] = {
-        {"7", 7},
         {"-3x", -3},
         {"+2", 2},
-        {"12 34", 12},
-        {"\"5\"", 5},
+        {"\"12 34\"", 12},
         {"", 0},
-        {"x1", 0},
-        {"-", 0},
         {"--1", 0},
         {"99999999999999999999", 2147483647},
         {"-99999999999999999999", -2147483647},
@@ -101,11 +96,8 @@ TEST_F(IniFile, AWriteLeavesEverythingElse) {
     EXPECT_EQ(After("[Mode]", "ENU"), "[Mode]\nLang=ENU\n");
     EXPECT_EQ(After("\xEF\xBB\xBF", "ENU"), "\xEF\xBB\xBF[Mode]\nLang=ENU\n");
     EXPECT_EQ(After("\xEF\xBB\xBF[Mode]\nLang=1", "ENU"), "\xEF\xBB\xBF[Mode]\nLang=ENU");
-}
-
-TEST_F(IniFile, AWrittenKeyIsAPlainLine) {
+    // The key becomes a plain line.
     EXPECT_EQ(After("[Mode]\n LANG =\t\"x y\" \r\n lang = 2\n", "x y"), "[Mode]\nLang=x y\r\n lang = 2\n");
-    EXPECT_EQ(After("[Mode]\nlang = JPN", "JPN"), "[Mode]\nLang=JPN");
     EXPECT_EQ(After("[Mode]\nLang=1\n", "a\nb=c"), "[Mode]\nLang=a\n");
 }
 
@@ -114,7 +106,11 @@ TEST_F(IniFile, KeepsLinksRightsAndUnreadableThings) {
     std::ofstream(target) << "[Mode]\nLang=JPN\n";
     fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
     fs::create_symlink(target, path);
+    std::ifstream reader(target);
     PutIniStr("Mode", "Lang", "ENU", path);
+    std::string line;
+    EXPECT_TRUE(std::getline(reader, line) && std::getline(reader, line));
+    EXPECT_EQ(line, "Lang=JPN") << "who reads meanwhile has the old file, whole";
     EXPECT_TRUE(fs::is_symlink(path));
     EXPECT_EQ(Lang(), "ENU");
     EXPECT_EQ(fs::status(target).permissions(), fs::perms::owner_read | fs::perms::owner_write);

@@ -1,13 +1,17 @@
-// Paths as text and as the system takes them, the detection of the character code, and the line records of every
-// reader.
+// Paths as they are typed and as the system takes them, the detection of the character code, and the lines that every
+// reader makes of a file.
 
 #include "input/Readers.h"
 
+#include "input/InputMsgs.h"
 #include "input/TMoziCode.h"
+#include "messages/TMsgStore.h"
+#include "platform/Console.h"
 #include "platform/Files.h"
 #include "records/Records.h"
 #include "text/Convert.h"
 
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -23,48 +27,56 @@ using namespace std::string_literals;
 class Readers : public testing::Test {
 protected:
     const fs::path folder = fs::temp_directory_path() / ("tolvane-readers-" + std::to_string(getpid()));
-    const std::string path = (folder / "source.txt").string();
+    const std::string path = (folder / "source").string();
+    std::string console;
 
-    void SetUp() override { fs::create_directories(folder); }
+    void SetUp() override {
+        fs::create_directories(folder);
+        Clear();
+        console::WriteTo(&console);
+    }
     void TearDown() override {
+        console::WriteTo(nullptr);
         fs::remove_all(folder);
-        Use("NWW");
-        modeFlags->SimpleTitleIndex = 0;
+        Clear();
+    }
+    static void Clear() {
+        modeFlags->Pipe = &DefaultPipeline();
+        *moziCode = TMoziCode();
+        *po = TPO();
         b->Reset();
+        store->ClearMsgStore();
     }
 
-    static void Use(const char* pipeline) { modeFlags->Pipe = FindPipeline(pipeline); }
-    void Make(const std::string& bytes) const { std::ofstream(path, std::ios::binary) << bytes; }
-
+    static void Make(const std::string& name, const std::string& bytes) {
+        std::ofstream(name, std::ios::binary) << bytes;
+    }
     // The lines of a file with these bytes as UTF-8, each in brackets.
     std::string Lines(const std::string& bytes) const {
-        Make(bytes);
-        EXPECT_EQ(ReadSource(path), 0);
+        Make(path, bytes);
+        if (ReadSource(path) != 0) return "not read";
         std::string lines;
-        if (modeFlags->Pipe->text == TextKind::Wide)
-            for (const SrcDataW& line : b->vecSrcW)
-                lines += "[" + Utf8(line.strSrc) + "]";
-        else
-            for (const SrcDataA& line : b->vecSrcA)
-                lines += "[" + Utf8From932(line.strSrc) + "]";
+        for (const SrcDataW& line : b->vecSrcW)
+            lines += "[" + Utf8(line.strSrc) + "]";
+        for (const SrcDataA& line : b->vecSrcA)
+            lines += "[" + Utf8From932(line.strSrc) + "]";
+        b->Reset();
         return lines;
     }
 };
 
-// Units as the bytes of a UTF-16 file.
-std::string Utf16(const std::u16string& units, bool bigEndian) {
+// Units as the bytes of a UTF-16 file, with the mark in front.
+std::string Utf16(const std::u16string& units, bool bigEndian = false) {
     std::string bytes;
-    for (char16_t unit : units) {
-        const char high = static_cast<char>(unit >> 8);
-        const char low = static_cast<char>(unit & 0xFF);
-        bytes += bigEndian ? std::string{high, low} : std::string{low, high};
+    for (char16_t unit : u'\uFEFF' + units) {
+        const std::string pair = {static_cast<char>(unit >> 8), static_cast<char>(unit & 0xFF)};
+        bytes += bigEndian ? pair : std::string(pair.rbegin(), pair.rend());
     }
     return bytes;
 }
 
-TEST_F(Readers, EditFilePath) {
+TEST_F(Readers, Paths) {
     const std::pair<const char*, const char*> cases[] = {
-        {"src/a.txt", "src/a.txt"},
         {" \t　src/a.txt 　", "src/a.txt"},
         {"my file", "\"my file\""},
         {"日　本", "\"日　本\""},
@@ -72,8 +84,8 @@ TEST_F(Readers, EditFilePath) {
         {"\"", "\""},
         {"a\\b", "a\\\\b"},
         {"a\\\\b\\", "a\\\\b\\\\"},
-        {"a\\\\\\b", "a\\\\\\\\b"},
         {" 　", ""},
+        {"a\\\\\\b", "a\\\\\\\\b"},
     };
     for (const auto& [typed, edited] : cases) {
         std::string text = typed;
@@ -84,98 +96,112 @@ TEST_F(Readers, EditFilePath) {
     }
     std::string empty;
     EXPECT_EQ(EditFilePath(empty), -1);
-}
-
-TEST_F(Readers, PathsOfTheSystem) {
+    // The system's side of it
     EXPECT_EQ(platform::SystemPath("\"C\\\\my dir\\a.txt\""), "C/my dir/a.txt");
     EXPECT_EQ(platform::SystemPath("a\"b"), "a\"b");
-    const std::string odd = (folder / "日 本\xFF.txt").string(); // the name of a file is bytes
-    std::ofstream(odd) << "x";
-    std::string edited = odd;
-    EditFilePath(edited);
-    EXPECT_TRUE(platform::IsFileThere(edited));
-    EXPECT_FALSE(platform::IsFileThere(folder.string()));
-    EXPECT_FALSE(platform::IsFileThere(""));
-    EXPECT_FALSE(platform::IsFileThere("/dev/zero"));
-    EXPECT_FALSE(platform::IsFileThere(odd + '\0'));
+    std::string odd = (folder / "日 本\xFF.txt").string(); // the name of a file is bytes
+    Make(odd, "x");
+    for (const std::string& none : {folder.string(), ""s, "/dev/zero"s, odd + '\0'})
+        EXPECT_FALSE(platform::IsFileThere(none));
+    EditFilePath(odd);
+    EXPECT_TRUE(platform::IsFileThere(odd));
     EXPECT_TRUE(platform::WriteFile(folder.string(), "x").has_value());
 }
 
-TEST_F(Readers, TheCodeOfAFile) {
-    struct Case {
-        std::string bytes;
-        int codePage;
-        const char* name;
-    };
-    const Case cases[] = {
-        {"", 932, "sjis"},
-        {"LD GR1,A", 932, "sjis"},
-        {"\x93\xFA\x96\x7B", 932, "sjis"},
-        {"A\x93", 932, "sjis"},       // a lead byte at the end
-        {"\x7F", 65001, "utf-8"},     // a stray byte
-        {"\xB1", 65001, "utf-8"},     // half-width kana counts as stray
-        {"\x98\x41", 65001, "utf-8"}, // so do the higher lead bytes
-        {"日本語", 65001, "utf-8"},
-        {"\xEF\xBB\xBF", 65001, "utf-8 with bom(EF BB BF)"},
-        {"\xFF\xFE", 1200, "utf-16 le(FF FE)"},
-        {"\xFE\xFF\0A"s, 1201, "utf-16 be(FE FF)"},
-    };
-    for (const Case& c : cases) {
-        Make(c.bytes);
-        moziCode->DetMoziCode(path, false);
-        EXPECT_EQ(moziCode->CodePage, c.codePage) << c.bytes;
-        EXPECT_EQ(moziCode->CodeName, c.name);
+TEST_F(Readers, SuffixesInTheirOrder) {
+    const std::string name = (folder / "a b").string();
+    const int kept = dup(STDIN_FILENO);
+    for (const char* suffix : {".casl", ".cas", ".asm", ".asl", ".txt", ""}) { // each hides those before it
+        Make(name + suffix, "x");
+        Make(path, " " + name + "　\n");
+        const int typed = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        dup2(typed, STDIN_FILENO);
+        close(typed);
+        bool ended = true;
+        EXPECT_EQ(GetFilenameStrA(ended), "\"" + name + suffix + "\"");
+        EXPECT_FALSE(ended);
     }
-    Make("日本語");
-    moziCode->DetMoziCode(path, true); // the bytes are not counted: the verdict of the last file stays
-    EXPECT_EQ(moziCode->CodePage, 1201);
-    EXPECT_EQ(moziCode->CodeName, "utf-8 or sjis");
-    EXPECT_EQ(moziCode->Det_sjisMzC(path), -1);
-    EXPECT_EQ(moziCode->Det_sjisMzC(folder.string()), -1);
+    dup2(kept, STDIN_FILENO);
+    close(kept);
+}
+
+TEST_F(Readers, TheCodeOfAFile) {
+    const std::pair<std::string, const char*> cases[] = {
+        {"", "932 sjis"},
+        {"LD GR1,A~", "932 sjis"},
+        {"\x93\xFA\x96\x7B\xFC", "932 sjis"}, // with a lead byte at the end
+        {"\x7F", "65001 utf-8"},              // a stray byte,
+        {"\xB1", "65001 utf-8"},              // as half-width kana
+        {"\x98\x41", "65001 utf-8"},          // and the higher lead bytes are
+        {"日本語", "65001 utf-8"},
+        {"\xEF\xBB\xBF", "65001 utf-8 with bom(EF BB BF)"},
+        {"\xFF\xFE", "1200 utf-16 le(FF FE)"},
+        {"\xFE\xFF\0A"s, "1201 utf-16 be(FE FF)"},
+    };
+    const auto code = [this](const std::string& bytes, bool simpleTitle) {
+        Make(path, bytes);
+        moziCode->DetMoziCode(path, simpleTitle);
+        return std::to_string(moziCode->CodePage) + " " + moziCode->CodeName;
+    };
+    for (const auto& [bytes, found] : cases)
+        EXPECT_EQ(code(bytes, false), found);
+    EXPECT_EQ(code("日本語", true), "1201 utf-8 or sjis") << "not counted: the verdict of the last file stays";
 }
 
 TEST_F(Readers, LinesOfEveryPipeline) {
-    for (const char* pipeline : {"NWW", "WP", "NaW", "NA", "AP"}) {
+    for (const char* pipeline : {"NWW", "WP", "NaW", "NA", "AP", "NH"}) {
         SCOPED_TRACE(pipeline);
-        Use(pipeline);
+        modeFlags->Pipe = FindPipeline(pipeline);
         EXPECT_EQ(Lines(""), "");
-        EXPECT_EQ(Lines("A\nB"), "[A][B]");
-        EXPECT_EQ(Lines("A\r\n\r\nB\rC\r\r\n"), "[A][][B\rC\r]");
-        EXPECT_EQ(Lines("A\r"), "[A\r]");
-        EXPECT_EQ(Lines("\x93\xFA\x81\n"), "[日・]");
-        EXPECT_EQ(Lines("日ｱ①\n本"), "[日ｱ①][本]");
-        EXPECT_EQ(Lines("\xEF\xBB\xBF日\n本\n"), "[日][本]");
-        EXPECT_EQ(Lines("\xEF\xBB\xBF\nA"), "[][A]");
-        EXPECT_EQ(Lines("\xEF\xBB\xBF"), "[]");
-        EXPECT_EQ(Lines(Utf16(u"\uFEFF日\r\nB", true)), "[日][B]");
+        EXPECT_EQ(Lines("A\r\n\r\nB\rC\r\r\nD\r"), "[A][][B\rC\r][D\r]");
+        EXPECT_EQ(Lines("\x93\xFA\x85\x40\n\x81"), "[日・][・]");
+        EXPECT_EQ(Lines("日ｱ①\n本\n"), "[日ｱ①][本]");
+        EXPECT_EQ(Lines("\xEF\xBB\xBF\n日"), "[][日]");
     }
 }
 
 TEST_F(Readers, Utf16) {
-    for (bool bigEndian : {false, true}) {
-        EXPECT_EQ(Lines(Utf16(u"\uFEFFA\nB\rC\r\nD\r\n", bigEndian)), "[A\nB\rC][D][]");
-        EXPECT_EQ(Lines(Utf16(u"\uFEFF", bigEndian)), "[]");
-        EXPECT_EQ(Lines(Utf16(u"\uFEFFA\r\nB\uFFFFC\r\nD", bigEndian)), "[A][B]");
-        EXPECT_EQ(Lines(Utf16(u"\uFEFF\U00020B9F\xD800", bigEndian)), "[𠮟\uFFFD]");
+    for (const char* pipeline : {"NWW", "NaW", "AP"}) {
+        SCOPED_TRACE(pipeline);
+        modeFlags->Pipe = FindPipeline(pipeline);
+        for (bool bigEndian : {false, true}) {
+            EXPECT_EQ(Lines(Utf16(u"日\nB\rC\r\n\r\n", bigEndian)), "[日\nB\rC][][]");
+            EXPECT_EQ(Lines(Utf16(u"A\r\nB\uFFFFC\r\nD", bigEndian)), "[A][B]");
+        }
+        EXPECT_EQ(Lines(Utf16(u"")), "[]");
+        EXPECT_EQ(Lines(Utf16(u"A") + "B"), "[AB]"); // an odd last byte
+        EXPECT_EQ(Lines(Utf16(u"𠮟\xD800")), pipeline == "AP"s || pipeline == "NaW"s ? "[??]" : "[𠮟\uFFFD]");
     }
-    EXPECT_EQ(Lines(Utf16(u"\uFEFFA", false) + "B"), "[AB]"); // an odd last byte
 }
 
 TEST_F(Readers, WhatIsNoText) {
-    const std::string zeros = "A\0B\n\0\n日本"s;
-    EXPECT_EQ(Lines(zeros), "[A\0B][\0][日本]"s);
+    EXPECT_EQ(Lines("A\0B\n\0\n日本"s), "[A\0B][\0][日本]"s);
     EXPECT_EQ(Lines("A\0B\nC"s), "[A][C]"); // a line of Shift_JIS ends at its first zero
-    Use("NA");
-    EXPECT_EQ(Lines("A\0B\nC"s), "[A\0B][C]"s);
-    for (const char* pipeline : {"NWW", "NaW", "NA"}) {
-        Use(pipeline);
+    for (const char* pipeline : {"NWW", "NaW", "NA", "NH"}) {
+        modeFlags->Pipe = FindPipeline(pipeline);
         for (const std::string& bad : {""s, folder.string(), path + "x", "/dev/zero"s})
             EXPECT_EQ(ReadSource(bad), 1);
     }
-    EXPECT_EQ(OpenFileUTF8toVecW20(""), -3);
-    EXPECT_EQ(OpenFileUTF16toVecW20(""), -4);
-    EXPECT_EQ(OpenFileNarrow(""), -1);
-    EXPECT_EQ(ErrorSum(), 0);
+    EXPECT_EQ(Lines("A\0B\nC"s), "[A\0B][C]"s);
+    EXPECT_EQ(po->ErrorKazu, 0);
+}
+
+TEST_F(Readers, LimitsOfTheArrayReader) {
+    modeFlags->Pipe = FindPipeline("NH");
+    const std::string row(80, 'x');
+    const std::string shorter = row.substr(1); // 日 would be cut in half
+    EXPECT_EQ(Lines(row + "\n" + shorter + "日\n"), "[" + row + "][" + shorter + "]");
+    EXPECT_EQ(Lines(Utf8(TextW(40, u'日')) + "\r\n"), "[" + Utf8(TextW(40, u'日')) + "]"); // as Shift_JIS
+    EXPECT_EQ(Lines(row + "\n" + row + "y\n" + row + "yz"), "[" + row + "][" + row + "][" + row + "]");
+    EXPECT_EQ(po->WarningKazu, 2) << "of each file's first line that is too long";
+    EXPECT_EQ(store->Records.back().row, &InputMsg.LongLine);
+    EXPECT_EQ(store->Records.back().place.line, 1);
+    std::string lines;
+    while (lines.size() < 2 * 310)
+        lines += "A\n";
+    EXPECT_EQ(Lines(lines).size(), 3U * 310);
+    EXPECT_EQ(Lines(lines + "B"), "not read");
+    EXPECT_EQ(store->Records.back().row, &InputMsg.TooManyLines);
 }
 
 } // namespace
