@@ -10,11 +10,15 @@ namespace tolvane {
 
 namespace {
 
-// The lines that hold a word, in file order.
+// The lines that hold a word, in file order; of the given ones, those that hold it under a stricter rule.
 template <class Ch> std::vector<int> LinesWith(std::string_view word, WordRule rule) {
     std::vector<int> lines;
     for (int line = 0; line < LineKazu<Ch>(); ++line)
         if (HoldsWord(LineAt<Ch>(line).strLine, word, rule)) lines.push_back(line);
+    return lines;
+}
+template <class Ch> std::vector<int> OfThoseWith(std::vector<int> lines, std::string_view word, WordRule rule) {
+    std::erase_if(lines, [&](int line) { return !HoldsWord(LineAt<Ch>(line).strLine, word, rule); });
     return lines;
 }
 
@@ -80,7 +84,7 @@ template <class Ch> void MakePrgs(const std::vector<int>& starts, const std::vec
 } // namespace
 
 template <class Ch> int StartEnd10() {
-    const std::vector<int> starts = LinesWith<Ch>("START", LettersRule());
+    const std::vector<int>& starts = b->StartLines = LinesWith<Ch>("START", LettersRule());
     if (starts.empty()) {
         po->Error(NoLine, LinesMsg.NoStartLetters);
         DetSTARTatZenKakuSpace<Ch>();
@@ -88,7 +92,7 @@ template <class Ch> int StartEnd10() {
         return -1;
     }
 
-    const std::vector<int> ends = LinesWith<Ch>("END", LettersRule());
+    const std::vector<int>& ends = b->EndLines = LinesWith<Ch>("END", LettersRule());
     if (ends.empty()) {
         po->Error(NoLine, LinesMsg.NoEndLetters);
         DetENDatZenKakuSpace<Ch>();
@@ -101,14 +105,14 @@ template <class Ch> int StartEnd10() {
 }
 
 template <class Ch> int StartEnd20() {
-    const std::vector<int> starts = LinesWith<Ch>("START", BoundaryRule());
+    const std::vector<int> starts = OfThoseWith<Ch>(b->StartLines, "START", BoundaryRule());
     if (starts.empty()) {
         po->Error(NoLine, LinesMsg.NoStartWord);
         return -1;
     }
     if (BeginsWithBlank<Ch>(starts.back())) po->Error(starts.back(), LinesMsg.LastStartWithoutLabel);
 
-    const std::vector<int> ends = LinesWith<Ch>("END", BoundaryRule());
+    const std::vector<int> ends = OfThoseWith<Ch>(b->EndLines, "END", BoundaryRule());
     if (ends.empty()) {
         po->Error(NoLine, LinesMsg.NoEndWord);
         CkEnd_LR<Ch>();

@@ -35,6 +35,7 @@ template <class Ch> void ShortenLead(View<Ch>& line) {
 // The position of the semicolon that begins the comment, npos if there is none. Inside a character constant a
 // semicolon is text, and two apostrophes in a row do not end the constant.
 template <class Ch> std::size_t FindComment(View<Ch> line) {
+    if (!Has(line, ';')) return npos;
     bool inside = false;
     for (std::size_t i = 0; i < line.size(); ++i) {
         if (line[i] == Ch(';') && !inside) return i;
@@ -51,8 +52,9 @@ template <class Ch> std::size_t FindComment(View<Ch> line) {
 // it. An "=" with nothing but blanks behind it goes as well. A text that differs is put into `edited`.
 template <class Ch> View<Ch> EditedOprnd(const SrcData<Ch>& src, Text<Ch>& edited) {
     const View<Ch> text = src.strOprndCom;
+    if (!Has(text, '=')) return text;
     const std::size_t equal = text.find(Ch('='));
-    if (equal == npos || text.find(Ch('\'')) < equal) return text;
+    if (text.find(Ch('\'')) < equal) return text;
     const std::size_t next = FindNonBlank(text, equal + 1);
     if (next == npos) return text.substr(0, equal);
     if (next == equal + 1) return text;
@@ -146,7 +148,7 @@ template <class Ch> int OpNoOperand(int line, View<Ch> firstOperand) {
 
 template <class Ch> int TabsToBlanks() {
     for (SrcData<Ch>& src : b->Src<Ch>()) {
-        if (src.strLine.find(Ch('\t')) == npos) continue;
+        if (!Has(src.strLine, '\t')) continue;
         Text<Ch> text(src.strLine);
         const std::size_t first = text.find(Ch('\''));
         const std::size_t last = text.rfind(Ch('\''));

@@ -45,7 +45,7 @@ void TMsgStore::DspMsgStore() const {
     for (const MsgRec& record : Records) {
         if (!record.queued) continue;
         for (const std::string& line : record.Lines()) {
-            console::Write(IsAscii(line) ? line : Utf8(WideUtf8Lossy(line)));
+            console::Write(IsAscii(ViewA(line)) ? line : Utf8(WideUtf8Lossy(line)));
             console::Write("\n");
         }
         console::Write("\n");

@@ -10,7 +10,8 @@ template <class Ch> View<Ch>& Oprnd(int line, int n) {
     return b->Src<Ch>()[static_cast<std::size_t>(line)].Oprnd(n);
 }
 
-// Splits the comment off the lines whose opcode takes no character constant. 0, or -1 with an Error for an unknown opcode.
+// Splits the comment off the lines whose opcode takes no character constant. 0, or -1 with an Error for an unknown
+// opcode.
 template <class Ch> int SearchApostForNonCharConstOP(int prg);
 // Renews chOprndCom from strOprndCom, cut to the pipeline's limit. 0.
 template <class Ch> int CopyOprndComStrToChH(int prg);

@@ -56,6 +56,16 @@ template <class Ch> void CkLiteralForm(int line, View<Ch> operands) {
     cs->Error(line, LiteralMsg.NoLiteral, {operands});
 }
 
+// Whether a semicolon occurs, or a blank beside a comma.
+template <class Ch> bool NeedsTrim(View<Ch> text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == Ch(';')) return true;
+        if (text[i] != Ch(',')) continue;
+        if ((i > 0 && IsBlank(text[i - 1])) || IsBlank(At(text, i + 1))) return true;
+    }
+    return false;
+}
+
 // The record of the line's literal, made if there is none.
 template <class Ch> TLiteConst<Ch>& LiteralOf(SrcData<Ch>& src) {
     auto& literals = b->Apart<Ch>().vecLite;
@@ -69,8 +79,9 @@ template <class Ch> TLiteConst<Ch>& LiteralOf(SrcData<Ch>& src) {
 } // namespace
 
 template <class Ch> View<Ch> WithoutBlanksBehindEqual(View<Ch> text) {
+    if (!Has(text, '=')) return text;
     const std::size_t p = text.find(Ch('='));
-    if (p == npos || !IsBlank(At(text, p + 1))) return text;
+    if (!IsBlank(At(text, p + 1))) return text;
     return b->Keep<Ch>(Text<Ch>(text.substr(0, p + 1)) += TrimLeftBlank(text.substr(p + 1)));
 }
 
@@ -87,7 +98,7 @@ template <class Ch> int CkLiteral15(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         const SrcData<Ch>& src = LineAt<Ch>(line);
-        if (!Contains(src.strOprndCom, "=")) continue;
+        if (!Has(src.strOprndCom, '=')) continue;
         if (src.op != nullptr && !src.op->takesLiteral) continue;
         CkLiteralForm(line, src.strOprndCom);
     }
@@ -96,9 +107,7 @@ template <class Ch> int CkLiteral15(int prg) {
 
 template <class Ch> View<Ch> TrimOprndComComma(View<Ch> text) {
     const std::size_t end = std::min(text.find(Ch('=')), text.size());
-    const auto isTouched = [](Ch c) { return c == Ch(';') || IsBlank(c); };
-    const View<Ch> left = text.substr(0, end);
-    if (std::none_of(left.begin(), left.end(), isTouched)) return text;
+    if (!NeedsTrim(text.substr(0, end))) return text;
     Text<Ch> out;
     std::size_t i = 0;
     while (i < end) {

@@ -13,6 +13,11 @@ public:
     Descriptor(Descriptor&& other) noexcept : number(std::exchange(other.number, -1)) {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        Close();
+        number = std::exchange(other.number, -1);
+        return *this;
+    }
     ~Descriptor() { Close(); }
 
     int Get() const { return number; } // below 0 if the file did not open

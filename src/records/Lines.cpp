@@ -10,6 +10,8 @@ template <class Ch> std::size_t FindMozi(View<Ch> text, std::type_identity_t<Vie
 }
 
 template <class Ch> bool HoldsWord(View<Ch> text, std::string_view word, WordRule rule) {
+    for (const char letter : word)
+        if (!Has(text, letter)) return false;
     const Text<Ch> pattern = Lit<Ch>(word);
     for (std::size_t at = FindMozi<Ch>(text, pattern); at != npos; at = FindMozi<Ch>(text, pattern, at + 1)) {
         const std::size_t behind = at + pattern.size();

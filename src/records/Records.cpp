@@ -30,6 +30,8 @@ void TBasicData::Reset() {
     vecPrgW.clear();
     apartA.Clear();
     apartW.Clear();
+    StartLines.clear();
+    EndLines.clear();
     prgKazuInFile = 0;
     ReservedWords = 0;
 }

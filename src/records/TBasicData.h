@@ -36,6 +36,10 @@ public:
     TApart<char16_t> apartW;
     std::int32_t ReservedWords = 0; // the first address behind the image
 
+    // The lines that hold the letters START and END, in file order.
+    std::vector<int> StartLines;
+    std::vector<int> EndLines;
+
     // The records of the pipeline's kind of text; the index of a line record is its zero-based line number.
     template <class Ch> std::vector<SrcData<Ch>>& Src();
     template <class Ch> std::vector<PrgData<Ch>>& Prg();

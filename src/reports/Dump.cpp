@@ -8,13 +8,15 @@
 #include "reports/Dump.h"
 
 #include "platform/Console.h"
-#include "platform/Files.h"
+#include "platform/FileWriter.h"
 #include "records/Records.h"
 #include "records/TLabelSpace.h"
 #include "reports/ReportsMsgs.h"
 #include "text/Convert.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cstdio>
 #include <string_view>
 #include <vector>
@@ -26,6 +28,31 @@ namespace {
 constexpr int RowsBehindImage = 10;
 constexpr const char* CellHead = " Char  Hex    UD     SD       Binary Code\n";
 constexpr std::size_t LongLabel68 = 12; // from here on the columns of DspRegMry68 widen
+constexpr std::size_t PieceSize = std::size_t{64} * 1024;
+
+// The text of a dump, which goes on in pieces, so that its size does not matter.
+class Output {
+public:
+    explicit Output(const DumpPiece& takePiece) : take(takePiece) { text.reserve(PieceSize + 1024); }
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+    ~Output() { Pass(); }
+
+    std::string text; // what has not been passed on
+
+    void EndRow() {
+        text += '\n';
+        if (text.size() >= PieceSize) Pass();
+    }
+
+private:
+    const DumpPiece& take;
+
+    void Pass() {
+        take(text);
+        text.clear();
+    }
+};
 
 std::string Rule(int pairs) {
     std::string rule = "//--";
@@ -40,11 +67,11 @@ struct Label {
     std::size_t length = 0;
 };
 
-std::string Bytes(ViewW text) {
-    return Narrow932(text);
+void AppendBytes(std::string& out, ViewW text) {
+    AppendNarrow932(out, text);
 }
-std::string Bytes(ViewA text) {
-    return std::string(text);
+void AppendBytes(std::string& out, ViewA text) {
+    out += text;
 }
 
 void Pad(std::string& out, std::size_t width, std::size_t length) {
@@ -62,7 +89,9 @@ void Right(std::string& out, const Label& label, std::size_t width) {
 }
 
 void Right(std::string& out, int number, std::size_t width) {
-    Right(out, std::to_string(number), width);
+    std::array<char, 12> digits;
+    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    Right(out, std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())), width);
 }
 
 void Left(std::string& out, std::string_view text, std::size_t length, std::size_t width) {
@@ -70,43 +99,52 @@ void Left(std::string& out, std::string_view text, std::size_t length, std::size
     Pad(out, width, length);
 }
 
-void Hex4(std::string& out, int word) {
-    for (int shift = 12; shift >= 0; shift -= 4)
-        out += "0123456789ABCDEF"[(word >> shift) & 0xF];
+constexpr std::string_view HexDigits = "0123456789ABCDEF";
+
+// Writes the decimal digits of a number so that they end in front of `end`. The first of them.
+char* PutDecimal(char* end, unsigned n) {
+    do
+        *--end = static_cast<char>('0' + n % 10);
+    while ((n /= 10) != 0);
+    return end;
 }
 
-// The picture of one word: character, hexadecimal, unsigned, signed, binary.
+void Hex4(std::string& out, int word) {
+    for (int shift = 12; shift >= 0; shift -= 4)
+        out += HexDigits[static_cast<std::size_t>((word >> shift) & 0xF)];
+}
+
+// The picture of one word: character, hexadecimal, unsigned, signed, binary. All have one width, so that a row is a
+// template with its digits put in.
 void DspWordCell(std::string& out, int cell) {
-    const int w = cell & 0xFFFF;
-    out += ' ';
+    constexpr std::string_view Form = "    :#0000:     :      : 0000 0000 0000 0000:";
+    constexpr std::size_t Char = 1, Hex = 6, UnsignedEnd = 16, SignedEnd = 23, Binary = 25;
+    const auto w = static_cast<unsigned>(cell & 0xFFFF);
+    std::array<char, Form.size()> row;
+    std::copy(Form.begin(), Form.end(), row.begin());
     if (32 <= w && w <= 126) {
-        const char quoted[] = {'\'', static_cast<char>(w), '\''};
-        out.append(quoted, sizeof quoted);
-    } else {
-        out += "   ";
+        row[Char] = row[Char + 2] = '\'';
+        row[Char + 1] = static_cast<char>(w);
     }
-    out += ":#";
-    Hex4(out, w);
-    out += ':';
-    Right(out, w, 5);
-    out += ':';
-    const int value = static_cast<std::int16_t>(w);
-    const std::string digits = std::to_string(value);
-    Right(out, value < 0 ? digits : std::string("+").append(digits), 6);
-    out += ':';
-    for (int bit = 15; bit >= 0; --bit) {
-        if (bit % 4 == 3) out += ' ';
-        out += ((w >> bit) & 1) != 0 ? '1' : '0';
+    for (unsigned i = 0; i < 4; ++i) {
+        const unsigned nibble = w >> (12 - 4 * i) & 0xF;
+        row[Hex + i] = HexDigits[nibble];
+        for (unsigned bit = 0; bit < 4; ++bit)
+            row[Binary + 5 * i + bit] = static_cast<char>('0' + (nibble >> (3 - bit) & 1));
     }
-    out += ':';
+    PutDecimal(row.data() + UnsignedEnd, w);
+    const bool negative = w > 0x7FFF;
+    *(PutDecimal(row.data() + SignedEnd, negative ? 0x10000 - w : w) - 1) = negative ? '-' : '+';
+    out.append(row.data(), row.size());
 }
 
 // One dump over the records of one kind of text.
 template <class Ch> class Dumper {
 public:
-    Dumper(const Tcomet2& m, std::string& text)
-        : machine(m), out(text), form(modeFlags->Pipe->dump), lines(b->Src<Ch>()), reserved(b->GetReservedWords()),
-          rows(std::clamp(reserved + RowsBehindImage, 0, AddressCount)), labels(static_cast<std::size_t>(rows)) {
+    Dumper(const Tcomet2& m, Output& output)
+        : machine(m), sink(output), out(output.text), form(modeFlags->Pipe->dump), lines(b->Src<Ch>()),
+          reserved(b->GetReservedWords()), rows(std::clamp(reserved + RowsBehindImage, 0, AddressCount)),
+          labels(static_cast<std::size_t>(rows)) {
         CollectLabels();
         runColWidth = std::to_string(machine.MaxRunCount).size() + 1;
     }
@@ -118,6 +156,7 @@ public:
 
 private:
     const Tcomet2& machine;
+    Output& sink;
     std::string& out;
     const Dump form;
     const std::vector<SrcData<Ch>>& lines;
@@ -142,18 +181,18 @@ template <class Ch> void Dumper<Ch>::AddLabel(int address, View<Ch> name) {
         label.bytes += ' ';
         ++label.length;
     }
-    label.bytes += Bytes(name);
+    AppendBytes(label.bytes, name);
     label.length += name.size();
 }
 
-// The array pipeline has its labels in a table of their own.
 template <class Ch> void Dumper<Ch>::CollectLabels() {
-    if constexpr (!IsWide<Ch>)
-        for (const TLabelRow& row : labelSpace->Rows)
-            AddLabel(row.LabelAdr, row.LabelName);
-    if (!modeFlags->Pipe->dumpsLabelSpace)
+    if (!modeFlags->Pipe->dumpsLabelSpace) {
         for (const SrcData<Ch>& line : lines)
             AddLabel(line.AbAdr, line.strLabel);
+    } else if constexpr (!IsWide<Ch>) {
+        for (const TLabelRow& row : labelSpace->Rows)
+            AddLabel(row.LabelAdr, row.LabelName);
+    }
     maxLabelLen = form == Dump::DspRegMry70 ? 5 : 8;
     for (int a = 0; a < std::min(reserved, rows); ++a)
         maxLabelLen = std::max(maxLabelLen, labels[static_cast<std::size_t>(a)].length);
@@ -208,7 +247,7 @@ template <class Ch> void Dumper<Ch>::MemoryRows() {
             out += ':';
         }
         if (modeFlags->Pipe->buildsLineOfWord) SourceText(a);
-        out += '\n';
+        sink.EndRow();
         if (a == reserved - 1 && a == lastEnd) out += Rule(35);
     }
 }
@@ -238,14 +277,15 @@ template <class Ch> void Dumper<Ch>::SourceText(int address) {
     const SrcData<Ch>& line = lines[static_cast<std::size_t>(nr)];
     if (line.strOp.empty()) return;
     shownLine = nr;
-    const std::string label = Bytes(line.strLabel);
-    const std::string text = Bytes(line.strOp) + " " + Bytes(line.strOprndCom);
-    if (line.lite >= 0 && address > line.AbAdr) {
-        out += "Literal:(" + (label.empty() ? "" : label + " ") + text + ")";
-        return;
-    }
-    Left(out, label, line.strLabel.size(), 2);
-    out += " " + text;
+    const bool isLiteral = line.lite >= 0 && address > line.AbAdr;
+    if (isLiteral) out += "Literal:(";
+    AppendBytes(out, line.strLabel);
+    if (!isLiteral) Pad(out, 2, line.strLabel.size());
+    if (!isLiteral || !line.strLabel.empty()) out += ' ';
+    AppendBytes(out, line.strOp);
+    out += ' ';
+    AppendBytes(out, line.strOprndCom);
+    if (isLiteral) out += ')';
 }
 
 // From the bottom of the stack up to the fourth empty cell in a row.
@@ -256,7 +296,7 @@ template <class Ch> void Dumper<Ch>::StackRows() const {
     for (int i = passed; i >= 0; --i) {
         AddressColumns(StackBottom - i, Label());
         DspWordCell(out, machine.Stack[static_cast<std::size_t>(i)]);
-        out += '\n';
+        sink.EndRow();
     }
 }
 
@@ -265,15 +305,15 @@ std::string FileText(const Msg& msg, Args args = {}) {
     return Narrow932(WideUtf8Lossy(TextOf(msg, args)));
 }
 
-template <class Ch> void Write(const Tcomet2& machine, std::string& out) {
-    Dumper<Ch> dumper(machine, out);
+template <class Ch> void Write(const Tcomet2& machine, Output& output) {
+    Dumper<Ch> dumper(machine, output);
     dumper.Registers();
     dumper.MemoryHead();
     dumper.MemoryRows();
-    out += FileText(ReportsMsg.Boundary);
-    out += FileText(ReportsMsg.StackHead, {machine.SP});
+    output.text += FileText(ReportsMsg.Boundary);
+    output.text += FileText(ReportsMsg.StackHead, {machine.SP});
     dumper.StackRows();
-    out += Rule(55);
+    output.text += Rule(55);
 }
 
 } // namespace
@@ -292,23 +332,30 @@ std::string DumpDate(const platform::LocalTime& now) {
     return standard;
 }
 
-std::string DumpText(const Tcomet2& machine, const std::string& fileName) {
-    std::string out;
-    out.reserve(static_cast<std::size_t>(std::max(b->GetReservedWords(), 0)) * 100 + 8192);
+void WriteDump(const Tcomet2& machine, const std::string& fileName, const DumpPiece& take) {
+    Output output(take);
+    std::string& out = output.text;
     out += FileText(ReportsMsg.Font);
     out += Rule(43);
     out += FileText(ReportsMsg.Source, {Utf8Arg{po->LastAssembledSrcFilePath}, Utf8Arg{DumpDate(platform::Now())}});
     out += FileText(ReportsMsg.DumpFile, {Utf8Arg{fileName}});
     out += "//-------------------------------------------------\n";
     if (modeFlags->Pipe->text == TextKind::Wide)
-        Write<char16_t>(machine, out);
+        Write<char16_t>(machine, output);
     else
-        Write<char>(machine, out);
-    return out;
+        Write<char>(machine, output);
+}
+
+std::string DumpText(const Tcomet2& machine, const std::string& fileName) {
+    std::string text;
+    WriteDump(machine, fileName, [&text](std::string_view piece) { text += piece; });
+    return text;
 }
 
 int DspRegMry(const Tcomet2& machine, const std::string& fileName) {
-    const auto failure = platform::WriteFile(fileName, DumpText(machine, fileName));
+    platform::FileWriter file(fileName);
+    if (file.IsGood()) WriteDump(machine, fileName, [&file](std::string_view piece) { file.Write(piece); });
+    const auto failure = file.Close();
     if (!failure) return 0;
     Tell(Severity::Error, NoLine, ReportsMsg.DoesNotOpen, {Utf8Arg{fileName}, Utf8Arg{*failure}});
     return 1;

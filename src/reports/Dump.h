@@ -4,7 +4,9 @@
 #include "machine/Tcomet2.h"
 #include "platform/Clocks.h"
 
+#include <functional>
 #include <string>
+#include <string_view>
 
 namespace tolvane {
 
@@ -12,10 +14,12 @@ namespace tolvane {
 inline constexpr const char* AssembledDumpName = "aaAssembledRegMry.txt";
 inline constexpr const char* ResultantDumpName = "aaResultantRegMry.txt";
 
-// Writes the dump in the pipeline's form to a file of the current directory. 0, or 1 with a message if it does not
-// open.
+// Writes the dump in the pipeline's form to a file of the current directory, which is replaced when the new one is
+// whole. 0, or 1 with a message if it cannot be written.
 int DspRegMry(const Tcomet2& machine, const std::string& fileName);
-// The bytes of the file: Shift_JIS text.
+// Gives the bytes of the file, Shift_JIS text, to `take` in pieces of about 64 KB; all of them in one text.
+using DumpPiece = std::function<void(std::string_view)>;
+void WriteDump(const Tcomet2& machine, const std::string& fileName, const DumpPiece& take);
 std::string DumpText(const Tcomet2& machine, const std::string& fileName);
 // The date of a dump in the language in force, as UTF-8. The English form ends its line.
 std::string DumpDate(const platform::LocalTime& now);

@@ -163,7 +163,8 @@ void AppendCode(std::string& out, unsigned code) {
 // Appends the characters of ASCII that stand at i, and gives the place behind them.
 template <class To, class From>
 std::size_t AppendAscii(std::basic_string<To>& out, std::basic_string_view<From> text, std::size_t i) {
-    const std::size_t length = AsciiLength(text.substr(i));
+    const std::basic_string_view<From> rest = text.substr(i);
+    const std::size_t length = IsAscii(rest) ? rest.size() : AsciiLength(rest);
     const std::size_t had = out.size();
     out.resize(had + length);
     for (std::size_t k = 0; k < length; ++k)
@@ -262,15 +263,19 @@ bool IsValid932(std::string_view bytes) {
 std::string Narrow932(std::u16string_view wide) {
     std::string bytes;
     bytes.reserve(wide.size());
-    for (std::size_t i = AppendAscii(bytes, wide, 0); i < wide.size(); i = AppendAscii(bytes, wide, i + 1)) {
+    AppendNarrow932(bytes, wide);
+    return bytes;
+}
+
+void AppendNarrow932(std::string& out, std::u16string_view wide) {
+    for (std::size_t i = AppendAscii(out, wide, 0); i < wide.size(); i = AppendAscii(out, wide, i + 1)) {
         if (ByteLength932(wide[i]) != 0) {
-            AppendCode(bytes, Table().CodeOfUnit(wide[i]));
+            AppendCode(out, Table().CodeOfUnit(wide[i]));
             continue;
         }
         if (IsPairAt(wide, i)) ++i;
-        bytes += '?';
+        out += '?';
     }
-    return bytes;
 }
 
 std::size_t Utf8Length(std::string_view utf8, std::size_t i) {

@@ -23,6 +23,7 @@ std::u16string Wide932(std::string_view bytes);
 bool IsValid932(std::string_view bytes);
 // UTF-16 to code page 932. What has no place there becomes "?", a pair of surrogates one "?".
 std::string Narrow932(std::u16string_view wide);
+void AppendNarrow932(std::string& out, std::u16string_view wide);
 
 // Bytes of the valid UTF-8 character that begins at i; 0 if none does (overlong forms and surrogates are not valid).
 std::size_t Utf8Length(std::string_view utf8, std::size_t i);

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace tolvane {
 
@@ -58,16 +59,34 @@ template <class Ch> constexpr bool IsLabelChar(Ch c) {
     return IsUpper(c) || IsDigit(c);
 }
 
-// How many characters from 1 to 7E stand at the front of a text: those that are the same in every code; whether it has
-// no others.
+// A sum of answers in the width of the characters, so that the compiler asks many of them at once.
+template <class Ch> using Units = std::make_unsigned_t<Ch>;
+
+// Whether the character occurs. Most texts lack what the passes ask for, so all of it is looked at, many characters at
+// a time.
+template <class Ch> bool Has(View<Ch> text, char c) {
+    Units<Ch> found = 0;
+    for (const Ch each : text)
+        found = static_cast<Units<Ch>>(found | static_cast<Units<Ch>>(each == Ch(c)));
+    return found != 0;
+}
+
+// The characters from 1 to 7E, which are the same in every code.
+template <class Ch> constexpr bool IsAsciiChar(Ch c) {
+    return Ch(0) < c && c < Ch(0x7F);
+}
+// Whether a text has no others; how many of them stand at its front.
+template <class Ch> bool IsAscii(View<Ch> text) {
+    Units<Ch> others = 0;
+    for (const Ch c : text)
+        others = static_cast<Units<Ch>>(others | static_cast<Units<Ch>>(!IsAsciiChar(c)));
+    return others == 0;
+}
 template <class Ch> std::size_t AsciiLength(View<Ch> text) {
     std::size_t end = 0;
-    while (end < text.size() && Ch(0) < text[end] && text[end] < Ch(0x7F))
+    while (end < text.size() && IsAsciiChar(text[end]))
         ++end;
     return end;
-}
-inline bool IsAscii(std::string_view text) {
-    return AsciiLength(text) == text.size();
 }
 
 // An ASCII literal as text of either kind.
