@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 
 namespace tolvane {
 
@@ -23,9 +24,13 @@ std::string AtLine(int line, int lang) {
     return lang == 0 ? nr + LineWord[0] : LineWord[1] + nr + ": ";
 }
 
-std::string AtConst(int line, int constant, int lang) {
+std::string ConstantNr(int constant, int lang) {
     const std::string nr = std::to_string(constant + 1);
-    return AtLine(line, lang) + (lang == 0 ? nr + ConstantWord[0] : ConstantWord[1] + nr + ": ");
+    return lang == 0 ? nr + ConstantWord[0] : ConstantWord[1] + nr + ": ";
+}
+
+std::string AtConst(int line, int constant, int lang) {
+    return AtLine(line, lang) + ConstantNr(constant, lang);
 }
 
 std::string Hex(long long value, std::size_t least) {
@@ -48,7 +53,16 @@ std::string FormatArg(const Arg& arg, std::string_view form, const Filling& fill
     return form == "q" ? QuoteStr(plain) : plain;
 }
 
+// What a tag of a head leaves where the head is told by other means: the constant's number. Null for other tags.
+std::optional<std::string> FillHeadless(std::string_view tag, const Filling& f) {
+    if (tag == "const" || tag == "atconst") return ConstantNr(f.place.constant, f.lang);
+    if (tag == "prefix" || tag == "line" || tag == "atline") return std::string();
+    return std::nullopt;
+}
+
 std::string FillTag(std::string_view tag, const Filling& f) {
+    if (f.headless)
+        if (auto left = FillHeadless(tag, f)) return *std::move(left);
     if (tag == "prefix") return SeverityPrefix(f.severity, f.lang);
     if (tag == "atline") return AtLine(f.place.line, f.lang);
     if (tag == "line") return LineHead(f.severity, f.place.line, f.lang);

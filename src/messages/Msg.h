@@ -120,6 +120,7 @@ struct Filling {
     Severity severity;
     Place place;
     std::span<const Arg> args;
+    bool headless = false; // severity and line are told by other means: of the heads the constant's number alone is left
 };
 // The text with its tags filled in, as UTF-8. An argument that is not given leaves its tag empty.
 std::string Compose(std::string_view text, const Filling& filling);
