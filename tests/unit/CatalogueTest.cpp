@@ -106,7 +106,7 @@ std::vector<Pair> PairsOf(const Msg& msg) {
 // Everything that the transcripts expect the program to say or to write.
 std::string AllExpectations() {
     static const std::set<std::string> Stems = {"console", "opening", "closing", "assembled", "resultant"};
-    std::string all;
+    std::string all = ReadFile(Tests / "run" / "session.txt");
     for (const auto& entry : fs::recursive_directory_iterator(Tests / "transcripts")) {
         const std::string name = entry.path().filename().string();
         if (entry.is_regular_file() && Stems.count(name.substr(0, name.find('.'))) != 0) all += ReadFile(entry.path());
