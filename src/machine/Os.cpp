@@ -63,16 +63,21 @@ std::optional<MachineIo::Line> ReadFromDialogue(void*, std::size_t limit) {
     return MachineIo::Line{std::move(*line), console::LastLineValidLength()};
 }
 
+void SayInDialogue(void*, const Msg& msg, Args args) {
+    Say(msg, args);
+    console::FlushSoon();
+}
+
 } // namespace
 
-constinit const MachineIo DialogueIo{WriteToDialogue, ReadFromDialogue, nullptr};
+constinit const MachineIo DialogueIo{WriteToDialogue, ReadFromDialogue, SayInDialogue, nullptr};
 
 Stop Tcomet2::OsSvc(int number) {
     if (number == ServiceIn) return OsIn();
     if (number == ServiceOut)
         OsOut();
     else
-        Print(MachineMsg.UnknownService, {number});
+        Io.say(Io.context, MachineMsg.UnknownService, {number});
     return Stop::None;
 }
 
@@ -97,7 +102,7 @@ Stop Tcomet2::OsIn() {
     TextW text;
     if (line) text = CutToInputLimit(WideUtf8Lossy(line->text.substr(0, line->text.find('\0'))));
     if (line && Utf8(text).size() > line->validLength) {
-        Print(MachineMsg.InNotConverted);
+        Io.say(Io.context, MachineMsg.InNotConverted, {});
         text.clear();
     }
 

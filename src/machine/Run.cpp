@@ -442,7 +442,8 @@ template <bool limited> Stop Tcomet2::Execute(std::int64_t instructions) {
             ++pr;
             end(Stop::End);
             break;
-        case 0xF0: // SVC
+        case 0xF0:                     // SVC
+            PR = static_cast<int>(pr); // for what the OS says
             if (const Stop asked = OsSvc(static_cast<int>(e)); asked != Stop::None)
                 end(asked);
             else

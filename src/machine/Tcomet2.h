@@ -45,6 +45,8 @@ struct MachineIo {
     void (*write)(void* context, const std::string& line); // UTF-8 with its line end
     // Nothing at the end of the input; what lies beyond `limit` characters is dropped.
     std::optional<Line> (*read)(void* context, std::size_t limit);
+    // What the virtual OS has to say of the SVC at PR.
+    void (*say)(void* context, const Msg& msg, Args args);
     void* context;
 };
 // The console, with a head in front of each text and each question.

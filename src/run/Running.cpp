@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
 
 namespace tolvane::run {
 
@@ -19,8 +20,15 @@ namespace {
 struct Streams {
     std::optional<InputLines> input;
     bool standardInput;
-    std::string swallowed; // what the machine tells in words, beside its diagnostics
+    const std::string& file;
+    std::set<int> told;    // the addresses of SVCs of which the OS has said something
+    std::string swallowed; // the stop in the words of the console, which are told as diagnostics
 };
+
+void PrintAt(const std::string& file, int address, Severity severity, std::vector<std::string> lines) {
+    lines.push_back(PlaceText(address));
+    PrintDiagnostic(file, LineOfAddress(address), severity, lines);
+}
 
 // Both streams may go to one terminal or file, so that each is written out before the other goes on.
 void WriteOut(void* context, const std::string& line) {
@@ -44,6 +52,14 @@ std::optional<MachineIo::Line> ReadIn(void* context, std::size_t limit) {
     return MachineIo::Line{std::move(*line), valid};
 }
 
+// A service that does not exist and input that cannot be read are told once for each instruction.
+void SayOnce(void* context, const Msg& msg, Args args) {
+    Streams& streams = *static_cast<Streams*>(context);
+    if (!streams.told.insert(comet2->PR).second) return;
+    const MsgRec record{&msg, Severity::Note, LineOfAddress(comet2->PR), args, false, false};
+    PrintAt(streams.file, comet2->PR, record.severity, TextLines(record));
+}
+
 void TraceInOrder(const Step& step) {
     console::Flush();
     TraceStep(step);
@@ -58,11 +74,6 @@ int LeavingAddress(int address) {
     while (last > 0 && comet2->RunCount[static_cast<std::size_t>(last)] == 0)
         --last;
     return last;
-}
-
-void PrintAt(const std::string& file, int address, Severity severity, std::vector<std::string> lines) {
-    lines.push_back(PlaceText(address));
-    PrintDiagnostic(file, LineOfAddress(address), severity, lines);
 }
 
 // The diagnostics of the run: a warning of a store at its instruction, and the stop, which may have been told in
@@ -104,10 +115,10 @@ int TellEnd(const Options& options, const std::string& file, std::size_t firstRe
 } // namespace
 
 int RunProgram(const Options& options, const std::string& file, bool standardInput) {
-    Streams streams{std::nullopt, standardInput, {}};
+    Streams streams{std::nullopt, standardInput, file, {}, {}};
     if (options.input) streams.input.emplace(*options.input);
     const std::size_t firstRecord = store->Records.size();
-    comet2->Io = {WriteOut, ReadIn, &streams};
+    comet2->Io = {WriteOut, ReadIn, SayOnce, &streams};
     console::WriteTo(&streams.swallowed);
     const Stop stop =
         options.trace ? comet2->RunTraced(options.limit, TraceInOrder) : comet2->RunLimited(options.limit);
