@@ -15,6 +15,7 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         if (std::string(argv[i]) == "--rewrite") rewrite = true;
     }
+    if (rewrite) setenv("TOLVANE_REWRITE", "1", 1);
     std::signal(SIGPIPE, SIG_IGN);
     tolvane::tests::RegisterTranscripts(rewrite);
     return RUN_ALL_TESTS();
