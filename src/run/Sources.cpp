@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 
 namespace tolvane::run {
 
@@ -58,10 +59,13 @@ void PrintRecords(const std::string& file) {
 }
 
 // Reads, assembles and links. What the steps say beside their diagnostics is nobody's here.
-bool Assemble(const Options& options, const std::string& path, const std::string& file) {
+bool Assemble(const Options& options, const std::string& file) {
+    std::optional<StandardInputFile> standardInput;
+    if (file == StandardInput) standardInput.emplace();
+    const std::string& path = standardInput ? standardInput->Path() : file;
     TMsgBase game;
     BeginAssembly(game, *options.pipeline, options.lang);
-    po->LastAssembledSrcFilePath = file;
+    po->LastAssembledSrcFilePath = Told(file);
     std::string swallowed;
     console::WriteTo(&swallowed);
     const bool assembled = ReadSource(path) == 0 && RunStages(game) && RunLink(game) >= 0;
@@ -69,9 +73,9 @@ bool Assemble(const Options& options, const std::string& path, const std::string
     return assembled;
 }
 
-int AssembleAndRun(const Options& options, const std::string& path, const std::string& file) {
+int AssembleAndRun(const Options& options, const std::string& file) {
     const std::string told = Told(file);
-    const bool assembled = Assemble(options, path, told);
+    const bool assembled = Assemble(options, file);
     PrintRecords(told);
     if (!assembled) {
         if (store->Records.empty()) PrintDiagnostic(told, -1, Severity::Error, {TextOf(RunMsg.NotAssembled)});
@@ -87,18 +91,10 @@ int AssembleAndRun(const Options& options, const std::string& path, const std::s
     return std::max({ran, dumped, WriteDump(options, file, ".result.txt")});
 }
 
-int RunStandardInput(const Options& options) {
-    const StandardInputFile source;
-    if (!source.Path().empty()) return AssembleAndRun(options, source.Path(), StandardInput);
-    PrintDiagnostic(Told(StandardInput), -1, Severity::Error, {TextOf(RunMsg.NotAssembled)});
-    return WrongUse;
-}
-
 } // namespace
 
 int RunFile(const Options& options, const std::string& file) {
-    if (file == StandardInput) return RunStandardInput(options);
-    if (platform::ReadFile(file)) return AssembleAndRun(options, file, file);
+    if (file == StandardInput || platform::ReadFile(file)) return AssembleAndRun(options, file);
     const std::string why = WhyNotRead(file);
     PrintDiagnostic(file, -1, Severity::Error, {TextOf(RunMsg.NotRead, {Utf8Arg{why}})});
     return WrongUse;
