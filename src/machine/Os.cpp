@@ -95,7 +95,7 @@ void Tcomet2::OsOut() const {
 
 Stop Tcomet2::OsIn() {
     const std::optional<MachineIo::Line> line = Io.read(Io.context, ReadLimit);
-    if (signals::InterruptAsked()) return Stop::Interrupted;
+    if (signals::TakeInterrupt()) return Stop::Interrupted;
     InputEnds = line ? 0 : InputEnds + 1;
     if (InputEnds == MostInputEnds) return Stop::InputEnded;
 
