@@ -10,7 +10,7 @@ namespace tolvane::run {
 
 namespace {
 
-constexpr std::size_t LargeOutput = 64 * 1024;
+constexpr std::size_t LargeOutput = 65536;
 constexpr const char* SeverityNames[] = {"error", "warning", "note", "memo"};
 
 // Severities that a row spells out itself.

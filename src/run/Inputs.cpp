@@ -43,7 +43,7 @@ StandardInputFile::StandardInputFile() {
     platform::Descriptor file(mkstemp(name.data()));
     if (file.Get() < 0) return;
     path = name;
-    std::string block(64 * 1024, '\0');
+    std::string block(65536, '\0');
     for (;;) {
         const ssize_t got = read(STDIN_FILENO, block.data(), block.size());
         if (got < 0 && errno == EINTR) continue;

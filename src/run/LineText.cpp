@@ -89,7 +89,7 @@ std::string Disassembled(int word, int second) {
     const int code = word >> 8 & 0xFF;
     const Opcode* op = OpcodeOf(code);
     if (op == nullptr) return Hex(word);
-    const std::string name(op->word);
+    std::string name(op->word);
     const std::string address = Hex(second) + ((word & 7) == 0 ? "" : ", " + Register(word));
     switch (op->shape) {
     case Shape::RegisterOrAddress:

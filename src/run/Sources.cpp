@@ -34,7 +34,7 @@ std::string StemOf(const std::string& file) {
 
 // What the dumps of a file are named after: its name without suffix, or, where that is not its own, its whole path.
 std::string DumpStem(const Options& options, const std::string& file) {
-    const std::string stem = StemOf(file);
+    std::string stem = StemOf(file);
     const auto sameStem = [&](const std::string& other) { return StemOf(other) == stem; };
     if (std::count_if(options.files.begin(), options.files.end(), sameStem) == 1) return stem;
     std::string path = platform::SystemPath(file);
