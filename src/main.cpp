@@ -2,6 +2,5 @@
 
 int main() {
     tolvane::TGame game;
-    game.Run();
-    return 0;
+    return game.Run();
 }

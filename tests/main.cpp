@@ -16,6 +16,7 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         if (std::string(argv[i]) == "--rewrite") rewrite = true;
     }
+    if (rewrite) setenv("TOLVANE_REWRITE", "1", 1);
     std::signal(SIGPIPE, SIG_IGN);
     tolvane::tests::RegisterBooks(rewrite);
     tolvane::tests::RegisterTranscripts(rewrite);

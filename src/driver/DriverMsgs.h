@@ -107,6 +107,18 @@ struct DriverCatalogue {
                     "１ このまま実行する。 \n"
                     "２ メイン メニューにもどる。 \n"
                     "メニュウ番号を入力してください。 \n"};
+
+    // On the standard error, one line each. {0} the reason, {1} the address, {2} the source line, {3} the dump
+    Msg StoppedAtLine{"The program was stopped {0} at address #{1x4}, line {2}. ---> {3}\n",
+                      "{0} #{1x4} 番地、{2} 行目で実行を中断しました。---> {3}\n"};
+    // {2} the dump
+    Msg StoppedAtAddress{"The program was stopped {0} at address #{1x4}. ---> {2}\n",
+                         "{0} #{1x4} 番地で実行を中断しました。---> {2}\n"};
+    Msg ByInterrupt{"by Ctrl+C", "Ctrl+C により"};
+    Msg ByInputEnd{"after 1,000 INs in a row at the end of the input,",
+                   "入力の終わりで IN が続けて 1,000 回実行されたので"};
+    // {0} the system's reason
+    Msg OutputLost{"tolvane: the output cannot be written: {0}\n", "tolvane: 出力できません: {0}\n"};
 };
 inline constexpr DriverCatalogue DriverMsg;
 

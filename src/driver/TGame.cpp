@@ -15,30 +15,40 @@
 #include "timing/TTimeVcl.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace tolvane {
 
 namespace {
 
 constexpr std::size_t AnswerLimit = 40;
+constexpr int StoppedStatus = 130; // as the shell tells a program that Ctrl+C has ended
 
 // The rule of the command codes: above 9000 the program ends, from 1 to 6999 the next cycle starts.
 bool EndsProgram(int result) {
     return static_cast<unsigned>(result) > 9000U;
 }
+// There is nobody left to tell anything but here.
+[[noreturn]] void EndWithoutOutput(const char* why) {
+    console::WriteError(TextOf(DriverMsg.OutputLost, {why}));
+    std::_Exit(EXIT_FAILURE);
+}
+
 bool StartsNextCycle(int result) {
     return 1 <= result && result <= 6999;
 }
 
 } // namespace
 
-void TGame::Run() {
+int TGame::Run() {
+    console::Start(EndWithoutOutput);
     StartUp();
-    if (IsGivenUp(modeFlags->FightFunc)) return;
+    if (IsGivenUp(modeFlags->FightFunc)) return exitStatus;
     const Pipeline* pipeline = FindPipeline(modeFlags->FightFunc);
     if (pipeline == nullptr) Say(DriverMsg.PipelineByDefault);
     RunPipeline(pipeline != nullptr ? *pipeline : DefaultPipeline());
     console::Flush();
+    return exitStatus;
 }
 
 void TGame::StartUp() {
@@ -126,7 +136,7 @@ bool TGame::AssembleLinkRun() {
     DspRegMry(*comet2, AssembledDumpName);
 
     bool ended = false;
-    if (WarningKazu == 0 || AskToRun(ended) == 1) RunMachine();
+    if (WarningKazu == 0 || AskToRun(ended) == 1) return RunMachine();
     return !ended;
 }
 
@@ -138,13 +148,28 @@ int TGame::AskToRun(bool& ended) const {
     return line ? LeadingNumber(*line, end) : 0;
 }
 
-void TGame::RunMachine() {
-    comet2->Run3();
+bool TGame::RunMachine() {
+    const Stop stop = comet2->Run3();
     const auto counts = comet2->RunCount.begin();
     comet2->MaxRunCount = *std::max_element(counts, counts + MaxImageWords);
-    Say(toldResultantDump ? DriverMsg.ResultantDump : DriverMsg.FirstResultantDump, {ResultantDumpName});
+    const bool stopped = stop == Stop::Interrupted || stop == Stop::InputEnded;
+    if (!stopped) Say(toldResultantDump ? DriverMsg.ResultantDump : DriverMsg.FirstResultantDump, {ResultantDumpName});
     toldResultantDump = true;
     DspRegMry(*comet2, ResultantDumpName);
+    if (stopped) LeaveStopped(stop);
+    return !stopped;
+}
+
+void TGame::LeaveStopped(Stop stop) {
+    console::Write("\n");
+    console::Flush();
+    SaveSettings(toolWin->IniPath);
+    const Msg& reason = stop == Stop::Interrupted ? DriverMsg.ByInterrupt : DriverMsg.ByInputEnd;
+    const int address = comet2->PR;
+    const int line = comet2->LineOfWord[static_cast<std::size_t>(address)];
+    console::WriteError(line < 0 ? TextOf(DriverMsg.StoppedAtAddress, {reason, address, ResultantDumpName})
+                                 : TextOf(DriverMsg.StoppedAtLine, {reason, address, line + 1, ResultantDumpName}));
+    exitStatus = StoppedStatus;
 }
 
 } // namespace tolvane

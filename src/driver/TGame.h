@@ -1,14 +1,16 @@
 #pragma once
 // The application object: start-up, the pipeline, and the cycle of menu, assembly, link, run and dumps.
 
+#include "machine/Tcomet2.h"
 #include "messages/TMsgBase.h"
 
 namespace tolvane {
 
 class TGame : public TMsgBase {
 public:
-    // Start-up, then the pipeline's cycle until the user exits or the input ends.
-    void Run();
+    // Start-up, then the pipeline's cycle until the user exits, the input ends or a running program has been stopped.
+    // The exit status.
+    int Run();
 
 private:
     void StartUp();
@@ -16,7 +18,7 @@ private:
     void StartPipeline(const Pipeline& pipeline);
     void DspTitle() const;
 
-    // One cycle. False when the user has chosen to exit.
+    // One cycle. False when the program ends.
     bool Cycle();
     void DspErrors() const;
     int GetSrcFile();
@@ -24,8 +26,11 @@ private:
     bool AssembleLinkRun();
     // Asks whether to run a program with warnings. 1 to run, another number not to; `ended` at the end of the input.
     int AskToRun(bool& ended) const;
-    void RunMachine();
+    // False when the simulated program was stopped from outside, which ends this program.
+    bool RunMachine();
+    void LeaveStopped(Stop stop);
 
+    int exitStatus = 0;
     bool toldAssembledDump = false;
     bool toldResultantDump = false;
 };

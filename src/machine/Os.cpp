@@ -4,6 +4,7 @@
 #include "machine/MachineMsgs.h"
 #include "machine/Tcomet2.h"
 #include "platform/Console.h"
+#include "platform/Signals.h"
 #include "text/Convert.h"
 
 #include <algorithm>
@@ -12,9 +13,8 @@ namespace tolvane {
 
 namespace {
 
-constexpr int ServiceIn = 1;
-constexpr int ServiceOut = 2;
 constexpr std::size_t ReadLimit = 1024; // characters of a console line that are looked at
+constexpr int MostInputEnds = 1000;     // INs in a row at the end of the input; a program that goes on is endless
 constexpr int InputLimit = 256;         // bytes of them that count, as code page 932 holds them
 
 constexpr bool IsHighSurrogate(char16_t unit) {
@@ -50,17 +50,35 @@ TextW JoinBytes(const TextW& words) {
     return text + Wide932(bytes);
 }
 
+void WriteToDialogue(void*, const std::string& line) {
+    Say(MachineMsg.OutHead);
+    console::Write(line);
+    console::FlushSoon();
+}
+
+std::optional<MachineIo::Line> ReadFromDialogue(void*, std::size_t limit) {
+    Say(MachineMsg.InHead);
+    auto line = console::ReadLine(limit);
+    if (!line) return std::nullopt;
+    return MachineIo::Line{std::move(*line), console::LastLineValidLength()};
+}
+
+void SayInDialogue(void*, const Msg& msg, Args args) {
+    Say(msg, args);
+    console::FlushSoon();
+}
+
 } // namespace
 
-void Tcomet2::OsSvc(int number) {
-    switch (number) {
-    case ServiceIn:
-        return OsIn();
-    case ServiceOut:
-        return OsOut();
-    default:
-        return Print(MachineMsg.UnknownService, {number});
-    }
+constinit const MachineIo DialogueIo{WriteToDialogue, ReadFromDialogue, SayInDialogue, nullptr};
+
+Stop Tcomet2::OsSvc(int number) {
+    if (number == ServiceIn) return OsIn();
+    if (number == ServiceOut)
+        OsOut();
+    else
+        Io.say(Io.context, MachineMsg.UnknownService, {number});
+    return Stop::None;
 }
 
 void Tcomet2::OsOut() const {
@@ -72,28 +90,27 @@ void Tcomet2::OsOut() const {
         text += static_cast<char16_t>(Memory[static_cast<std::size_t>(a)] & 0xFFFF);
 
     if (modeFlags->Pipe->text == TextKind::Narrow) text = JoinBytes(text);
-
-    Print(MachineMsg.OutHead);
-    console::Write(Utf8(text) + "\n");
-    if (console::IsTerminal()) console::Flush();
+    Io.write(Io.context, Utf8(text) + "\n");
 }
 
-void Tcomet2::OsIn() {
-    Print(MachineMsg.InHead);
-    std::string line = console::ReadLine(ReadLimit).value_or(std::string());
-    line.resize(std::min(line.find('\0'), line.size()));
-    TextW text = CutToInputLimit(WideUtf8Lossy(line));
-    if (Utf8(text).size() > console::LastLineValidLength()) {
-        Print(MachineMsg.InNotConverted);
+Stop Tcomet2::OsIn() {
+    const std::optional<MachineIo::Line> line = Io.read(Io.context, ReadLimit);
+    if (signals::TakeInterrupt()) return Stop::Interrupted;
+    InputEnds = line ? 0 : InputEnds + 1;
+    if (InputEnds == MostInputEnds) return Stop::InputEnded;
+
+    TextW text;
+    if (line) text = CutToInputLimit(WideUtf8Lossy(line->text.substr(0, line->text.find('\0'))));
+    if (line && Utf8(text).size() > line->validLength) {
+        Io.say(Io.context, MachineMsg.InNotConverted, {});
         text.clear();
     }
 
     Memory[static_cast<std::size_t>(GR[2] & 0xFFFF)] = static_cast<int>(text.size());
-    std::size_t cell = static_cast<std::size_t>(GR[1] & 0xFFFF);
-    for (char16_t unit : text) {
-        if (cell >= AddressCount) break;
-        Memory[cell++] = unit;
-    }
+    const int buffer = GR[1] & 0xFFFF;
+    InputCells = std::min(static_cast<int>(text.size()), AddressCount - buffer);
+    std::copy_n(text.begin(), InputCells, Memory.begin() + buffer);
+    return Stop::None;
 }
 
 } // namespace tolvane

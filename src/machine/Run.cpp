@@ -28,6 +28,7 @@
 #include "machine/MachineMsgs.h"
 #include "machine/Tcomet2.h"
 #include "platform/Console.h"
+#include "platform/Signals.h"
 #include "timing/TTimeVcl.h"
 
 #include <algorithm>
@@ -138,59 +139,124 @@ bool StandsOnSecondWord(Stop stop) {
 
 } // namespace
 
-int Tcomet2::Run3() {
-    Print(MachineMsg.Start);
-    console::Flush();
+void Tcomet2::BeginRun() {
     EffAdr = 0;
     PR = 0;
     MaxRunCount = 0;
+    StoreWarned = false;
+    InputEnds = 0;
     if (modeFlags->Pipe->clearsRunCount) std::fill(RunCount.begin(), RunCount.begin() + 65000, 0);
+}
+
+Stop Tcomet2::Run3() {
+    Print(MachineMsg.Start);
+    console::Flush();
+    BeginRun();
     timer->SetRunStart();
 
-    const Stop stop = Execute();
+    const Stop stop = [this] {
+        const signals::Running running;
+        return Execute<false>(0);
+    }();
+    if (stop == Stop::Interrupted || stop == Stop::InputEnded) return stop;
     if (stop == Stop::UnknownCode) {
         DspStop(stop);
-        return 0;
+        return stop;
     }
     timer->SetRunEnd();
     DspStop(stop);
     if (stop != Stop::OperandBeyondMemory) Print(MachineMsg.End);
     Print(MachineMsg.RunTime, {Utf8Arg{timer->DetTimeDiff_General("RunTime")}});
-    return 0;
+    return stop;
 }
 
-Stop Tcomet2::Execute() {
+Stop Tcomet2::RunLimited(std::int64_t instructions) {
+    BeginRun();
+    const signals::Running running;
+    const Stop stop = instructions > 0 ? Execute<true>(instructions) : Execute<false>(0);
+    DspStop(stop);
+    return stop;
+}
+
+Stop Tcomet2::RunTraced(std::int64_t instructions, const Observer& observe) {
+    BeginRun();
+    const signals::Running running;
+    for (std::int64_t done = 0; instructions <= 0 || done < instructions; ++done) {
+        Step step = NextStep();
+        InputCells = 0;
+        const Stop stop = Execute<true>(1);
+        if (stop == Stop::LimitReached || stop == Stop::End) {
+            step.written[1].cells = InputCells;
+            observe(step);
+        }
+        if (stop == Stop::LimitReached) continue;
+        DspStop(stop);
+        return stop;
+    }
+    return Stop::LimitReached;
+}
+
+// What the instruction at PR is going to write.
+Step Tcomet2::NextStep() const {
+    const auto cell = [this](int address) { return Memory[static_cast<std::size_t>(address)]; };
+    const int w = cell(PR);
+    const auto x = static_cast<std::size_t>(w & 7);
+    const int e = Unsigned(cell(PR + 1) + (x == 0 ? 0 : GR[x]));
+    Step step{w, {GR, PR, SP, Fovf, Fsign, Fzero}, {}};
+    if ((w >> 8 & 0xFF) == 0x11) step.written[0] = {e, 1};
+    if ((w >> 8 & 0xFF) == 0xF0 && e == ServiceIn) step.written = {{{Unsigned(GR[2]), 1}, {Unsigned(GR[1]), 0}}};
+    return step;
+}
+
+// The loop has been left because of a signal. SIGTERM and SIGHUP end the program behind its output.
+Stop Tcomet2::Attend() {
+    console::Flush();
+    return signals::TakeInterrupt() ? Stop::Interrupted : Stop::None;
+}
+
+template <bool limited> Stop Tcomet2::Execute(std::int64_t instructions) {
     const int storeGuard = modeFlags->Pipe->storeGuard;
     const int reserved = ReservedWords;
-    bool storeWarned = false;
 
     // Addresses and register numbers are indices here, so that none is extended at each use.
     auto pr = static_cast<std::size_t>(PR);
     auto e = static_cast<std::size_t>(EffAdr);
     Flags flags{Fzero != 0 ? 0 : (Fsign != 0 ? -1 : 1), Fovf};
 
-    // The first address that is neither an instruction's nor a memory operand's. A stop pulls it down to 0, so that the
-    // loop asks for nothing else.
-    auto limit = static_cast<std::size_t>(modeFlags->Pipe->maxMemory) + 1;
+    // The first address that is neither an instruction's nor a memory operand's. What the loop compares PR with is its
+    // copy in LoopLimit: a stop and a signal pull that down to 0, so that the loop asks for nothing else.
+    const auto limit = static_cast<std::size_t>(modeFlags->Pipe->maxMemory) + 1;
     Stop stop = Stop::None;
-    const auto end = [&limit, &stop](Stop reason) {
+    const auto end = [&stop](Stop reason) {
         stop = reason;
-        limit = 0;
+        signals::LoopLimit.store(0, std::memory_order_relaxed);
     };
     // Whether the memory operand at an address may be read.
-    const auto readable = [&limit, &end](std::size_t address) {
+    const auto readable = [limit, &end](std::size_t address) {
         if (address < limit) return true;
         end(Stop::OperandBeyondMemory);
         return false;
     };
 
+    signals::SetLoopLimit(limit);
     for (;;) {
+        if constexpr (limited) {
+            if (instructions == 0 && stop == Stop::None) stop = Stop::LimitReached;
+            if (stop == Stop::LimitReached) break;
+        }
         const int w = Memory[pr];
         const auto code = static_cast<std::uint8_t>(w >> 8);
         const bool badNibble = (w & CheckedNibbles[code]) != 0;
-        // One branch for both ways out: two would slow every turn.
-        if ((pr >= limit) | badNibble) [[unlikely]]
-            break;
+        // One branch for all ways out: two would slow every turn.
+        if ((pr >= signals::LoopLimit.load(std::memory_order_relaxed)) | badNibble) [[unlikely]] {
+            if (stop == Stop::None && pr >= limit) stop = Stop::PrBeyondMemory;
+            if (stop == Stop::None && badNibble) stop = Stop::BadRegister;
+            if (stop == Stop::None) stop = Attend();
+            if (stop != Stop::None) break;
+            signals::SetLoopLimit(limit);
+            continue;
+        }
+        if constexpr (limited) --instructions;
         RunCount[pr] = static_cast<int>(static_cast<unsigned>(RunCount[pr]) + 1U);
 
         const std::size_t r = static_cast<unsigned>(w >> 4) & 7U;
@@ -213,8 +279,8 @@ Stop Tcomet2::Execute() {
             ++pr;
             break;
         case 0x11: // ST
-            if (const int a = static_cast<int>(e); x != 0 && (a >= storeGuard || (a >= reserved && !storeWarned))) {
-                storeWarned = true;
+            if (const int a = static_cast<int>(e); x != 0 && (a >= storeGuard || (a >= reserved && !StoreWarned))) {
+                StoreWarned = true;
                 PR = static_cast<int>(pr) + 1;
                 if (st511(a) == StoreRefused) {
                     end(Stop::StoreBeyondMemory);
@@ -376,23 +442,28 @@ Stop Tcomet2::Execute() {
             ++pr;
             end(Stop::End);
             break;
-        case 0xF0: // SVC
-            OsSvc(static_cast<int>(e));
-            pr += 2;
+        case 0xF0:                     // SVC
+            PR = static_cast<int>(pr); // for what the OS says
+            if (const Stop asked = OsSvc(static_cast<int>(e)); asked != Stop::None)
+                end(asked);
+            else
+                pr += 2;
             break;
         default:
             end(Stop::UnknownCode);
             break;
         }
     }
-    if (stop == Stop::None) stop = pr >= limit ? Stop::PrBeyondMemory : Stop::BadRegister;
-
     PR = static_cast<int>(pr) + (StandsOnSecondWord(stop) ? 1 : 0);
     EffAdr = static_cast<int>(e);
     Fovf = flags.fovf;
     Fsign = flags.result < 0 ? 1 : 0;
     Fzero = flags.result == 0 ? 1 : 0;
     return stop;
+}
+
+int Tcomet2::FaultAddress(Stop stop) const {
+    return PR - (StandsOnSecondWord(stop) ? 1 : 0);
 }
 
 // The guard of an indexed store: refuses it from the limit on, else warns. PR stands on the second word.
@@ -450,6 +521,9 @@ void Tcomet2::DspStop(Stop stop) const {
         return;
     case Stop::StoreBeyondMemory: // st511 has told it
     case Stop::End:
+    case Stop::LimitReached:
+    case Stop::Interrupted:
+    case Stop::InputEnded:
     case Stop::None:
         return;
     }

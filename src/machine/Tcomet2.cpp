@@ -21,17 +21,17 @@ void Tcomet2::InitComet2() {
 
 void Tcomet2::Print(const Msg& msg, Args args) {
     Say(msg, args);
-    if (console::IsTerminal()) console::Flush();
+    console::FlushSoon();
 }
 
 void Tcomet2::TellStop(const Msg& msg, Args args) {
     Tell(Severity::Error, NoLine, msg, args);
-    if (console::IsTerminal()) console::Flush();
+    console::FlushSoon();
 }
 
 void Tcomet2::TellWarning(const Msg& msg, Args args) {
     Tell(Severity::Warning, NoLine, msg, args);
-    if (console::IsTerminal()) console::Flush();
+    console::FlushSoon();
 }
 
 } // namespace tolvane

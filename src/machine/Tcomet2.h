@@ -6,6 +6,9 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
 
 namespace tolvane {
 
@@ -28,7 +31,48 @@ enum class Stop : std::uint8_t {
     UnknownCode,         // S6
     ReturnWithoutStack,  // S7
     StackFull,           // S8
+    LimitReached,        // of RunLimited and RunTraced
+    Interrupted,         // Ctrl+C
+    InputEnded,          // IN has met the end of the input again and again
 };
+
+// Where the text of OUT goes and that of IN comes from. `context` is handed on.
+struct MachineIo {
+    struct Line {
+        std::string text;        // UTF-8
+        std::size_t validLength; // bytes of it in front of the first ones that were no character
+    };
+    void (*write)(void* context, const std::string& line); // UTF-8 with its line end
+    // Nothing at the end of the input; what lies beyond `limit` characters is dropped.
+    std::optional<Line> (*read)(void* context, std::size_t limit);
+    // What the virtual OS has to say of the SVC at PR.
+    void (*say)(void* context, const Msg& msg, Args args);
+    void* context;
+};
+// The console, with a head in front of each text and each question.
+extern const MachineIo DialogueIo;
+
+struct Registers {
+    std::array<int, 8> GR{};
+    int PR = 0;
+    int SP = StackBottom;
+    int Fovf = 0;
+    int Fsign = 0;
+    int Fzero = 0;
+};
+
+// What one instruction has done, beside the machine as it stands behind it. Two stretches of memory at the most are
+// written, both by IN.
+struct Step {
+    struct Stretch {
+        int first;
+        int cells; // 0: nothing
+    };
+    int word;         // the instruction's first word; its address is before.PR
+    Registers before; // the registers in front of it
+    std::array<Stretch, 2> written;
+};
+using Observer = std::function<void(const Step&)>;
 
 class Tcomet2 {
 public:
@@ -50,26 +94,47 @@ public:
     Tcomet2() { InitComet2(); }
     // The state before a run: memory, stack, registers, flags and counts 0, SP 65535, LineOfWord -1.
     void InitComet2();
-    // Runs from address 0 to the program's end or to a stop; see Run.cpp. The result is not used.
-    int Run3();
+    MachineIo Io = DialogueIo;
+
+    // The runs. Each goes from address 0 to the program's end or to a stop; see Run.cpp. PR is then the address of the
+    // next instruction, of the one that was not executed, or of its second word, see FaultAddress.
+    //
+    // In words: the start, the end, the run time.
+    Stop Run3();
+    // Without words of its own; a stop is told as a diagnostic. At most so many instructions, 0 or below: any number.
+    Stop RunLimited(std::int64_t instructions);
+    // The same, slower, and the observer is called behind each instruction that was executed.
+    Stop RunTraced(std::int64_t instructions, const Observer& observe);
+    // The address of the instruction at which a stop was met.
+    int FaultAddress(Stop stop) const;
 
 private:
+    static constexpr int ServiceIn = 1;
+    static constexpr int ServiceOut = 2;
+
+    void BeginRun();
     // The run loop. Leaves registers and flags as the last instruction left them.
-    Stop Execute();
+    template <bool limited> Stop Execute(std::int64_t instructions);
+    Stop Attend();
+    Step NextStep() const;
     int st511(int address);
     int ret581();
     bool PushWord(int word);
     void DspStop(Stop stop) const;
     void DspOperandBeyondMemory() const;
 
-    void OsSvc(int number);
-    void OsIn();
+    Stop OsSvc(int number); // None if the run goes on
+    Stop OsIn();
     void OsOut() const;
 
     // Print a row, as Say and Tell do; a person who watches sees it at once.
     static void Print(const Msg& msg, Args args = {});
     static void TellStop(const Msg& msg, Args args = {});
     static void TellWarning(const Msg& msg, Args args);
+
+    bool StoreWarned = false; // in this run
+    int InputEnds = 0;        // INs in a row that have met the end of the input
+    int InputCells = 0;       // characters that the last IN has stored
 };
 
 extern Tcomet2* const comet2;

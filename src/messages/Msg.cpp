@@ -35,27 +35,32 @@ void AppendHex(std::string& out, long long value, std::size_t least) {
     out.append(digits.data(), size);
 }
 
-void AppendAtLine(std::string& out, Place place, int lang) {
-    if (lang != 0) out += LineWord[1];
-    AppendNumber(out, place.line + 1);
-    out += lang == 0 ? LineWord[0] : ": ";
+void AppendPrefix(std::string& out, const Filling& f) {
+    if (!f.headless) out += SeverityPrefix(f.severity, f.lang);
 }
 
-void AppendAtConst(std::string& out, Place place, int lang) {
-    AppendAtLine(out, place, lang);
-    if (lang != 0) out += ConstantWord[1];
-    AppendNumber(out, place.constant + 1);
-    out += lang == 0 ? ConstantWord[0] : ": ";
+void AppendAtLine(std::string& out, const Filling& f) {
+    if (f.headless) return;
+    if (f.lang != 0) out += LineWord[1];
+    AppendNumber(out, f.place.line + 1);
+    out += f.lang == 0 ? LineWord[0] : ": ";
+}
+
+void AppendAtConst(std::string& out, const Filling& f) {
+    AppendAtLine(out, f);
+    if (f.lang != 0) out += ConstantWord[1];
+    AppendNumber(out, f.place.constant + 1);
+    out += f.lang == 0 ? ConstantWord[0] : ": ";
 }
 
 // The head of a diagnostic on a source line, and on a constant of one.
 void LineHead(std::string& out, const Filling& f) {
-    out += SeverityPrefix(f.severity, f.lang);
-    AppendAtLine(out, f.place, f.lang);
+    AppendPrefix(out, f);
+    AppendAtLine(out, f);
 }
 void ConstHead(std::string& out, const Filling& f) {
-    out += SeverityPrefix(f.severity, f.lang);
-    AppendAtConst(out, f.place, f.lang);
+    AppendPrefix(out, f);
+    AppendAtConst(out, f);
 }
 
 // "1st", "2nd", "3rd", otherwise the number and "th", also for 21, 22 and 23.
@@ -87,9 +92,9 @@ void AppendTag(std::string& out, std::string_view tag, const Filling& f) {
     }
     if (tag == "line") LineHead(out, f);
     if (tag == "const") ConstHead(out, f);
-    if (tag == "prefix") out += SeverityPrefix(f.severity, f.lang);
-    if (tag == "atline") AppendAtLine(out, f.place, f.lang);
-    if (tag == "atconst") AppendAtConst(out, f.place, f.lang);
+    if (tag == "prefix") AppendPrefix(out, f);
+    if (tag == "atline") AppendAtLine(out, f);
+    if (tag == "atconst") AppendAtConst(out, f);
     if (tag == "nr") AppendNumber(out, f.place.line + 1);
     if (tag == "k") AppendNumber(out, f.place.constant + 1);
 }

@@ -125,6 +125,8 @@ struct Filling {
     Severity severity;
     Place place;
     std::span<const KeptArg> args;
+    bool headless =
+        false; // severity and line are told by other means: of the heads the constant's number alone is left
 };
 // Appends the text with its tags filled in, as UTF-8. An argument that is not given leaves its tag empty.
 void Compose(std::string& out, std::string_view text, const Filling& filling);

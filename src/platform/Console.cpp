@@ -1,5 +1,6 @@
 #include "platform/Console.h"
 
+#include "platform/Signals.h"
 #include "text/Convert.h"
 
 #include <algorithm>
@@ -7,6 +8,8 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
 #include <limits>
 #include <poll.h>
 #include <unistd.h>
@@ -56,25 +59,44 @@ Code ConsoleCode() {
     return code;
 }
 
-void WaitFor(int file, short event) {
+// Whether a file is ready within some milliseconds; -1 waits for ever.
+bool WaitFor(int file, short event, int milliseconds) {
     pollfd waiting{file, event, 0};
-    poll(&waiting, 1, -1);
+    return poll(&waiting, 1, milliseconds) > 0;
 }
 
-// Writes all bytes as long as that is possible. Nobody can be told of a failed output, so its bytes are dropped; a
-// reader that has gone ends the program.
-void WriteOut(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(STDOUT_FILENO, bytes.data(), bytes.size());
-        if (written > 0) {
+void (*outputLost)(const char* why) = nullptr;
+bool outputIsClosed = false; // since the program's start
+
+void LoseOutput(int error) {
+    if (outputLost != nullptr) outputLost(std::strerror(error));
+}
+
+// The last bytes of a program that a signal ends: as many of them as the reader takes without making it wait.
+void WriteLast(std::string_view bytes) {
+    constexpr std::size_t alwaysFits = 512; // into a pipe that takes anything
+    constexpr int patience = 100;
+    while (!bytes.empty() && WaitFor(STDOUT_FILENO, POLLOUT, patience)) {
+        const ssize_t written = write(STDOUT_FILENO, bytes.data(), std::min(bytes.size(), alwaysFits));
+        if (written > 0)
             bytes.remove_prefix(static_cast<std::size_t>(written));
-        } else if (written < 0 && errno == EAGAIN) {
-            WaitFor(STDOUT_FILENO, POLLOUT);
-        } else if (written < 0 && errno == EPIPE) {
-            std::_Exit(EXIT_SUCCESS);
-        } else if (written == 0 || errno != EINTR) {
+        else if (errno != EINTR && errno != EAGAIN)
             return;
-        }
+    }
+}
+
+// Writes all bytes. Where that is not possible, the program is told.
+void WriteOut(std::string_view bytes) {
+    if (outputIsClosed && !bytes.empty()) return LoseOutput(EBADF);
+    while (!bytes.empty()) {
+        if (signals::EndAsked()) return WriteLast(bytes);
+        const ssize_t written = write(STDOUT_FILENO, bytes.data(), bytes.size());
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        else if (written < 0 && errno == EAGAIN)
+            WaitFor(STDOUT_FILENO, POLLOUT, -1);
+        else if (written == 0 || errno != EINTR)
+            return LoseOutput(errno);
     }
 }
 
@@ -94,7 +116,9 @@ public:
     void Flush() {
         WriteOut(pending);
         pending.clear();
+        signals::EndIfAsked();
     }
+    bool IsEmpty() const { return pending.empty(); }
 
 private:
     std::string pending;
@@ -119,12 +143,12 @@ public:
 private:
     bool Fill() {
         for (;;) {
-            const ssize_t got = read(STDIN_FILENO, block.data(), block.size());
-            if (got < 0 && errno == EINTR) continue;
-            if (got < 0 && errno == EAGAIN) {
-                WaitFor(STDIN_FILENO, POLLIN);
-                continue;
+            if (!signals::WaitReadable(STDIN_FILENO)) {
+                signals::EndIfAsked();
+                return false;
             }
+            const ssize_t got = read(STDIN_FILENO, block.data(), block.size());
+            if (got < 0 && (errno == EINTR || errno == EAGAIN)) continue;
             position = 0;
             filled = got > 0 ? static_cast<std::size_t>(got) : 0;
             return got > 0;
@@ -221,6 +245,17 @@ std::string Encoded(std::string_view utf8) {
 
 } // namespace
 
+void Start(void (*lost)(const char* why)) {
+    outputLost = lost;
+    // A file that is opened later must not get the number of a closed standard file.
+    outputIsClosed = fcntl(STDOUT_FILENO, F_GETFD) < 0;
+    int file = STDIN_FILENO;
+    while (0 <= file && file <= STDERR_FILENO)
+        file = open("/dev/null", O_RDWR);
+    if (file >= 0) close(file);
+    signals::Install();
+}
+
 void Write(std::string_view utf8) {
     if (TheOutput().instead != nullptr)
         TheOutput().instead->append(utf8);
@@ -232,6 +267,22 @@ void Write(std::string_view utf8) {
 
 void Flush() {
     TheOutput().Flush();
+}
+
+void FlushSoon() {
+    if (IsTerminal())
+        Flush();
+    else if (!TheOutput().IsEmpty())
+        signals::SetTimer();
+}
+
+void WriteError(std::string_view utf8) {
+    std::string bytes = ConsoleCode() == Code::Utf8 ? std::string(utf8) : Encoded(utf8);
+    while (!bytes.empty()) {
+        const ssize_t written = write(STDERR_FILENO, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) return;
+        if (written > 0) bytes.erase(0, static_cast<std::size_t>(written));
+    }
 }
 
 void WriteTo(std::string* text) {

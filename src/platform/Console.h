@@ -9,15 +9,22 @@
 
 namespace tolvane::console {
 
-// Appends to the buffer, which is written out before a read, at Flush, at exit and when it is large. When the reader
-// of the output has gone, the program ends quietly.
+// Takes care that no output is lost: from now on the buffer is written out before a signal ends the program, and `lost`
+// is told the system's reason when the standard output takes no more, because its reader has gone or its disk is full.
+void Start(void (*lost)(const char* why));
+
+// Appends to the buffer, which is written out before a read, at Flush, at exit and when it is large.
 void Write(std::string_view utf8);
 void Flush();
+// At once where a person watches, else within a tenth of a second of a running simulated program.
+void FlushSoon();
+// Goes to the standard error at once.
+void WriteError(std::string_view utf8);
 // From now on what is written is appended to `text` as UTF-8; null: it goes to the standard output again.
 void WriteTo(std::string* text);
 
 // One line without its line end; what lies beyond `limit` characters is dropped with the line. Nothing at the end of
-// the input; a last line without its line end is a line.
+// the input, or when a signal stops the simulated program that reads; a last line without its line end is a line.
 std::optional<std::string> ReadLine(std::size_t limit);
 
 // Bytes of the last line's text in front of the first ones that were not valid in the console's code.

@@ -54,7 +54,7 @@ std::string ReadText(const fs::path& path) {
 }
 
 std::string AllTranscripts() {
-    std::string all;
+    std::string all = ReadText(Tests / "run" / "session.txt");
     for (const auto& entry : fs::recursive_directory_iterator(Tests / "transcripts"))
         if (entry.is_regular_file() && entry.path().extension() == ".txt") all += ReadText(entry.path());
     return all;

@@ -1,0 +1,1 @@
+autocmd BufNewFile,BufRead *.cas,*.casl,*.asl setfiletype casl2

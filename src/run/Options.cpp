@@ -1,0 +1,177 @@
+#include "run/Options.h"
+
+#include "messages/TMsgBase.h"
+#include "platform/Console.h"
+#include "platform/Files.h"
+#include "run/Inputs.h"
+#include "run/RunMsgs.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <filesystem>
+#include <getopt.h>
+#include <string_view>
+#include <system_error>
+
+namespace tolvane::run {
+
+namespace {
+
+constexpr const char* ShortOptions = ":cd:hi:l:n:p:tVw";
+constexpr option LongOptions[] = {
+    {"check", no_argument, nullptr, 'c'},
+    {"dump", required_argument, nullptr, 'd'},
+    {"help", no_argument, nullptr, 'h'},
+    {"input", required_argument, nullptr, 'i'},
+    {"lang", required_argument, nullptr, 'l'},
+    {"limit", required_argument, nullptr, 'n'},
+    {"pipeline", required_argument, nullptr, 'p'},
+    {"trace", no_argument, nullptr, 't'},
+    {"version", no_argument, nullptr, 'V'},
+    {"words", no_argument, nullptr, 'w'},
+    {nullptr, 0, nullptr, 0},
+};
+
+// The words of the command line as they stand there.
+struct CommandLine {
+    std::optional<std::string> lang, pipeline, limit, dump, input;
+    bool check = false, trace = false, words = false, help = false, version = false;
+    const Msg* fault = nullptr; // the first that getopt_long has found
+    std::string faulty;
+    std::vector<std::string> files;
+};
+
+// The option that getopt_long has just refused.
+std::string RefusedOption(char** argv) {
+    const std::string_view word = argv[optind - 1];
+    if (optopt == 0 || word.starts_with("--")) return std::string(word);
+    return std::string("-") + static_cast<char>(optopt);
+}
+
+void Refuse(CommandLine& line, const Msg& fault, char** argv) {
+    if (line.fault != nullptr) return;
+    line.fault = &fault;
+    line.faulty = RefusedOption(argv);
+}
+
+CommandLine ReadWords(int argc, char** argv) {
+    CommandLine line;
+    opterr = 0;
+    int found = 0;
+    while ((found = getopt_long(argc, argv, ShortOptions, LongOptions, nullptr)) >= 0) {
+        switch (found) {
+        case 'c':
+            line.check = true;
+            break;
+        case 'd':
+            line.dump = optarg;
+            break;
+        case 'h':
+            line.help = true;
+            break;
+        case 'i':
+            line.input = optarg;
+            break;
+        case 'l':
+            line.lang = optarg;
+            break;
+        case 'n':
+            line.limit = optarg;
+            break;
+        case 'p':
+            line.pipeline = optarg;
+            break;
+        case 't':
+            line.trace = true;
+            break;
+        case 'V':
+            line.version = true;
+            break;
+        case 'w':
+            line.words = true;
+            break;
+        case ':':
+            Refuse(line, RunMsg.ArgumentMissing, argv);
+            break;
+        default:
+            Refuse(line, RunMsg.OptionNotUnderstood, argv);
+        }
+    }
+    line.files.assign(argv + optind, argv + argc);
+    return line;
+}
+
+// The language of the user's messages, as the C library would choose it.
+int LanguageOfLocale() {
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char* value = std::getenv(variable);
+        if (value != nullptr && *value != '\0') return std::string_view(value).starts_with("ja") ? 0 : 1;
+    }
+    return 1;
+}
+
+std::nullopt_t Wrong(int& status, const Msg& msg, Args args = {}) {
+    const std::string what = TextOf(msg, args);
+    console::WriteError(TextOf(RunMsg.UseError, {Utf8Arg{what}}));
+    status = WrongUse;
+    return std::nullopt;
+}
+
+std::optional<std::int64_t> ReadLimit(std::string_view text) {
+    std::int64_t limit = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), limit);
+    if (error != std::errc() || end != text.data() + text.size() || limit < 0) return std::nullopt;
+    return limit;
+}
+
+} // namespace
+
+std::optional<Options> ReadOptions(int argc, char** argv, int& status) {
+    const CommandLine line = ReadWords(argc, argv);
+    Options options;
+    options.lang = !line.lang ? LanguageOfLocale() : *line.lang == "ja" ? 0 : 1;
+    modeFlags->Lang = options.lang;
+    status = AllEnded;
+    if (line.fault != nullptr) return Wrong(status, *line.fault, {Utf8Arg{line.faulty}});
+    if (line.help || line.version) {
+        Say(line.help ? RunMsg.Help : RunMsg.Version);
+        return std::nullopt;
+    }
+
+    if (line.lang && *line.lang != "en" && *line.lang != "ja")
+        return Wrong(status, RunMsg.NotALanguage, {Utf8Arg{*line.lang}});
+    const std::string pipeline = line.pipeline.value_or("WP");
+    options.pipeline = FindPipeline(pipeline);
+    if (options.pipeline == nullptr) return Wrong(status, RunMsg.NotAPipeline, {Utf8Arg{pipeline}});
+    if (line.limit) {
+        const auto limit = ReadLimit(*line.limit);
+        if (!limit) return Wrong(status, RunMsg.NotALimit, {Utf8Arg{*line.limit}});
+        options.limit = *limit;
+    }
+    options.check = line.check;
+    options.trace = line.trace;
+    options.words = line.words;
+    options.files = line.files;
+    if (options.files.empty()) return Wrong(status, RunMsg.NoFile);
+    if (std::count(options.files.begin(), options.files.end(), StandardInput) > 1)
+        return Wrong(status, RunMsg.StandardInputTwice);
+    if (line.input && *line.input != StandardInput) {
+        options.input = platform::ReadFile(*line.input);
+        const std::string why = options.input ? std::string() : WhyNotRead(*line.input);
+        if (!options.input) return Wrong(status, RunMsg.CannotBeRead, {Utf8Arg{*line.input}, Utf8Arg{why}});
+    }
+    if (line.dump) {
+        std::error_code error;
+        const std::string folder = platform::SystemPath(*line.dump);
+        std::filesystem::create_directory(folder, error);
+        if (!error && !std::filesystem::is_directory(folder, error))
+            error = std::make_error_code(std::errc::not_a_directory);
+        const std::string why = error.message();
+        if (error) return Wrong(status, RunMsg.CannotBeMade, {Utf8Arg{*line.dump}, Utf8Arg{why}});
+        options.dump = *line.dump;
+    }
+    return options;
+}
+
+} // namespace tolvane::run

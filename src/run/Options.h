@@ -1,0 +1,34 @@
+#pragma once
+// The command line of tolvane-run.
+
+#include "messages/Pipeline.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tolvane::run {
+
+// The exit statuses. Of several files the highest counts.
+enum Status { AllEnded = 0, SourceErrors = 1, MachineStopped = 2, LimitWasReached = 3, WrongUse = 4, CtrlC = 130 };
+
+inline constexpr const char* StandardInput = "-";
+
+struct Options {
+    int lang = 1; // 0 Japanese, 1 English
+    const Pipeline* pipeline = nullptr;
+    bool check = false;
+    bool trace = false;
+    bool words = false;
+    std::int64_t limit = 100'000'000; // 0: none
+    std::optional<std::string> dump;  // the folder
+    std::optional<std::string> input; // the text that IN reads
+    std::vector<std::string> files;
+};
+
+// Reads the command line and sets the language. Nothing, and the exit status, where there is nothing to run: help and
+// version have been shown, or one line has told what is wrong.
+std::optional<Options> ReadOptions(int argc, char** argv, int& status);
+
+} // namespace tolvane::run

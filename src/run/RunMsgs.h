@@ -1,0 +1,74 @@
+#pragma once
+// What tolvane-run says by itself. The diagnostics of a source and of the machine are those of the other rooms.
+
+#include "messages/Msg.h"
+
+namespace tolvane {
+
+struct RunCatalogue {
+    Msg Version{"tolvane-run 4.4.4\n"};
+    Msg Help{"Usage: tolvane-run [OPTIONS] FILE...\n"
+             "Assembles, links and runs each FILE, a source in CASL II. FILE - is the standard input.\n"
+             "\n"
+             "  -c, --check           do not run\n"
+             "  -d, --dump DIR        write both dumps into DIR: NAME.assembled.txt, NAME.result.txt\n"
+             "  -h, --help            show this text\n"
+             "  -i, --input FILE      what IN reads, for each program from its beginning\n"
+             "  -l, --lang en|ja      the language of the diagnostics (default: the locale's)\n"
+             "  -n, --limit N         the most instructions of a run (default: 100000000; 0: no limit)\n"
+             "  -p, --pipeline NAME   WP (default), NWW, NwW, NaW, NA, AP or NH\n"
+             "  -t, --trace           tell each instruction and what it has changed\n"
+             "  -V, --version         show the version\n"
+             "  -w, --words           list the words of the image beside the source\n"
+             "\n"
+             "Standard output has what OUT writes, standard error all else.\n"
+             "Exit status: 0 all ran to their end, 1 errors in a source, 2 stopped by the machine, 3 limit reached,\n"
+             "4 wrong use or a file that cannot be read or written, 130 Ctrl+C. Of several files the highest.\n",
+             "使い方: tolvane-run [オプション] ファイル...\n"
+             "CASL II のソースファイルを順にアセンブル、リンク、実行する。ファイル名 - は標準入力。\n"
+             "\n"
+             "  -c, --check           実行しない\n"
+             "  -d, --dump DIR        二つのダンプを DIR に書く: 名前.assembled.txt, 名前.result.txt\n"
+             "  -h, --help            この説明を表示する\n"
+             "  -i, --input FILE      IN が読むファイル。プログラムごとに先頭から読む\n"
+             "  -l, --lang en|ja      メッセージの言語（既定値はロケールによる）\n"
+             "  -n, --limit N         実行する命令数の上限（既定値 100000000、0 は無制限）\n"
+             "  -p, --pipeline NAME   WP（既定値）, NWW, NwW, NaW, NA, AP, NH\n"
+             "  -t, --trace           一命令ごとに、変化したものを表示する\n"
+             "  -V, --version         版を表示する\n"
+             "  -w, --words           機械語をソースの横に並べて表示する\n"
+             "\n"
+             "標準出力には OUT の出力だけを、ほかはすべて標準エラー出力に書く。\n"
+             "終了ステータス: 0 すべて最後まで実行、1 ソースの誤り、2 COMET II による停止、3 上限に達した、\n"
+             "4 使い方の誤り、または読み書きできないファイル、130 Ctrl+C。複数のファイルではその最大値。\n"};
+
+    // Wrong use, on one line. {0} of UseError one of the rows behind it
+    Msg UseError{"tolvane-run: {0} (see --help)\n", "tolvane-run: {0}（--help を参照）\n"};
+    Msg OptionNotUnderstood{"the option \"{0}\" is not understood", "オプション「{0}」は使えない"};
+    Msg ArgumentMissing{"the option \"{0}\" needs an argument", "オプション「{0}」には引数が必要"};
+    Msg NotALanguage{"the language is en or ja, not \"{0}\"", "言語は en か ja で、「{0}」ではない"};
+    Msg NotALimit{"\"{0}\" is no number of instructions", "「{0}」は命令数ではない"};
+    Msg NotAPipeline{"there is no pipeline \"{0}\"", "パイプライン「{0}」は存在しない"};
+    Msg NoFile{"no file is given", "ファイルの指定がない"};
+    Msg StandardInputTwice{"the standard input is read but once", "標準入力は一度しか読めない"};
+    // {0} a name, {1} the system's reason
+    Msg CannotBeRead{"{0} cannot be read: {1}", "{0} を読めない: {1}"};
+    Msg CannotBeMade{"the folder {0} cannot be made: {1}", "フォルダ {0} を作れない: {1}"};
+
+    // About a file, behind its name
+    Msg NotRead{"The file cannot be read: {0}", "ファイルを読めない: {0}"};
+    Msg NotWritten{"The file cannot be written: {0}", "ファイルに書けない: {0}"};
+    Msg NoRegularFile{"it is no regular file", "通常のファイルではない"};
+    Msg TooLarge{"it is too large", "大きすぎる"};
+    Msg NotAssembled{"The source was not assembled.", "アセンブルできなかった。"};
+    Msg OutputLost{"tolvane-run: the output cannot be written: {0}\n", "tolvane-run: 出力できない: {0}\n"};
+
+    // The ends of a run that are not the machine's. {0} the limit
+    Msg LimitReached{"The limit of {0} instructions was reached.", "命令数の上限 {0} に達した。"};
+    Msg Interrupted{"The program was stopped by Ctrl+C.", "Ctrl+C により実行を中断した。"};
+    Msg InputEnded{"The program was stopped after 1,000 INs in a row at the end of the input.",
+                   "入力の終わりで IN が続けて 1,000 回実行されたので中断した。"};
+};
+inline constexpr RunCatalogue RunMsg;
+
+} // namespace tolvane

@@ -1,0 +1,133 @@
+#include "run/Running.h"
+
+#include "machine/MachineMsgs.h"
+#include "machine/Tcomet2.h"
+#include "platform/Console.h"
+#include "run/Errors.h"
+#include "run/Inputs.h"
+#include "run/LineText.h"
+#include "run/RunMsgs.h"
+#include "run/Tracing.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+
+namespace tolvane::run {
+
+namespace {
+
+struct Streams {
+    std::optional<InputLines> input;
+    bool standardInput;
+    const std::string& file;
+    std::set<int> told;    // the addresses of SVCs of which the OS has said something
+    std::string swallowed; // the stop in the words of the console, which are told as diagnostics
+};
+
+void PrintAt(const std::string& file, int address, Severity severity, std::vector<std::string> lines) {
+    lines.push_back(PlaceText(address));
+    PrintDiagnostic(file, LineOfAddress(address), severity, lines);
+}
+
+// Both streams may go to one terminal or file, so that each is written out before the other goes on.
+void WriteOut(void* context, const std::string& line) {
+    FlushErr();
+    console::WriteTo(nullptr);
+    console::Write(line);
+    console::FlushSoon();
+    console::WriteTo(&static_cast<Streams*>(context)->swallowed);
+}
+
+std::optional<MachineIo::Line> ReadIn(void* context, std::size_t limit) {
+    Streams& streams = *static_cast<Streams*>(context);
+    FlushErr();
+    std::optional<std::string> line;
+    if (streams.input)
+        line = streams.input->Next(limit);
+    else if (streams.standardInput)
+        line = console::ReadLine(limit);
+    if (!line) return std::nullopt;
+    const std::size_t valid = streams.input ? line->size() : console::LastLineValidLength();
+    return MachineIo::Line{std::move(*line), valid};
+}
+
+// A service that does not exist and input that cannot be read are told once for each instruction.
+void SayOnce(void* context, const Msg& msg, Args args) {
+    Streams& streams = *static_cast<Streams*>(context);
+    if (!streams.told.insert(comet2->PR).second) return;
+    const std::vector<KeptArg> kept(args.begin(), args.end());
+    const MsgRec record{&msg, Severity::Note, LineOfAddress(comet2->PR), kept, false, false};
+    PrintAt(streams.file, comet2->PR, record.severity, TextLines(record));
+}
+
+void TraceInOrder(const Step& step) {
+    console::Flush();
+    TraceStep(step);
+}
+
+// Where a run that has left its program behind did so: the last instruction of the image if the machine has gone on
+// from there word by word, else the address itself.
+int LeavingAddress(int address) {
+    const auto behind = static_cast<std::size_t>(comet2->ReservedWords);
+    if (address < comet2->ReservedWords || comet2->RunCount[behind] == 0) return address;
+    int last = comet2->ReservedWords - 1;
+    while (last > 0 && comet2->RunCount[static_cast<std::size_t>(last)] == 0)
+        --last;
+    return last;
+}
+
+// The diagnostics of the run: a warning of a store at its instruction, and the stop, which may have been told in
+// several records.
+void PrintRunRecords(const std::string& file, std::size_t first, int address) {
+    std::vector<std::string> stop;
+    for (std::size_t i = first; i < store->Records.size(); ++i) {
+        const MsgRec& record = store->Records[i];
+        const std::vector<std::string> lines = TextLines(record);
+        if (record.row == &MachineMsg.StoreWarning)
+            PrintAt(file, static_cast<int>(record.args[2].number), record.severity, lines);
+        else
+            stop.insert(stop.end(), lines.begin(), lines.end());
+    }
+    if (!stop.empty()) PrintAt(file, address, Severity::Error, stop);
+}
+
+int TellEnd(const Options& options, const std::string& file, std::size_t firstRecord, Stop stop) {
+    const int address = comet2->FaultAddress(stop);
+    PrintRunRecords(file, firstRecord, stop == Stop::PrBeyondMemory ? LeavingAddress(address) : address);
+    switch (stop) {
+    case Stop::None:
+    case Stop::End:
+        return AllEnded;
+    case Stop::LimitReached:
+        PrintAt(file, address, Severity::Error, {TextOf(RunMsg.LimitReached, {options.limit})});
+        return LimitWasReached;
+    case Stop::Interrupted:
+        PrintAt(file, address, Severity::Error, {TextOf(RunMsg.Interrupted)});
+        return CtrlC;
+    case Stop::InputEnded:
+        PrintAt(file, address, Severity::Error, {TextOf(RunMsg.InputEnded)});
+        return MachineStopped;
+    default:
+        return MachineStopped;
+    }
+}
+
+} // namespace
+
+int RunProgram(const Options& options, const std::string& file, bool standardInput) {
+    Streams streams{std::nullopt, standardInput, file, {}, {}};
+    if (options.input) streams.input.emplace(*options.input);
+    const std::size_t firstRecord = store->Records.size();
+    comet2->Io = {WriteOut, ReadIn, SayOnce, &streams};
+    console::WriteTo(&streams.swallowed);
+    const Stop stop =
+        options.trace ? comet2->RunTraced(options.limit, TraceInOrder) : comet2->RunLimited(options.limit);
+    console::WriteTo(nullptr);
+    const auto counts = comet2->RunCount.begin();
+    comet2->MaxRunCount = *std::max_element(counts, counts + MaxImageWords);
+    console::Flush();
+    return TellEnd(options, file, firstRecord, stop);
+}
+
+} // namespace tolvane::run

@@ -1,0 +1,12 @@
+#pragma once
+// The trace: a line on the standard error for each instruction that was executed, with what it has changed.
+//
+//   #0006 LOOP     ADDA GR1, GR2            GR1=#0003 Fzero=0
+
+#include "machine/Tcomet2.h"
+
+namespace tolvane::run {
+
+void TraceStep(const Step& step);
+
+} // namespace tolvane::run

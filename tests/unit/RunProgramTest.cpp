@@ -1,0 +1,70 @@
+// tolvane-run from the outside: sessions of commands with what they print and their exit status. A session file holds
+//
+//   @ NAME         the lines behind it up to an empty one are a source of that name
+//   $ COMMAND      a command line for the shell; behind it:
+//   > TEXT         a line of the standard output, ! TEXT one of the standard error
+//   = STATUS
+
+#include "TextTools.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/wait.h>
+
+namespace tolvane::tests {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Marked(const std::string& text, const char* mark) {
+    std::string out;
+    for (std::string line : Lines(text)) {
+        if (line.ends_with('\n')) line.pop_back();
+        out += line.empty() ? std::string(mark) + "\n" : std::string(mark) + " " + line + "\n";
+    }
+    return out;
+}
+
+std::string RunCommand(const std::string& command, const fs::path& folder) {
+    const std::string environment = "LC_ALL=C.UTF-8 PATH=" + fs::path(TOLVANE_RUN).parent_path().string() + ":$PATH";
+    const std::string outside = "cd " + folder.string() + " && export " + environment + " && ( " + command;
+    const int status = std::system((outside + "\n) </dev/null >.out 2>.err").c_str());
+    return Marked(ReadFile(folder / ".out"), ">") + Marked(ReadFile(folder / ".err"), "!") + "= " +
+           std::to_string(WIFEXITED(status) ? WEXITSTATUS(status) : -1) + "\n";
+}
+
+// The session as it runs now.
+std::string RunSession(const std::string& expected, const fs::path& folder) {
+    std::string found;
+    fs::path source;
+    for (const std::string& line : Lines(expected)) {
+        const char mark = line[0];
+        if (line == "\n") source.clear();
+        if (!source.empty()) WriteFile(source, ReadFile(source) + line);
+        if (line.starts_with("@ ")) source = folder / line.substr(2, line.size() - 3);
+        if (!source.empty() || (mark != '>' && mark != '!' && mark != '=')) found += line;
+        if (source.empty() && line.starts_with("$ ")) found += RunCommand(line.substr(2), folder);
+    }
+    return found;
+}
+
+} // namespace
+
+TEST(RunProgram, Sessions) {
+    const char* setting = std::getenv("TOLVANE_REWRITE");
+    const fs::path file = fs::path(TOLVANE_TESTS) / "run" / "session.txt";
+    std::string folder = testing::TempDir() + "tolvane-run-XXXXXX";
+    ASSERT_NE(mkdtemp(folder.data()), nullptr);
+    const std::string expected = ReadFile(file);
+    const std::string found = RunSession(expected, folder);
+    fs::remove_all(folder);
+    if (setting != nullptr && std::string(setting) == "1")
+        WriteFile(file, found);
+    else
+        EXPECT_EQ(expected, found);
+}
+
+} // namespace tolvane::tests
