@@ -55,6 +55,8 @@ MachineIo IoOf(Talk& talk) {
 // The program in a folder of its own, with its standard files as pipes.
 class Child {
 public:
+    static constexpr std::size_t MostOutput = 4 << 20;
+
     explicit Child(const std::string& source, int outputFile = -1) {
         folder = fs::temp_directory_path() / ("tolvane-run-control-" + std::to_string(getpid()));
         fs::create_directory(folder);
@@ -95,8 +97,9 @@ public:
     }
     // Its status when it has ended by itself, 1000 and the signal's number when by that.
     int End() {
-        while (output >= 0 && ReadMore(output, printed))
+        while (output >= 0 && printed.size() < MostOutput && ReadMore(output, printed))
             continue;
+        if (printed.size() >= MostOutput) kill(process, SIGKILL); // it prints without end
         while (ReadMore(error, told))
             continue;
         int status = 0;
@@ -111,10 +114,13 @@ public:
     fs::path folder;
 
 private:
-    static bool ReadMore(int file, std::string& text) {
+    bool ReadMore(int file, std::string& text) const {
         pollfd end{file, POLLIN, 0};
         char buffer[4096];
-        if (poll(&end, 1, 30'000) <= 0) return false;
+        if (poll(&end, 1, 30'000) <= 0) {
+            kill(process, SIGKILL); // it hangs
+            return false;
+        }
         const ssize_t got = read(file, buffer, sizeof buffer);
         if (got > 0) text.append(buffer, static_cast<std::size_t>(got));
         return got > 0;
