@@ -18,8 +18,9 @@
 //   12 LAD                               41 45 CPL            65 JPL, 66 JOV
 //
 // A turn of the loop: PR above the memory limit ends the run; the nibbles r and x are checked; the instruction is
-// counted; it is executed. A nibble above 7 is allowed where the instruction has no such field: both in NOP and RET, r
-// in the jumps, PUSH, CALL and SVC, x in POP. NOP asks for a whole cell of 0.
+// counted; it is executed. A signal is seen at the same comparison, because it pulls the limit down to 0. A nibble
+// above 7 is allowed where the instruction has no such field: both in NOP and RET, r in the jumps, PUSH, CALL and SVC,
+// x in POP. NOP asks for a whole cell of 0.
 //
 // Memory operands above the limit end the run; LAD, shifts, PUSH, jumps, CALL and SVC take E as it is. ST without an
 // index register is not watched at all. With one it warns once in a run of a store behind the image, and ends the run
@@ -119,18 +120,9 @@ inline int srl653(int gr, int n, Flags& flags) {
     return flags.result;
 }
 
-// The high bits of the nibbles r and x that must be 0, by code: an instruction may leave a nibble unused.
+// The high bits of the nibbles r and x: 0 in a field that names a register. An instruction may leave a field unused.
 constexpr int NibbleR = 0x80;
 constexpr int NibbleX = 0x08;
-constexpr std::array<std::uint8_t, 256> CheckedNibbles = [] {
-    std::array<std::uint8_t, 256> checked{};
-    checked.fill(NibbleR | NibbleX);
-    checked[0x00] = checked[0x81] = 0;
-    for (auto code : {0x61U, 0x62U, 0x63U, 0x64U, 0x65U, 0x66U, 0x70U, 0x80U, 0xF0U})
-        checked[code] = NibbleX;
-    checked[0x71] = NibbleR;
-    return checked;
-}();
 
 // Whether the stop is met when the second word of its instruction has been fetched, so that PR stands there.
 bool StandsOnSecondWord(Stop stop) {
@@ -210,8 +202,9 @@ Step Tcomet2::NextStep() const {
 
 // The loop has been left because of a signal. SIGTERM and SIGHUP end the program behind its output.
 Stop Tcomet2::Attend() {
+    const bool interrupted = signals::TakeInterrupt();
     console::Flush();
-    return signals::TakeInterrupt() ? Stop::Interrupted : Stop::None;
+    return interrupted ? Stop::Interrupted : Stop::None;
 }
 
 template <bool limited> Stop Tcomet2::Execute(std::int64_t instructions) {
@@ -223,237 +216,242 @@ template <bool limited> Stop Tcomet2::Execute(std::int64_t instructions) {
     auto e = static_cast<std::size_t>(EffAdr);
     Flags flags{Fzero != 0 ? 0 : (Fsign != 0 ? -1 : 1), Fovf};
 
-    // The first address that is neither an instruction's nor a memory operand's. What the loop compares PR with is its
-    // copy in LoopLimit: a stop and a signal pull that down to 0, so that the loop asks for nothing else.
+    // The first address that is neither an instruction's nor a memory operand's. PR is compared with the copy of it in
+    // LoopLimit, which signals pull down to 0.
     const auto limit = static_cast<std::size_t>(modeFlags->Pipe->maxMemory) + 1;
     Stop stop = Stop::None;
-    const auto end = [&stop](Stop reason) {
-        stop = reason;
-        signals::LoopLimit.store(0, std::memory_order_relaxed);
-    };
-    // Whether the memory operand at an address may be read.
-    const auto readable = [limit, &end](std::size_t address) {
-        if (address < limit) return true;
-        end(Stop::OperandBeyondMemory);
-        return false;
-    };
+    int w = 0;
+    std::size_t r = 0;
+    std::size_t x = 0;
 
-    signals::SetLoopLimit(limit);
-    for (;;) {
-        if constexpr (limited) {
-            if (instructions == 0 && stop == Stop::None) stop = Stop::LimitReached;
-            if (stop == Stop::LimitReached) break;
-        }
-        const int w = Memory[pr];
-        const auto code = static_cast<std::uint8_t>(w >> 8);
-        const bool badNibble = (w & CheckedNibbles[code]) != 0;
-        // One branch for all ways out: two would slow every turn.
-        if ((pr >= signals::LoopLimit.load(std::memory_order_relaxed)) | badNibble) [[unlikely]] {
-            if (stop == Stop::None && pr >= limit) stop = Stop::PrBeyondMemory;
-            if (stop == Stop::None && badNibble) stop = Stop::BadRegister;
-            if (stop == Stop::None) stop = Attend();
-            if (stop != Stop::None) break;
-            signals::SetLoopLimit(limit);
-            continue;
-        }
-        if constexpr (limited) --instructions;
-        RunCount[pr] = static_cast<int>(static_cast<unsigned>(RunCount[pr]) + 1U);
+// clang-format off
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wpedantic" // labels as values
+    // Where each code's operation stands: each jumps to the next one itself, so that the processor can tell their
+    // successors apart.
+#define L(code) &&op_##code
+#define ____ &&op_unknown
+    static const void* const operations[256] = {
+        L(00), ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        L(10), L(11), L(12), ____, L(14), ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        L(20), L(21), L(22), L(23), L(24), L(25), L(26), L(27), ____, ____, ____, ____, ____, ____, ____, ____,
+        L(30), L(31), L(32), ____, L(34), L(35), L(36), ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        L(40), L(41), ____, ____, L(44), L(45), ____, ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        L(50), L(51), L(52), L(53), ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        ____, L(61), L(62), L(63), L(64), L(65), L(66), ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        L(70), L(71), ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        L(80), L(81), ____, ____, ____, ____, ____, ____, L(88), ____, ____, ____, ____, ____, ____, ____,
+        ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____,
+        L(F0), ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____, ____,
+    };
+#undef L
+#undef ____
 
-        const std::size_t r = static_cast<unsigned>(w >> 4) & 7U;
-        const std::size_t x = static_cast<unsigned>(w) & 7U;
+// The turn from the instruction before to the operation of the next one.
+#define TURN()                                                                                                         \
+    do {                                                                                                               \
+        if constexpr (limited)                                                                                         \
+            if (instructions-- == 0) STOP(Stop::LimitReached);                                                         \
+        w = Memory[pr];                                                                                                \
+        if (pr >= signals::LoopLimit.load(std::memory_order_relaxed)) [[unlikely]] goto beyond;                        \
+        goto* operations[static_cast<std::uint8_t>(w >> 8)];                                                           \
+    } while (false)
+#define STOP(reason)                                                                                                   \
+    do {                                                                                                               \
+        stop = reason;                                                                                                 \
+        goto out;                                                                                                      \
+    } while (false)
+
+// How an operation begins: its nibbles, which must be below 8 where they name a register, and its count.
+#define ONE_WORD(code, nibbles)                                                                                        \
+    op_##code:                                                                                                         \
+        if ((w & (nibbles)) != 0) [[unlikely]] goto badRegister;                                                       \
+        RunCount[pr] = static_cast<int>(static_cast<unsigned>(RunCount[pr]) + 1U);                                     \
+        r = static_cast<unsigned>(w >> 4) & 7U;                                                                        \
+        x = static_cast<unsigned>(w) & 7U;
+#define TWO_WORDS(code, nibbles)                                                                                       \
+    ONE_WORD(code, nibbles)                                                                                            \
         e = static_cast<std::uint16_t>(Unsigned(Memory[pr + 1]) + (x == 0 ? 0 : Unsigned(GR[x])));
-        switch (code) {
-        case 0x00: // NOP
-            if (w == 0)
-                ++pr;
-            else
-                end(Stop::NotANop);
-            break;
-        case 0x10: // LD
-            if (!readable(e)) break;
-            GR[r] = Load(Memory[e], flags);
-            pr += 2;
-            break;
-        case 0x14:
-            GR[r] = Load(GR[x], flags);
-            ++pr;
-            break;
-        case 0x11: // ST
-            if (const int a = static_cast<int>(e); x != 0 && (a >= storeGuard || (a >= reserved && !StoreWarned))) {
-                StoreWarned = true;
-                PR = static_cast<int>(pr) + 1;
-                if (st511(a) == StoreRefused) {
-                    end(Stop::StoreBeyondMemory);
-                    break;
-                }
-            }
-            Memory[e] = GR[r];
-            pr += 2;
-            break;
-        case 0x12: // LAD
-            GR[r] = static_cast<int>(e);
-            pr += 2;
-            break;
-        case 0x20: // ADDA
-            if (!readable(e)) break;
-            GR[r] = AddArithmetic(GR[r], Memory[e], flags);
-            pr += 2;
-            break;
-        case 0x24:
-            GR[r] = AddArithmetic(GR[r], GR[x], flags);
-            ++pr;
-            break;
-        case 0x21: // SUBA
-            if (!readable(e)) break;
-            GR[r] = SubArithmetic(GR[r], Memory[e], flags);
-            pr += 2;
-            break;
-        case 0x25:
-            GR[r] = SubArithmetic(GR[r], GR[x], flags);
-            ++pr;
-            break;
-        case 0x22: // ADDL
-            if (!readable(e)) break;
-            GR[r] = AddLogical(GR[r], Memory[e], flags);
-            pr += 2;
-            break;
-        case 0x26:
-            GR[r] = AddLogical(GR[r], GR[x], flags);
-            ++pr;
-            break;
-        case 0x23: // SUBL
-            if (!readable(e)) break;
-            GR[r] = SubLogical(GR[r], Memory[e], flags);
-            pr += 2;
-            break;
-        case 0x27:
-            GR[r] = SubLogical(GR[r], GR[x], flags);
-            ++pr;
-            break;
-        case 0x30: // AND
-            if (!readable(e)) break;
-            GR[r] = Logical(GR[r] & Memory[e], flags);
-            pr += 2;
-            break;
-        case 0x34:
-            GR[r] = Logical(GR[r] & GR[x], flags);
-            ++pr;
-            break;
-        case 0x31: // OR
-            if (!readable(e)) break;
-            GR[r] = Logical(GR[r] | Memory[e], flags);
-            pr += 2;
-            break;
-        case 0x35:
-            GR[r] = Logical(GR[r] | GR[x], flags);
-            ++pr;
-            break;
-        case 0x32: // XOR
-            if (!readable(e)) break;
-            GR[r] = Logical(GR[r] ^ Memory[e], flags);
-            pr += 2;
-            break;
-        case 0x36:
-            GR[r] = Logical(GR[r] ^ GR[x], flags);
-            ++pr;
-            break;
-        case 0x40: // CPA: the difference has the sign and the zero of the comparison
-            if (!readable(e)) break;
-            flags = {Signed(GR[r]) - Signed(Memory[e]), 0};
-            pr += 2;
-            break;
-        case 0x44:
-            flags = {Signed(GR[r]) - Signed(GR[x]), 0};
-            ++pr;
-            break;
-        case 0x41: // CPL
-            if (!readable(e)) break;
-            flags = {Unsigned(GR[r]) - Unsigned(Memory[e]), 0};
-            pr += 2;
-            break;
-        case 0x45:
-            flags = {Unsigned(GR[r]) - Unsigned(GR[x]), 0};
-            ++pr;
-            break;
-        case 0x50:
-            GR[r] = sla550(GR[r], static_cast<int>(e), flags);
-            pr += 2;
-            break;
-        case 0x51:
-            GR[r] = sra551(GR[r], static_cast<int>(e), flags);
-            pr += 2;
-            break;
-        case 0x52:
-            GR[r] = sll652(GR[r], static_cast<int>(e), flags);
-            pr += 2;
-            break;
-        case 0x53:
-            GR[r] = srl653(GR[r], static_cast<int>(e), flags);
-            pr += 2;
-            break;
-        case 0x61: // JMI
-            pr = flags.result < 0 ? e : pr + 2;
-            break;
-        case 0x62: // JNZ
-            pr = flags.result != 0 ? e : pr + 2;
-            break;
-        case 0x63: // JZE
-            pr = flags.result == 0 ? e : pr + 2;
-            break;
-        case 0x64: // JUMP
-            pr = e;
-            break;
-        case 0x65: // JPL
-            pr = flags.result > 0 ? e : pr + 2;
-            break;
-        case 0x66: // JOV
-            pr = flags.fovf != 0 ? e : pr + 2;
-            break;
-        case 0x70: // PUSH
-            if (PushWord(static_cast<int>(e)))
-                pr += 2;
-            else
-                end(Stop::StackFull);
-            break;
-        case 0x71: // POP
-            GR[r] = SP > StackBottom ? 0 : Stack[static_cast<std::size_t>(StackBottom - SP)];
-            if (SP < std::numeric_limits<int>::max()) ++SP;
-            ++pr;
-            break;
-        case 0x80: // CALL
-            if (OS < std::numeric_limits<int>::max()) ++OS;
-            if (PushWord(static_cast<int>(pr) + 2))
-                pr = e;
-            else
-                end(Stop::StackFull);
-            break;
-        case 0x81: // RET
-            if (OS == 0) {
-                end(Stop::End);
-                break;
-            }
-            --OS;
-            if (ret581() == ReturnRefused)
-                end(Stop::ReturnWithoutStack);
-            else
-                pr = static_cast<std::size_t>(PR);
-            break;
-        case 0x88: // EXIT
-            ++pr;
-            end(Stop::End);
-            break;
-        case 0xF0:                     // SVC
-            PR = static_cast<int>(pr); // for what the OS says
-            if (const Stop asked = OsSvc(static_cast<int>(e)); asked != Stop::None)
-                end(asked);
-            else
-                pr += 2;
-            break;
-        default:
-            end(Stop::UnknownCode);
-            break;
+// Refuses a memory operand that may not be read.
+#define READABLE if (e >= limit) [[unlikely]] STOP(Stop::OperandBeyondMemory)
+// How an operation ends. A jump that is taken ends in a branch of its own: PR then follows from what the processor
+// expects, and does not wait for the flags.
+#define GO_TO(address)                                                                                                 \
+    do {                                                                                                               \
+        pr = address;                                                                                                  \
+        TURN();                                                                                                        \
+    } while (false)
+#define NEXT(words) GO_TO(pr + words)
+#define JUMP_IF(condition)                                                                                             \
+    do {                                                                                                               \
+        if (condition) GO_TO(e);                                                                                       \
+        NEXT(2);                                                                                                       \
+    } while (false)
+
+again:
+    signals::SetLoopLimit(limit);
+    TURN();
+    ONE_WORD(00, 0) // NOP
+        if (w != 0) STOP(Stop::NotANop);
+        NEXT(1);
+    TWO_WORDS(10, NibbleR | NibbleX) // LD
+        READABLE;
+        GR[r] = Load(Memory[e], flags);
+        NEXT(2);
+    ONE_WORD(14, NibbleR | NibbleX)
+        GR[r] = Load(GR[x], flags);
+        NEXT(1);
+    TWO_WORDS(11, NibbleR | NibbleX) // ST
+        if (const int a = static_cast<int>(e); x != 0 && (a >= storeGuard || (a >= reserved && !StoreWarned))) {
+            StoreWarned = true;
+            PR = static_cast<int>(pr) + 1;
+            if (st511(a) == StoreRefused) STOP(Stop::StoreBeyondMemory);
         }
+        Memory[e] = GR[r];
+        NEXT(2);
+    TWO_WORDS(12, NibbleR | NibbleX) // LAD
+        GR[r] = static_cast<int>(e);
+        NEXT(2);
+    TWO_WORDS(20, NibbleR | NibbleX) // ADDA
+        READABLE;
+        GR[r] = AddArithmetic(GR[r], Memory[e], flags);
+        NEXT(2);
+    ONE_WORD(24, NibbleR | NibbleX)
+        GR[r] = AddArithmetic(GR[r], GR[x], flags);
+        NEXT(1);
+    TWO_WORDS(21, NibbleR | NibbleX) // SUBA
+        READABLE;
+        GR[r] = SubArithmetic(GR[r], Memory[e], flags);
+        NEXT(2);
+    ONE_WORD(25, NibbleR | NibbleX)
+        GR[r] = SubArithmetic(GR[r], GR[x], flags);
+        NEXT(1);
+    TWO_WORDS(22, NibbleR | NibbleX) // ADDL
+        READABLE;
+        GR[r] = AddLogical(GR[r], Memory[e], flags);
+        NEXT(2);
+    ONE_WORD(26, NibbleR | NibbleX)
+        GR[r] = AddLogical(GR[r], GR[x], flags);
+        NEXT(1);
+    TWO_WORDS(23, NibbleR | NibbleX) // SUBL
+        READABLE;
+        GR[r] = SubLogical(GR[r], Memory[e], flags);
+        NEXT(2);
+    ONE_WORD(27, NibbleR | NibbleX)
+        GR[r] = SubLogical(GR[r], GR[x], flags);
+        NEXT(1);
+    TWO_WORDS(30, NibbleR | NibbleX) // AND
+        READABLE;
+        GR[r] = Logical(GR[r] & Memory[e], flags);
+        NEXT(2);
+    ONE_WORD(34, NibbleR | NibbleX)
+        GR[r] = Logical(GR[r] & GR[x], flags);
+        NEXT(1);
+    TWO_WORDS(31, NibbleR | NibbleX) // OR
+        READABLE;
+        GR[r] = Logical(GR[r] | Memory[e], flags);
+        NEXT(2);
+    ONE_WORD(35, NibbleR | NibbleX)
+        GR[r] = Logical(GR[r] | GR[x], flags);
+        NEXT(1);
+    TWO_WORDS(32, NibbleR | NibbleX) // XOR
+        READABLE;
+        GR[r] = Logical(GR[r] ^ Memory[e], flags);
+        NEXT(2);
+    ONE_WORD(36, NibbleR | NibbleX)
+        GR[r] = Logical(GR[r] ^ GR[x], flags);
+        NEXT(1);
+    TWO_WORDS(40, NibbleR | NibbleX) // CPA: the difference has the sign and the zero of the comparison
+        READABLE;
+        flags = {Signed(GR[r]) - Signed(Memory[e]), 0};
+        NEXT(2);
+    ONE_WORD(44, NibbleR | NibbleX)
+        flags = {Signed(GR[r]) - Signed(GR[x]), 0};
+        NEXT(1);
+    TWO_WORDS(41, NibbleR | NibbleX) // CPL
+        READABLE;
+        flags = {Unsigned(GR[r]) - Unsigned(Memory[e]), 0};
+        NEXT(2);
+    ONE_WORD(45, NibbleR | NibbleX)
+        flags = {Unsigned(GR[r]) - Unsigned(GR[x]), 0};
+        NEXT(1);
+    TWO_WORDS(50, NibbleR | NibbleX)
+        GR[r] = sla550(GR[r], static_cast<int>(e), flags);
+        NEXT(2);
+    TWO_WORDS(51, NibbleR | NibbleX)
+        GR[r] = sra551(GR[r], static_cast<int>(e), flags);
+        NEXT(2);
+    TWO_WORDS(52, NibbleR | NibbleX)
+        GR[r] = sll652(GR[r], static_cast<int>(e), flags);
+        NEXT(2);
+    TWO_WORDS(53, NibbleR | NibbleX)
+        GR[r] = srl653(GR[r], static_cast<int>(e), flags);
+        NEXT(2);
+    TWO_WORDS(61, NibbleX) // JMI
+        JUMP_IF(flags.result < 0);
+    TWO_WORDS(62, NibbleX) // JNZ
+        JUMP_IF(flags.result != 0);
+    TWO_WORDS(63, NibbleX) // JZE
+        JUMP_IF(flags.result == 0);
+    TWO_WORDS(64, NibbleX) // JUMP
+        GO_TO(e);
+    TWO_WORDS(65, NibbleX) // JPL
+        JUMP_IF(flags.result > 0);
+    TWO_WORDS(66, NibbleX) // JOV
+        JUMP_IF(flags.fovf != 0);
+    TWO_WORDS(70, NibbleX) // PUSH
+        if (!PushWord(static_cast<int>(e))) STOP(Stop::StackFull);
+        NEXT(2);
+    ONE_WORD(71, NibbleR) // POP
+        GR[r] = SP > StackBottom ? 0 : Stack[static_cast<std::size_t>(StackBottom - SP)];
+        if (SP < std::numeric_limits<int>::max()) ++SP;
+        NEXT(1);
+    TWO_WORDS(80, NibbleX) // CALL
+        if (OS < std::numeric_limits<int>::max()) ++OS;
+        if (!PushWord(static_cast<int>(pr) + 2)) STOP(Stop::StackFull);
+        GO_TO(e);
+    ONE_WORD(81, 0) // RET
+        if (OS == 0) STOP(Stop::End);
+        --OS;
+        if (ret581() == ReturnRefused) STOP(Stop::ReturnWithoutStack);
+        GO_TO(static_cast<std::size_t>(PR));
+    ONE_WORD(88, NibbleR | NibbleX) // EXIT
+        ++pr;
+        STOP(Stop::End);
+    TWO_WORDS(F0, NibbleX) // SVC
+        PR = static_cast<int>(pr); // for what the OS says
+        stop = OsSvc(static_cast<int>(e));
+        if (stop != Stop::None) goto out;
+        NEXT(2);
+    ONE_WORD(unknown, NibbleR | NibbleX)
+        STOP(Stop::UnknownCode);
+#undef TURN
+#undef STOP
+#undef ONE_WORD
+#undef TWO_WORDS
+#undef READABLE
+#undef GO_TO
+#undef NEXT
+#undef JUMP_IF
+#pragma GCC diagnostic pop
+    // clang-format on
+
+beyond:
+    if (pr < limit) stop = Attend();
+    if (pr < limit && stop == Stop::None) {
+        if constexpr (limited) ++instructions; // this turn has not been one
+        goto again;
     }
+    if (stop == Stop::None) stop = Stop::PrBeyondMemory;
+    goto out;
+badRegister:
+    stop = Stop::BadRegister;
+out:
     PR = static_cast<int>(pr) + (StandsOnSecondWord(stop) ? 1 : 0);
     EffAdr = static_cast<int>(e);
     Fovf = flags.fovf;
