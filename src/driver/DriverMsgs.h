@@ -118,6 +118,8 @@ struct DriverCatalogue {
     Msg ByInputEnd{"after 1,000 INs in a row at the end of the input,",
                    "入力の終わりで IN が続けて 1,000 回実行されたので"};
     // {0} the system's reason
+    Msg OutOfMemory{"\nThe source needs more memory than there is. It has been given up.\n",
+                    "\nメモリが足りないので、このソースのアセンブルを中止しました。\n"};
     Msg OutputLost{"tolvane: the output cannot be written: {0}\n", "tolvane: 出力できません: {0}\n"};
 };
 inline constexpr DriverCatalogue DriverMsg;

@@ -21,7 +21,7 @@ TTimeVcl theTimer;
 TLStd theTools;
 TPO thePO;
 ToolWin theToolWin;
-Tcomet2 machine;
+constinit Tcomet2 machine{Tcomet2::Later::Init};
 TCorrectScode correctScode;
 TLabelSpace theLabelSpace;
 

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <new>
 
 namespace tolvane {
 
@@ -24,16 +25,16 @@ namespace {
 constexpr std::size_t AnswerLimit = 40;
 constexpr int StoppedStatus = 130; // as the shell tells a program that Ctrl+C has ended
 
-// The rule of the command codes: above 9000 the program ends, from 1 to 6999 the next cycle starts.
-bool EndsProgram(int result) {
-    return static_cast<unsigned>(result) > 9000U;
-}
 // There is nobody left to tell anything but here.
 [[noreturn]] void EndWithoutOutput(const char* why) {
     console::WriteError(TextOf(DriverMsg.OutputLost, {why}));
     std::_Exit(EXIT_FAILURE);
 }
 
+// The rule of the command codes: above 9000 the program ends, from 1 to 6999 the next cycle starts.
+bool EndsProgram(int result) {
+    return static_cast<unsigned>(result) > 9000U;
+}
 bool StartsNextCycle(int result) {
     return 1 <= result && result <= 6999;
 }
@@ -65,7 +66,17 @@ void TGame::StartUp() {
 
 void TGame::RunPipeline(const Pipeline& pipeline) {
     StartPipeline(pipeline);
-    while (Cycle()) {
+    while (CycleInMemory()) {
+    }
+}
+
+bool TGame::CycleInMemory() {
+    try {
+        return Cycle();
+    } catch (const std::bad_alloc&) {
+        BeginAssembly(*this, *modeFlags->Pipe, modeFlags->Lang);
+        Say(DriverMsg.OutOfMemory);
+        return true;
     }
 }
 

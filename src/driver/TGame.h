@@ -20,6 +20,8 @@ private:
 
     // One cycle. False when the program ends.
     bool Cycle();
+    // The same; a source that the memory does not hold is told and forgotten.
+    bool CycleInMemory();
     void DspErrors() const;
     int GetSrcFile();
     void DspWarningKazu() const;

@@ -77,7 +77,7 @@ Stop Tcomet2::OsSvc(int number) {
     if (number == ServiceOut)
         OsOut();
     else
-        Io.say(Io.context, MachineMsg.UnknownService, {number});
+        Io->say(Io->context, MachineMsg.UnknownService, {number});
     return Stop::None;
 }
 
@@ -90,11 +90,11 @@ void Tcomet2::OsOut() const {
         text += static_cast<char16_t>(Memory[static_cast<std::size_t>(a)] & 0xFFFF);
 
     if (modeFlags->Pipe->text == TextKind::Narrow) text = JoinBytes(text);
-    Io.write(Io.context, Utf8(text) + "\n");
+    Io->write(Io->context, Utf8(text) + "\n");
 }
 
 Stop Tcomet2::OsIn() {
-    const std::optional<MachineIo::Line> line = Io.read(Io.context, ReadLimit);
+    const std::optional<MachineIo::Line> line = Io->read(Io->context, ReadLimit);
     if (signals::TakeInterrupt()) return Stop::Interrupted;
     InputEnds = line ? 0 : InputEnds + 1;
     if (InputEnds == MostInputEnds) return Stop::InputEnded;
@@ -102,7 +102,7 @@ Stop Tcomet2::OsIn() {
     TextW text;
     if (line) text = CutToInputLimit(WideUtf8Lossy(line->text.substr(0, line->text.find('\0'))));
     if (line && Utf8(text).size() > line->validLength) {
-        Io.say(Io.context, MachineMsg.InNotConverted, {});
+        Io->say(Io->context, MachineMsg.InNotConverted, {});
         text.clear();
     }
 

@@ -2,14 +2,16 @@
 
 #include "platform/Console.h"
 
+#include <cstring>
+
 namespace tolvane {
 
 void Tcomet2::InitComet2() {
     OS = 0;
-    Memory.fill(0);
-    RunCount.fill(0);
+    std::memset(Memory.data(), 0, sizeof Memory);
+    std::memset(RunCount.data(), 0, sizeof RunCount);
     MaxRunCount = 0;
-    LineOfWord.fill(-1);
+    std::memset(LineOfWord.data(), 0xFF, sizeof LineOfWord); // -1 everywhere
     Stack.fill(0);
     GR.fill(0);
     PR = 0;

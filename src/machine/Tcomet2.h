@@ -92,9 +92,12 @@ public:
     int ReservedWords = 0; // the first address behind the image
 
     Tcomet2() { InitComet2(); }
+    // A machine whose tables nobody has touched yet, so that a program that assembles nothing pays nothing for them.
+    enum class Later { Init };
+    constexpr explicit Tcomet2(Later) {}
     // The state before a run: memory, stack, registers, flags and counts 0, SP 65535, LineOfWord -1.
     void InitComet2();
-    MachineIo Io = DialogueIo;
+    const MachineIo* Io = &DialogueIo;
 
     // The runs. Each goes from address 0 to the program's end or to a stop; see Run.cpp. PR is then the address of the
     // next instruction, of the one that was not executed, or of its second word, see FaultAddress.

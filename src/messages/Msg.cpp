@@ -69,6 +69,19 @@ void OrdinalStr(std::string& out, long long n) {
     out += n == 1 ? "st" : n == 2 ? "nd" : n == 3 ? "rd" : "th";
 }
 
+// Text of a source or a name, which must not move the cursor of a terminal or worse. A tab may.
+void AppendVisibly(std::string& out, std::string_view text) {
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if ((byte >= 0x20 && byte != 0x7F) || c == '\t') {
+            out += c;
+        } else {
+            out += '^';
+            out += static_cast<char>(byte ^ 0x40);
+        }
+    }
+}
+
 void AppendArg(std::string& out, const KeptArg& arg, std::string_view form, const Filling& f) {
     if (form == "o") return OrdinalStr(out, arg.number);
     if (form == "x") return AppendHex(out, arg.number, 1);
@@ -78,6 +91,8 @@ void AppendArg(std::string& out, const KeptArg& arg, std::string_view form, cons
         Compose(out, arg.row->For(f.lang, f.wording), f);
     else if (arg.isNumber)
         AppendNumber(out, arg.number);
+    else if (f.forTerminal)
+        AppendVisibly(out, arg.text);
     else
         out += arg.text;
     if (form == "q") out += "\" ";

@@ -125,6 +125,7 @@ struct Filling {
     Severity severity;
     Place place;
     std::span<const KeptArg> args;
+    bool forTerminal = false; // control characters of texts are shown as "^X"
     bool headless =
         false; // severity and line are told by other means: of the heads the constant's number alone is left
 };

@@ -13,9 +13,16 @@ std::string_view WordsOf(const Msg& msg) {
     return msg.For(modeFlags->Lang, modeFlags->Pipe->wording);
 }
 
+std::string Composed(const Msg& msg, Args args, bool forTerminal) {
+    const std::vector<KeptArg> kept(args.begin(), args.end());
+    std::string text;
+    ComposeText(text, WordsOf(msg), Severity::Error, NoLine, kept, forTerminal);
+    return text;
+}
+
 void Print(const MsgRec& record, std::string_view lineEnd) {
     std::string text;
-    ComposeText(text, WordsOf(*record.row), record.severity, record.place, record.args);
+    ComposeText(text, WordsOf(*record.row), record.severity, record.place, record.args, console::IsTerminal());
     console::Write(text += lineEnd);
 }
 
@@ -26,20 +33,17 @@ void Report(Severity severity, Place place, const Msg& msg, Args args, bool coun
 
 } // namespace
 
-void ComposeText(std::string& out, std::string_view text, Severity severity, Place place,
-                 std::span<const KeptArg> args) {
-    Compose(out, text, {modeFlags->Lang, modeFlags->Pipe->wording, severity, place, args});
+void ComposeText(std::string& out, std::string_view text, Severity severity, Place place, std::span<const KeptArg> args,
+                 bool forTerminal) {
+    Compose(out, text, {modeFlags->Lang, modeFlags->Pipe->wording, severity, place, args, forTerminal});
 }
 
 std::string TextOf(const Msg& msg, Args args) {
-    const std::vector<KeptArg> kept(args.begin(), args.end());
-    std::string text;
-    ComposeText(text, WordsOf(msg), Severity::Error, NoLine, kept);
-    return text;
+    return Composed(msg, args, false);
 }
 
 void Say(const Msg& msg, Args args) {
-    console::Write(TextOf(msg, args));
+    console::Write(Composed(msg, args, console::IsTerminal()));
 }
 
 void Tell(Severity severity, Place place, const Msg& msg, Args args) {

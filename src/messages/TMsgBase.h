@@ -10,8 +10,8 @@
 namespace tolvane {
 
 // Appends the text with its tags filled in for the language and wording in force, as UTF-8.
-void ComposeText(std::string& out, std::string_view text, Severity severity, Place place,
-                 std::span<const KeptArg> args);
+void ComposeText(std::string& out, std::string_view text, Severity severity, Place place, std::span<const KeptArg> args,
+                 bool forTerminal = false);
 // The text of a row.
 std::string TextOf(const Msg& msg, Args args = {});
 // Prints the row as it stands, without a line end of its own; no counter, no record.

@@ -15,7 +15,7 @@ std::vector<std::string> MsgRec::Lines() const {
     while (!text.empty() && lines.size() < most) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         std::string line;
-        ComposeText(line, text.substr(0, end), severity, place, args);
+        ComposeText(line, text.substr(0, end), severity, place, args, console::IsTerminal());
         text.remove_prefix(std::min(end + 1, text.size()));
         if (!line.empty())
             lines.push_back(std::move(line));

@@ -307,7 +307,13 @@ std::size_t LastLineValidLength() {
 }
 
 bool IsTerminal() {
-    return isatty(STDOUT_FILENO) == 1;
+    static const bool is = isatty(STDOUT_FILENO) == 1;
+    return is && TheOutput().instead == nullptr;
+}
+
+bool IsErrorTerminal() {
+    static const bool is = isatty(STDERR_FILENO) == 1;
+    return is;
 }
 
 } // namespace tolvane::console

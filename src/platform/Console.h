@@ -32,5 +32,6 @@ std::size_t LastLineValidLength();
 
 // Whether a person watches the output.
 bool IsTerminal();
+bool IsErrorTerminal();
 
 } // namespace tolvane::console

@@ -24,8 +24,8 @@ void TBasicData::SetPrgKazuInFile(int kazu) {
 }
 
 void TBasicData::Reset() {
-    vecSrcA.clear();
-    vecSrcW.clear();
+    vecSrcA = {};
+    vecSrcW = {};
     vecPrgA.clear();
     vecPrgW.clear();
     apartA.Clear();

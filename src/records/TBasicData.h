@@ -21,8 +21,8 @@ template <class Ch> struct TApart {
 
     void Clear() {
         texts.Clear();
-        vecLite.clear();
-        vecDcConst.clear();
+        vecLite = {};
+        vecDcConst = {};
     }
 };
 
@@ -76,7 +76,8 @@ public:
     std::int32_t GetReservedWords() const { return ReservedWords; }
     void SetReservedWords(int words) { ReservedWords = words; }
 
-    // Forgets everything of the file: records, programs, counts. The counters of diagnostics stay.
+    // Forgets everything of the file, records, programs, counts, and gives their memory back. The counters of
+    // diagnostics stay.
     void Reset();
 
 private:

@@ -87,7 +87,8 @@ std::vector<std::string> TextLines(const MsgRec& record) {
     const int lang = modeFlags->Lang;
     const Wording wording = modeFlags->Pipe->wording;
     std::string text;
-    Compose(text, record.row->For(lang, wording), {lang, wording, record.severity, record.place, record.args, true});
+    Compose(text, record.row->For(lang, wording),
+            {lang, wording, record.severity, record.place, record.args, console::IsErrorTerminal(), true});
     std::vector<std::string> lines;
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t end = std::min(text.find('\n', begin), text.size());

@@ -119,11 +119,13 @@ int RunProgram(const Options& options, const std::string& file, bool standardInp
     Streams streams{std::nullopt, standardInput, file, {}, {}};
     if (options.input) streams.input.emplace(*options.input);
     const std::size_t firstRecord = store->Records.size();
-    comet2->Io = {WriteOut, ReadIn, SayOnce, &streams};
+    const MachineIo io{WriteOut, ReadIn, SayOnce, &streams};
+    comet2->Io = &io;
     console::WriteTo(&streams.swallowed);
     const Stop stop =
         options.trace ? comet2->RunTraced(options.limit, TraceInOrder) : comet2->RunLimited(options.limit);
     console::WriteTo(nullptr);
+    comet2->Io = &DialogueIo;
     const auto counts = comet2->RunCount.begin();
     comet2->MaxRunCount = *std::max_element(counts, counts + MaxImageWords);
     console::Flush();

@@ -63,13 +63,13 @@ void BeginAssembly(TMsgBase& game, const Pipeline& pipeline, int language) {
     b->Reset();
     cs->Reset();
     labelSpace->Free();
-    comet2->InitComet2();
     store->ClearMsgStore();
     for (TMsgBase* object : {&game, static_cast<TMsgBase*>(b), static_cast<TMsgBase*>(cs), static_cast<TMsgBase*>(po)})
         object->ClearCounters();
 }
 
 bool RunStages(TMsgBase& game) {
+    comet2->InitComet2();
     return modeFlags->Pipe->text == TextKind::Wide ? RunStagesOf<char16_t>(game) : RunStagesOf<char>(game);
 }
 

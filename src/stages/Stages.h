@@ -7,11 +7,12 @@
 
 namespace tolvane {
 
-// Chooses pipeline and language (0 Japanese, else English), forgets the assembly before, and clears the counters of
-// all main objects and of `game`. The readers or the caller then fill `strSrc` of the records of the pipeline's kind.
+// Chooses pipeline and language (0 Japanese, else English), forgets the assembly before but for its image, and clears
+// the counters of all main objects and of `game`. The readers or the caller then fill `strSrc` of the records of the
+// pipeline's kind.
 void BeginAssembly(TMsgBase& game, const Pipeline& pipeline, int language);
-// Passes the source through the stages of the pipeline and sums the counters into `game`. False when a stage stopped
-// the assembly.
+// Empties the machine, passes the source through the stages of the pipeline and sums the counters into `game`. False
+// when a stage stopped the assembly.
 bool RunStages(TMsgBase& game);
 // The link of the pipeline, which fills the machine's memory, and the sum of the counters. 0, or a negative value.
 int RunLink(TMsgBase& game);

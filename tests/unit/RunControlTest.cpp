@@ -166,7 +166,8 @@ TEST(RunControl, TraceShowsEachInstruction) {
     // LAD GR2,3; ST GR2,20,GR2; CALL 10; SVC 1; RET; 10: SUBA GR3,GR3; RET
     const auto machine = MachineOf({0x1220, 3, 0x1122, 20, 0x8000, 10, 0xF000, 1, 0x8100, 0, 0x2533, 0x8100});
     Talk talk{{"ab"}, "", 0};
-    machine->Io = IoOf(talk);
+    const MachineIo io = IoOf(talk);
+    machine->Io = &io;
     machine->GR[1] = 30;
     std::string trace;
     const auto observe = [&](const Step& step) {
@@ -196,7 +197,8 @@ TEST(RunControl, TraceShowsEachInstruction) {
 TEST(RunControl, InputThatHasEndedEndsTheRun) {
     const auto machine = MachineOf({0x1210, 30, 0x1220, 20, 0xF000, 1, 0x6400, 4});
     Talk talk{{"a", "b"}, "", 0};
-    machine->Io = IoOf(talk);
+    const MachineIo io = IoOf(talk);
+    machine->Io = &io;
     EXPECT_EQ(machine->RunLimited(1'000'000), Stop::InputEnded);
     EXPECT_EQ(talk.reads, 1002U);
     EXPECT_EQ(machine->PR, 4);
