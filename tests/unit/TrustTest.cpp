@@ -1,12 +1,17 @@
 // What is typed and what the settings hold never does more than it says: names, settings and files of every kind.
 
+#include "driver/Settings.h"
 #include "platform/Commands.h"
+#include "platform/IniFile.h"
+#include "records/Records.h"
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace tolvane {
@@ -40,6 +45,8 @@ protected:
 };
 
 TEST_F(Trust, ANameIsNeverShellSyntax) {
+    testing::internal::CaptureStdout(); // the lists of folders
+    testing::internal::CaptureStderr(); // the shell's complaints
     std::string everyByte;
     for (int byte = 1; byte < 256; ++byte)
         if (byte != '/' && byte != '\\') everyByte += static_cast<char>(byte);
@@ -53,6 +60,52 @@ TEST_F(Trust, ANameIsNeverShellSyntax) {
         platform::ListFolder(name + '\0' + "tail");
     }
     EXPECT_FALSE(fs::exists("PWN"));
+    testing::internal::GetCapturedStdout();
+    testing::internal::GetCapturedStderr();
+}
+
+TEST_F(Trust, EveryValueSurvivesARestart) {
+    std::string wide;
+    while (wide.size() < 255 * 3)
+        wide += "日";
+    for (const std::string& value :
+         {wide, "a\\\\" + wide.substr(6), std::string("\"my file\""), std::string("\"it's\""), std::string("'a \"b\"'"),
+          std::string("\"\""), std::string("'"), std::string("\"\"\"\""), std::string(" x "),
+          std::string("\"a\" 'b'")}) {
+        platform::IniFile written("settings");
+        written.PutStr("S", "Key", value);
+        written.Write();
+        EXPECT_EQ(platform::IniFile("settings").GetStr("S", "Key", ""), value) << Bytes("settings");
+    }
+}
+
+// The program is killed at some moment of saving, again and again.
+TEST_F(Trust, SettingsAreOldOrNewAndWhole) {
+    const auto save = [](bool second) {
+        modeFlags->Lang = second ? 0 : 1;
+        modeFlags->TextEditors[2] = second ? "two" : "";
+        po->LastAssembledSrcFilePath = second ? std::string(200, 'x') : "short";
+        SaveSettings("settings");
+    };
+    save(true);
+    const std::string second = Bytes("settings");
+    save(false);
+    const std::string first = Bytes("settings");
+    for (useconds_t moment = 0; moment < 3000; moment += 50) {
+        const pid_t child = fork();
+        for (bool turn = false; child == 0; turn = !turn)
+            save(turn);
+        usleep(moment);
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        const std::string found = Bytes("settings");
+        EXPECT_TRUE(found == first || found == second) << found;
+    }
+    Make("settings.unfinished.tmp", "half");
+    LoadSettings("settings");
+    EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()), 1) << "left over";
+    *modeFlags = TModeFlags();
+    *po = TPO();
 }
 
 } // namespace
