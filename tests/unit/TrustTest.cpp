@@ -1,16 +1,24 @@
 // What is typed and what the settings hold never does more than it says: names, settings and files of every kind.
 
 #include "driver/Settings.h"
+#include "input/InputMsgs.h"
+#include "input/Readers.h"
+#include "messages/TMsgStore.h"
 #include "platform/Commands.h"
+#include "platform/Console.h"
+#include "platform/Files.h"
 #include "platform/IniFile.h"
 #include "records/Records.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -108,6 +116,63 @@ TEST_F(Trust, SettingsAreOldOrNewAndWhole) {
     EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()), 1) << "left over";
     *modeFlags = TModeFlags();
     *po = TPO();
+}
+
+// What is said when a source is refused.
+const Msg* Refusal(const std::string& path) {
+    std::string text;
+    console::WriteTo(&text);
+    store->ClearMsgStore();
+    const int result = ReadSource(path);
+    console::WriteTo(nullptr);
+    return result == 1 && !store->Records.empty() ? store->Records.back().row : nullptr;
+}
+
+TEST_F(Trust, FilesOfAnySizeAreReadOrRefused) {
+    std::string bytes;
+    Make("large", std::string(1 << 20, 'x') + "end");
+    EXPECT_EQ(platform::ReadFile("large", bytes), platform::ReadResult::Read);
+    EXPECT_EQ(bytes, Bytes("large"));
+    EXPECT_NE(platform::ReadFile("/proc/self/status").value_or(""), "") << "its state claims no bytes";
+    if (fs::exists("/proc/self/pagemap")) {
+        EXPECT_EQ(Refusal("/proc/self/pagemap"), &InputMsg.EndlessFile);
+    }
+    Make("huge", "");
+    fs::resize_file("huge", std::uintmax_t{1} << 42);
+    EXPECT_EQ(Refusal("huge"), &InputMsg.TooLargeFile);
+}
+
+TEST_F(Trust, MemoryThatIsRefusedEndsTheReadingOnly) {
+    std::size_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    const std::size_t used = pages * 4096;
+    if (used == 0 || used >> 40 != 0) GTEST_SKIP() << "address space cannot be limited here";
+    Make("lines", std::string(16 << 20, '\n')); // small itself, but not its records
+    Make("bytes", "");
+    fs::resize_file("bytes", 256 << 20);
+    const pid_t child = fork();
+    if (child == 0) {
+        const rlimit limit = {used + (128 << 20), RLIM_INFINITY};
+        setrlimit(RLIMIT_AS, &limit);
+        bool good = Refusal("lines") == &InputMsg.TooLargeFile && b->vecSrcW.capacity() == 0;
+        good = Refusal("bytes") == &InputMsg.TooLargeFile && good;
+        _exit(good ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(Trust, OnlyFilesAreWritten) {
+    ASSERT_EQ(mkfifo("pipe", 0600), 0);
+    for (int readers = 0; readers < 2; ++readers) {
+        EXPECT_TRUE(platform::WriteFile("pipe", "x").has_value());
+        open("pipe", O_RDONLY | O_NONBLOCK | O_CLOEXEC); // from now on it would take the bytes
+    }
+    EXPECT_TRUE(platform::WriteFile("/dev/null", "x").has_value());
+    fs::create_symlink("target", "link");
+    EXPECT_FALSE(platform::WriteFile("link", "x").has_value());
+    EXPECT_EQ(Bytes("target"), "x");
 }
 
 } // namespace
