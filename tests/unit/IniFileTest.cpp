@@ -2,10 +2,12 @@
 
 #include "platform/IniFile.h"
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace tolvane::platform {
@@ -141,6 +143,45 @@ TEST_F(Settings, KeepsLinksRightsAndUnreadableThings) {
     PutIniStr("Mode", "Lang", "E", folder.string());
     PutIniStr("Mode", "Lang", "E", (folder / "no" / "such.ini").string());
     EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 3); // no file left over
+}
+
+TEST_F(Settings, EveryValueSurvivesARestart) {
+    std::string wide;
+    while (wide.size() < 255 * 3)
+        wide += "日";
+    const std::string separator = "a\\\\" + wide.substr(6);
+    for (const char* value :
+         {wide.c_str(), separator.c_str(), "\"my file\"", "\"it's\"", "'a \"b\"'", "\"\"", "'", " x "}) {
+        PutIniStr("Mode", "Lang", value, path);
+        EXPECT_EQ(Lang(), value) << Bytes();
+    }
+}
+
+// A program is killed at some moment of writing, again and again.
+TEST_F(Settings, TheFileIsOldOrNewAndWhole) {
+    const auto save = [this](const std::string& value) {
+        IniFile ini(path);
+        for (const char* key : {"A", "B", "C"})
+            ini.PutStr("Mode", key, value);
+        ini.Write();
+        return Bytes();
+    };
+    const std::string newer = save(std::string(200, 'x'));
+    const std::string older = save("short");
+    for (useconds_t moment = 0; moment < 3000; moment += 50) {
+        const pid_t child = fork();
+        while (child == 0) {
+            save(std::string(200, 'x'));
+            save("short");
+        }
+        usleep(moment);
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        EXPECT_TRUE(Bytes() == older || Bytes() == newer) << Bytes();
+    }
+    std::ofstream(path + ".unfinished.tmp") << "half";
+    IniFile{path};
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1) << "left over";
 }
 
 } // namespace
