@@ -9,11 +9,6 @@
 
 namespace tolvane {
 
-using platform::GetIniInt;
-using platform::GetIniStr;
-using platform::PutIniInt;
-using platform::PutIniStr;
-
 namespace {
 
 constexpr const char* IniName = "tolvane_Win.ini";
@@ -48,38 +43,41 @@ void SetTextEdIndex(int index) {
 }
 
 void LoadSettings(const std::string& path) {
-    modeFlags->Lang = GetIniStr("Mode", "Lang", "ENU", path) == "JPN" ? 0 : 1;
-    modeFlags->FightFunc = TrimZenBlankUtf8(GetIniStr("Mode", "FightFunc", "WP", path));
-    timer->SetTimeFunc(GetIniStr("Mode", "TimeFunction", "QPC", path));
-    timer->SetTimeFuncIndex(GetIniInt("Mode", "TimeFuncIntFlag", 0, path));
+    const platform::IniFile ini(path);
+    modeFlags->Lang = ini.GetStr("Mode", "Lang", "ENU") == "JPN" ? 0 : 1;
+    modeFlags->FightFunc = TrimZenBlankUtf8(ini.GetStr("Mode", "FightFunc", "WP"));
+    timer->SetTimeFunc(ini.GetStr("Mode", "TimeFunction", "QPC"));
+    timer->SetTimeFuncIndex(ini.GetInt("Mode", "TimeFuncIntFlag", 0));
 
     const std::string defaultSource = tools->StartDirectory + "\\src\\pn3300.txt";
-    po->LastAssembledSrcFilePath = GetIniStr("Assembler", "LastAssembledSrcFilePath", defaultSource, path);
+    po->LastAssembledSrcFilePath = ini.GetStr("Assembler", "LastAssembledSrcFilePath", defaultSource);
     if (po->LastAssembledSrcFilePath.empty()) po->LastAssembledSrcFilePath = defaultSource;
 
-    modeFlags->SilentModeIndex = GetIniInt("Mode", "SilentModeIndex", 0, path);
-    modeFlags->BusyModeIndex = AsSwitch(GetIniInt("Mode", "BusyModeIndex", 1, path));
-    modeFlags->SimpleTitleIndex = AsSwitch(GetIniInt("Mode", "SimpleTitleIndex", 0, path));
+    modeFlags->SilentModeIndex = ini.GetInt("Mode", "SilentModeIndex", 0);
+    modeFlags->BusyModeIndex = AsSwitch(ini.GetInt("Mode", "BusyModeIndex", 1));
+    modeFlags->SimpleTitleIndex = AsSwitch(ini.GetInt("Mode", "SimpleTitleIndex", 0));
 
-    SetTextEdIndex(GetIniInt("Editor", "TextEditorIndex", 0, path));
-    modeFlags->TextEditors[1] = GetIniStr("Editor", "TextEditorPath1", "", path);
-    modeFlags->TextEditors[2] = GetIniStr("Editor", "TextEditorPath2", "", path);
+    SetTextEdIndex(ini.GetInt("Editor", "TextEditorIndex", 0));
+    modeFlags->TextEditors[1] = ini.GetStr("Editor", "TextEditorPath1", "");
+    modeFlags->TextEditors[2] = ini.GetStr("Editor", "TextEditorPath2", "");
 }
 
 void SaveSettings(const std::string& path) {
-    PutIniStr("Mode", "Lang", modeFlags->Lang == 0 ? "JPN" : "ENU", path);
-    PutIniStr("Mode", "FightFunc", modeFlags->FightFunc, path);
-    PutIniStr("Mode", "TimeFunction", timer->TimeFunction, path);
-    PutIniInt("Mode", "TimeFuncIntFlag", timer->TimeFuncIntFlag, path);
+    platform::IniFile ini(path);
+    ini.PutStr("Mode", "Lang", modeFlags->Lang == 0 ? "JPN" : "ENU");
+    ini.PutStr("Mode", "FightFunc", modeFlags->FightFunc);
+    ini.PutStr("Mode", "TimeFunction", timer->TimeFunction);
+    ini.PutInt("Mode", "TimeFuncIntFlag", timer->TimeFuncIntFlag);
     const std::string last = po->LastAssembledSrcFilePath;
-    PutIniStr("Assembler", "LastAssembledSrcFilePath",
-              last.empty() ? tools->StartDirectory + "\\src\\list792j.txt" : last, path);
-    PutIniInt("Mode", "SimpleTitleIndex", modeFlags->SimpleTitleIndex, path);
-    PutIniInt("Mode", "BusyModeIndex", modeFlags->BusyModeIndex, path);
-    PutIniInt("Mode", "SilentModeIndex", SavedSilentMode, path);
-    PutIniInt("Editor", "TextEditorIndex", modeFlags->TextEditorIndex, path);
-    PutIniStr("Editor", "TextEditorPath1", modeFlags->TextEditors[1], path);
-    PutIniStr("Editor", "TextEditorPath2", modeFlags->TextEditors[2], path);
+    ini.PutStr("Assembler", "LastAssembledSrcFilePath",
+               last.empty() ? tools->StartDirectory + "\\src\\list792j.txt" : last);
+    ini.PutInt("Mode", "SimpleTitleIndex", modeFlags->SimpleTitleIndex);
+    ini.PutInt("Mode", "BusyModeIndex", modeFlags->BusyModeIndex);
+    ini.PutInt("Mode", "SilentModeIndex", SavedSilentMode);
+    ini.PutInt("Editor", "TextEditorIndex", modeFlags->TextEditorIndex);
+    ini.PutStr("Editor", "TextEditorPath1", modeFlags->TextEditors[1]);
+    ini.PutStr("Editor", "TextEditorPath2", modeFlags->TextEditors[2]);
+    ini.Write();
 }
 
 } // namespace tolvane

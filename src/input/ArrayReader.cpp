@@ -3,7 +3,6 @@
 #include "input/InputMsgs.h"
 #include "input/Readers.h"
 #include "input/SourceLines.h"
-#include "platform/Files.h"
 #include "records/Records.h"
 #include "text/Convert.h"
 
@@ -49,16 +48,10 @@ ViewA CutToRow(ViewA line, std::size_t limit) {
 
 } // namespace
 
-int OpenFileChH(const std::string& path) {
-    Say(InputMsg.ReadingArray, {Utf8Arg{path}});
-    const std::optional<std::string> bytes = platform::ReadFile(path);
-    if (!bytes) {
-        Explain(Severity::Error, NoLine, InputMsg.DoesNotOpen, {Utf8Arg{path}});
-        return 1;
-    }
+int OpenFileChH(std::string_view bytes) {
     const auto lineLimit = static_cast<std::size_t>(modeFlags->Pipe->limits.lines);
     const auto lengthLimit = static_cast<std::size_t>(modeFlags->Pipe->limits.lineLength);
-    const std::vector<TextA> lines = LinesOf(AsShiftJis(*bytes));
+    const std::vector<TextA> lines = LinesOf(AsShiftJis(bytes));
     WarnOfLongLine(lines, lengthLimit);
     if (lines.size() > lineLimit) {
         po->Memo(NoLine, InputMsg.TooManyLines, {lineLimit, lines.size()});

@@ -16,6 +16,10 @@ struct InputCatalogue {
                     "Misspellings?  Or the file does not exist there. *",
                     "\n{prefix}'{0}' を開くことができません。 "
                     "ミススペル あるいは ファイルが存在しない。 *"};
+    Msg TooLargeFile{"\n{prefix}The file {0} is too large for the memory of this machine. *",
+                     "\n{prefix}'{0}' は大きすぎて、このマシンのメモリーに入りません。 *"};
+    Msg EndlessFile{"\n{prefix}The file {0} does not end where its size says it ends. It is not read any further. *",
+                    "\n{prefix}'{0}' は表示されたサイズを超えても終わらないため、読み込みを中止しました。 *"};
 
     // The array reader
     Msg ReadingArray{"Reading {0}.\n", "'{0}' を読み込みます。\n"};

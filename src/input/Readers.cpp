@@ -10,9 +10,11 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <optional>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace tolvane {
 
@@ -22,10 +24,6 @@ constexpr std::size_t FileNameLimit = 246;
 constexpr std::size_t FolderNameLimit = 989;
 
 constexpr std::array<const char*, 6> Suffixes = {"", ".txt", ".asl", ".asm", ".cas", ".casl"};
-
-constexpr int Utf8ReaderFailed = -3;
-constexpr int Utf16ReaderFailed = -4;
-constexpr int NarrowReaderFailed = -1;
 
 bool IsQuoted(const std::string& text) {
     return text.size() >= 2 && text.front() == '"' && text.back() == '"';
@@ -77,6 +75,38 @@ template <class Take> void ForEachUtf16Line(std::string_view bytes, Take take) {
     take(units.substr(begin, textEnd - begin));
 }
 
+// Says that the file cannot be read. 1
+int Refuse(const Msg& reason, const std::string& path) {
+    Explain(Severity::Error, NoLine, reason, {Utf8Arg{path}});
+    return 1;
+}
+
+// Detects the code and makes the records. `bytes` is null for a file that did not open.
+int ReadBytes(const std::string& path, const std::string* bytes) {
+    const Reader reader = modeFlags->Pipe->reader;
+    if (reader == Reader::Array)
+        Say(InputMsg.ReadingArray, {Utf8Arg{path}});
+    else
+        moziCode->DetMoziCode(path, bytes, modeFlags->SimpleTitleIndex != 0);
+    if (bytes == nullptr)
+        return Refuse(reader == Reader::Wide ? InputMsg.DoesNotOpenBinary : InputMsg.DoesNotOpen, path);
+
+    switch (reader) {
+    case Reader::Wide:
+        IsUtf16() ? OpenFileUTF16toVecW20(*bytes) : OpenFileUTF8toVecW20(*bytes);
+        break;
+    case Reader::Widened:
+        OpenFileWidened(*bytes);
+        break;
+    case Reader::Narrow:
+        OpenFileNarrow(*bytes);
+        break;
+    case Reader::Array:
+        return OpenFileChH(*bytes);
+    }
+    return 0;
+}
+
 } // namespace
 
 int EditFilePath(std::string& path) {
@@ -120,89 +150,63 @@ std::string GetFoldername(bool& ended) {
     return TrimZenBlankUtf8(name);
 }
 
-int OpenFileUTF8toVecW20(const std::string& path) {
-    const std::optional<std::string> bytes = platform::ReadFile(path);
-    if (!bytes) {
-        Explain(Severity::Error, NoLine, InputMsg.DoesNotOpenBinary, {Utf8Arg{path}});
-        return Utf8ReaderFailed;
-    }
+void OpenFileUTF8toVecW20(std::string_view bytes) {
     b->vecSrcW.clear();
-    b->vecSrcW.reserve(MostLines(*bytes));
+    b->vecSrcW.reserve(MostLines(bytes));
     const bool isUtf8 = moziCode->CodePage == 65001;
-    ForEachLine(*bytes, [&](ViewA line, std::size_t number) {
+    ForEachLine(bytes, [&](ViewA line, std::size_t number) {
         line = WithoutMark(line, number);
         if (IsAscii(line))
             b->AddAsciiLine<char16_t>(line);
         else
             b->AddLine<char16_t>(isUtf8 ? Utf8ToWide(line) : utf_16_to_shift_jis(line));
     });
-    return 0;
 }
 
-int OpenFileUTF16toVecW20(const std::string& path) {
-    const std::optional<std::string> bytes = platform::ReadFile(path);
-    if (!bytes) {
-        Explain(Severity::Error, NoLine, InputMsg.DoesNotOpenBinary, {Utf8Arg{path}});
-        return Utf16ReaderFailed;
-    }
+void OpenFileUTF16toVecW20(std::string_view bytes) {
     b->vecSrcW.clear();
-    ForEachUtf16Line(*bytes, [](const TextW& line) { b->AddLine<char16_t>(line); });
-    return 0;
+    ForEachUtf16Line(bytes, [](const TextW& line) { b->AddLine<char16_t>(line); });
 }
 
-int OpenFileNarrow(const std::string& path) {
-    moziCode->DetMoziCode(path, modeFlags->SimpleTitleIndex != 0);
-    const std::optional<std::string> bytes = platform::ReadFile(path);
-    if (!bytes) {
-        Explain(Severity::Error, NoLine, InputMsg.DoesNotOpen, {Utf8Arg{path}});
-        return NarrowReaderFailed;
-    }
+void OpenFileNarrow(std::string_view bytes) {
     b->vecSrcA.clear();
-    if (IsUtf16()) {
-        ForEachUtf16Line(*bytes, [](const TextW& line) { b->AddLine<char>(Narrow932(line)); });
-        return 0;
-    }
-    b->vecSrcA.reserve(MostLines(*bytes));
+    if (IsUtf16()) return ForEachUtf16Line(bytes, [](const TextW& line) { b->AddLine<char>(Narrow932(line)); });
+    b->vecSrcA.reserve(MostLines(bytes));
     const bool isSjis = moziCode->CodePage == 932;
-    ForEachLine(*bytes, [&](ViewA line, std::size_t number) {
+    ForEachLine(bytes, [&](ViewA line, std::size_t number) {
         line = WithoutMark(line, number);
         if (isSjis || IsAscii(line))
             b->AddLine(line);
         else
             b->AddLine<char>(Utf8ToNarrow(line));
     });
-    return 0;
 }
 
-int OpenFileWidened(const std::string& path) {
-    const int result = OpenFileNarrow(path);
-    if (result < 0) return result;
+void OpenFileWidened(std::string_view bytes) {
+    OpenFileNarrow(bytes);
     b->vecSrcW.clear();
     b->vecSrcW.reserve(b->vecSrcA.size());
     for (const SrcDataA& line : b->vecSrcA)
         b->AddLine<char16_t>(NarrowToWide(line.strSrc));
     b->vecSrcA.clear();
     b->apartA.Clear();
-    return 0;
 }
 
 int ReadSource(const std::string& path) {
-    int result = 0;
-    switch (modeFlags->Pipe->reader) {
-    case Reader::Wide:
-        moziCode->DetMoziCode(path, modeFlags->SimpleTitleIndex != 0);
-        result = IsUtf16() ? OpenFileUTF16toVecW20(path) : OpenFileUTF8toVecW20(path);
-        break;
-    case Reader::Widened:
-        result = OpenFileWidened(path);
-        break;
-    case Reader::Narrow:
-        result = OpenFileNarrow(path);
-        break;
-    case Reader::Array:
-        return OpenFileChH(path);
+    std::string bytes;
+    try {
+        const platform::ReadResult result = platform::ReadFile(path, bytes);
+        if (result == platform::ReadResult::TooLarge) return Refuse(InputMsg.TooLargeFile, path);
+        if (result == platform::ReadResult::Endless) return Refuse(InputMsg.EndlessFile, path);
+        return ReadBytes(path, result == platform::ReadResult::Read ? &bytes : nullptr);
+    } catch (const std::bad_alloc&) {
+        // The message needs memory, too.
+        bytes = std::string();
+        b->Reset();
+        b->vecSrcA = std::vector<SrcDataA>();
+        b->vecSrcW = std::vector<SrcDataW>();
+        return Refuse(InputMsg.TooLargeFile, path);
     }
-    return result < 0 ? 1 : 0;
 }
 
 } // namespace tolvane

@@ -2,6 +2,7 @@
 // From a typed name to a path, and from a file to line records.
 
 #include <string>
+#include <string_view>
 
 namespace tolvane {
 
@@ -13,16 +14,16 @@ std::string GetFoldername(bool& ended);
 // Trims a typed path, wraps one with a blank in quotation marks, doubles its backslashes. -1 for an empty text, else 0.
 int EditFilePath(std::string& path);
 
-// Read a file into records with strSrc set. 0, or a negative value with a message.
-int OpenFileUTF8toVecW20(const std::string& path);
-int OpenFileUTF16toVecW20(const std::string& path);
-// The narrow reader, which finds the character code itself, UTF-16 included. 0, or -1 with a message.
-int OpenFileNarrow(const std::string& path);
+// Make records with strSrc set of a file's bytes, in the code that was found.
+void OpenFileUTF8toVecW20(std::string_view bytes);
+void OpenFileUTF16toVecW20(std::string_view bytes);
+// The narrow reader, UTF-16 included.
+void OpenFileNarrow(std::string_view bytes);
 // The narrow reader with its records widened, for the pipeline that reads so.
-int OpenFileWidened(const std::string& path);
+void OpenFileWidened(std::string_view bytes);
 // The array reader, the only one with limits: a longer line is cut, a longer file refused. 0, or 1 with a message.
-int OpenFileChH(const std::string& path);
-// Reads by the pipeline's reader, with the detection in front. 0, or 1 if the file could not be read.
+int OpenFileChH(std::string_view bytes);
+// Reads a file by the pipeline's reader, with the detection in front. 0, or 1 with a message if it could not be read.
 int ReadSource(const std::string& path);
 
 } // namespace tolvane

@@ -2,7 +2,6 @@
 
 #include "input/MoziCodeMsgs.h"
 #include "messages/TMsgBase.h"
-#include "platform/Files.h"
 #include "text/Convert.h"
 
 #include <optional>
@@ -51,18 +50,17 @@ Counts CountBytes(std::string_view bytes) {
 
 } // namespace
 
-std::string TMoziCode::DetBOM_MzC(const std::string& path) {
+std::string TMoziCode::DetBOM_MzC(const std::string& path, const std::string* bytes) {
     if (path.empty()) {
         Say(MoziCodeMsg.FnameEmpty);
         return {};
     }
-    const std::optional<std::string> head = platform::ReadFileHead(path, 3);
-    if (!head) {
+    if (bytes == nullptr) {
         Say(MoziCodeMsg.BomFailToOpen, {Utf8Arg{path}});
         return {};
     }
     for (const Mark& mark : Marks) {
-        if (!head->starts_with(mark.bytes)) continue;
+        if (!bytes->starts_with(mark.bytes)) continue;
         BomStr = mark.digits;
         CodePage = mark.codePage;
         CodeName = mark.codeName;
@@ -73,9 +71,8 @@ std::string TMoziCode::DetBOM_MzC(const std::string& path) {
     return {};
 }
 
-int TMoziCode::Det_sjisMzC(const std::string& path) {
-    const std::optional<std::string> bytes = platform::ReadFile(path);
-    if (!bytes) {
+int TMoziCode::Det_sjisMzC(const std::string& path, const std::string* bytes) {
+    if (bytes == nullptr) {
         Say(MoziCodeMsg.FailToOpen, {Utf8Arg{path}});
         return -1;
     }
@@ -87,8 +84,8 @@ int TMoziCode::Det_sjisMzC(const std::string& path) {
     return isSjis ? 932 : -1;
 }
 
-int TMoziCode::DetMoziCode(const std::string& path, bool simpleTitle) {
-    if (DetBOM_MzC(path).empty() && !simpleTitle) Det_sjisMzC(path);
+int TMoziCode::DetMoziCode(const std::string& path, const std::string* bytes, bool simpleTitle) {
+    if (DetBOM_MzC(path, bytes).empty() && !simpleTitle) Det_sjisMzC(path, bytes);
     if (simpleTitle)
         Say(MoziCodeMsg.ReadingSimple, {Utf8Arg{path}});
     else

@@ -15,12 +15,13 @@ std::string SystemPath(const std::string& path);
 std::optional<std::string> CurrentDirectory();
 // True if the path names a file that opens for reading. Folders, pipes and devices are no files.
 bool IsFileThere(const std::string& path);
-// All bytes of a file; nothing for what is no file, an empty path, a file that cannot be read to its end or one of more
-// than a gigabyte.
+// How reading a file ended: NoFile is no file, an empty path or one that cannot be read to its end; TooLarge does not
+// fit in memory; Endless gives more than twice what its state says, and 64 MB more.
+enum class ReadResult { Read, NoFile, TooLarge, Endless };
+// Reads all bytes of a file; none unless they could all be read.
+ReadResult ReadFile(const std::string& path, std::string& bytes);
 std::optional<std::string> ReadFile(const std::string& path);
-// The first bytes of a file, fewer if it is shorter; nothing if it does not open.
-std::optional<std::string> ReadFileHead(const std::string& path, std::size_t most);
-// Writes the file anew; the system's message on failure, else nothing.
+// Writes the file anew; the system's message on failure, else nothing. What is there and is no file is not opened.
 std::optional<std::string> WriteFile(const std::string& path, std::string_view bytes);
 // The system's message for the last failure of CurrentDirectory.
 std::string LastSystemMessage();

@@ -9,17 +9,16 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <memory>
-#include <optional>
 #include <string_view>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <vector>
 
 namespace tolvane::platform {
 
 namespace {
 
-constexpr std::size_t ValueLimit = 255;
+constexpr int ValueLimit = 255; // characters
 constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view Blanks = " \t\r\n";
 
@@ -70,16 +69,43 @@ std::optional<std::size_t> FindEqual(std::string_view line, std::string_view key
     return equal;
 }
 
-// The value as it is read: without blanks round it and without one pair of quotation marks.
+// The beginning of a value as far as it is kept. A character of UTF-8 is one, and so is a doubled backslash, which is
+// one separator of a path.
+std::string_view CutValue(std::string_view value) {
+    const auto isTail = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
+    std::size_t end = 0;
+    for (int character = 0; character < ValueLimit && end < value.size(); ++character) {
+        const std::size_t begin = end++;
+        if (value.substr(begin, 2) == "\\\\") ++end;
+        while (end < value.size() && end < begin + 4 && isTail(value[end]))
+            ++end;
+    }
+    return value.substr(0, end);
+}
+
+// The value as it is read: without blanks round it and without one pair of quotation marks. Marks that have others of
+// their kind between them are no pair, unless they stand doubled at both ends.
 std::string ValueOf(std::string_view text) {
     std::string_view value = Trim(text);
-    for (char mark : {'"', '\''}) {
-        const bool paired = value.size() >= 2 && value.front() == mark && value.back() == mark;
-        if (!paired || value.find(mark, 1) != value.size() - 1) continue;
+    for (const char mark : {'"', '\''}) {
+        const std::string doubled(2, mark);
+        if (value.size() < 2 || value.front() != mark || value.back() != mark) continue;
+        const bool twice = value.size() >= 4 && value.starts_with(doubled) && value.ends_with(doubled);
+        if (!twice && value.find(mark, 1) != value.size() - 1) continue;
         value = value.substr(1, value.size() - 2);
         break;
     }
-    return std::string(value.substr(0, ValueLimit));
+    return std::string(CutValue(value));
+}
+
+// The value as it is written, so that reading gives it back; as it stands where no marks can do that.
+std::string WrittenValue(const std::string& value) {
+    const std::string text = value.substr(0, value.find_first_of("\r\n")); // a value is one line
+    for (const char* mark : {"", "'", "\""}) {
+        const std::string written = mark + text + mark;
+        if (ValueOf(written) == CutValue(text)) return written;
+    }
+    return text;
 }
 
 // Where a key stands in the lines, and where one of its section can be added.
@@ -105,14 +131,6 @@ Finding FindKey(const std::vector<std::string>& lines, const std::string& sectio
     return found;
 }
 
-std::optional<std::string> FindValue(const std::string& section, const std::string& key, const std::string& path) {
-    const std::vector<std::string> lines = LinesOf(ReadFile(path).value_or(""));
-    const Finding found = FindKey(lines, section, key);
-    if (!found.keyLine) return std::nullopt;
-    const std::string_view line = LineText(lines, *found.keyLine);
-    return ValueOf(line.substr(*FindEqual(line, key) + 1));
-}
-
 std::string_view LineEndOf(std::string_view line) {
     if (line.ends_with("\r\n")) return "\r\n";
     return line.ends_with('\n') ? "\n" : "";
@@ -127,17 +145,53 @@ void InsertLines(std::vector<std::string>& lines, std::size_t at, const std::vec
         lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at++), line + lineEnd);
 }
 
-// Writes the whole file beside the old one and puts it in its place, so that a full disk never costs the old file.
-bool WriteBeside(const std::string& name, std::string_view bytes, mode_t mode) {
-    const std::string beside = name + "." + std::to_string(getpid()) + ".tmp";
-    Descriptor file(open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+std::string BesideName(const std::string& name) {
+    return name + ".unfinished.tmp";
+}
+
+// Whether the open file still is the one of that name.
+bool IsNamed(const Descriptor& file, const std::string& name) {
+    struct stat opened {};
+    struct stat named {};
+    return fstat(file.Get(), &opened) == 0 && lstat(name.c_str(), &named) == 0 && opened.st_ino == named.st_ino &&
+           opened.st_dev == named.st_dev;
+}
+
+// Who writes the file beside the settings holds its lock; one that nobody holds was left by a program that was killed.
+bool Lock(const Descriptor& file) {
+    return flock(file.Get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+void RemoveLeftover(const std::string& beside) {
+    const Descriptor file(open(beside.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (file.Get() >= 0 && Lock(file) && IsNamed(file, beside)) unlink(beside.c_str());
+}
+
+// Makes the file beside the settings, with its lock. Another program that ends in the same folder is waited for.
+Descriptor MakeBeside(const std::string& beside, mode_t mode) {
+    constexpr int tries = 200;
+    constexpr useconds_t pause = 5000;
+    for (int i = 0; i < tries; ++i) {
+        if (i > 0) usleep(pause);
+        Descriptor file(open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+        if (file.Get() >= 0 && Lock(file) && IsNamed(file, beside)) return file;
+        if (file.Get() < 0 && errno != EEXIST) break;
+        RemoveLeftover(beside);
+    }
+    return Descriptor(-1);
+}
+
+// Writes the whole file beside the old one and puts it in its place, so that neither a full disk nor the end of this
+// program costs the old file. False if none can be made there.
+bool WriteBeside(const std::string& name, std::string_view bytes, const struct stat* replaced) {
+    const std::string beside = BesideName(name);
+    const Descriptor file = MakeBeside(beside, replaced != nullptr ? 0600 : 0666);
     if (file.Get() < 0) return false;
-    bool good = mode == 0 || fchmod(file.Get(), mode) == 0;
-    good = WriteBytes(file.Get(), bytes) && good;
-    good = file.Close() && good;
+    bool good = replaced == nullptr || fchmod(file.Get(), replaced->st_mode & 07777) == 0;
+    good = good && WriteBytes(file.Get(), bytes) && fsync(file.Get()) == 0;
     good = good && rename(beside.c_str(), name.c_str()) == 0;
     if (!good) unlink(beside.c_str());
-    return good;
+    return true;
 }
 
 // Writes over the old bytes; if that fails, puts them back, for which the disk still has the room.
@@ -159,18 +213,6 @@ std::string ResolvedName(const std::string& name) {
     return real ? real.get() : name;
 }
 
-void WriteIni(const std::string& path, std::string_view bytes, std::string_view old) {
-    const std::string name = ResolvedName(SystemPath(path));
-    struct stat status {};
-    const bool isThere = lstat(name.c_str(), &status) == 0;
-    if (isThere && access(name.c_str(), W_OK) != 0 && !S_ISLNK(status.st_mode)) return;
-    // A link to nothing, a second name and a file of somebody else would be lost by a file put in their place.
-    const bool isOurs = S_ISREG(status.st_mode) && status.st_nlink == 1 && status.st_uid == geteuid();
-    const mode_t mode = isThere ? status.st_mode & 07777 : 0;
-    if ((!isThere || isOurs) && WriteBeside(name, bytes, mode)) return;
-    WriteOver(name, bytes, old);
-}
-
 // The bytes of the file, empty for one that is not there; nothing for one that is there and cannot be read.
 std::optional<std::string> OldBytes(const std::string& path) {
     if (auto bytes = ReadFile(path)) return bytes;
@@ -181,13 +223,24 @@ std::optional<std::string> OldBytes(const std::string& path) {
 
 } // namespace
 
-std::string GetIniStr(const std::string& section, const std::string& key, const std::string& def,
-                      const std::string& path) {
-    return FindValue(section, key, path).value_or(def);
+IniFile::IniFile(const std::string& path) : name(ResolvedName(SystemPath(path))), old(OldBytes(path)) {
+    RemoveLeftover(BesideName(name));
+    if (old) lines = LinesOf(*old);
 }
 
-int GetIniInt(const std::string& section, const std::string& key, int def, const std::string& path) {
-    const auto value = FindValue(section, key, path);
+std::optional<std::string> IniFile::FindValue(const std::string& section, const std::string& key) const {
+    const Finding found = FindKey(lines, section, key);
+    if (!found.keyLine) return std::nullopt;
+    const std::string_view line = LineText(lines, *found.keyLine);
+    return ValueOf(line.substr(*FindEqual(line, key) + 1));
+}
+
+std::string IniFile::GetStr(const std::string& section, const std::string& key, const std::string& def) const {
+    return FindValue(section, key).value_or(def);
+}
+
+int IniFile::GetInt(const std::string& section, const std::string& key, int def) const {
+    const auto value = FindValue(section, key);
     if (!value) return def;
     const bool isNegative = value->starts_with('-');
     long long number = 0;
@@ -199,12 +252,9 @@ int GetIniInt(const std::string& section, const std::string& key, int def, const
     return static_cast<int>(isNegative ? -number : number);
 }
 
-void PutIniStr(const std::string& section, const std::string& key, const std::string& value, const std::string& path) {
-    const auto old = OldBytes(path);
-    if (!old) return;
-    std::vector<std::string> lines = LinesOf(*old);
+void IniFile::PutStr(const std::string& section, const std::string& key, const std::string& value) {
     const Finding found = FindKey(lines, section, key);
-    const std::string entry = key + "=" + value.substr(0, value.find_first_of("\r\n")); // a value is one line
+    const std::string entry = key + "=" + WrittenValue(value);
     if (found.keyLine) {
         std::string& line = lines[*found.keyLine];
         line = entry + std::string(LineEndOf(line));
@@ -213,14 +263,24 @@ void PutIniStr(const std::string& section, const std::string& key, const std::st
     } else {
         InsertLines(lines, lines.size(), {"[" + section + "]", entry});
     }
+}
+
+void IniFile::PutInt(const std::string& section, const std::string& key, int value) {
+    PutStr(section, key, std::to_string(value));
+}
+
+void IniFile::Write() const {
     std::string bytes;
     for (const std::string& line : lines)
         bytes += line;
-    if (bytes != *old) WriteIni(path, bytes, *old);
-}
-
-void PutIniInt(const std::string& section, const std::string& key, int value, const std::string& path) {
-    PutIniStr(section, key, std::to_string(value), path);
+    if (!old || bytes == *old) return;
+    struct stat status {};
+    const bool isThere = lstat(name.c_str(), &status) == 0;
+    if (isThere && access(name.c_str(), W_OK) != 0 && !S_ISLNK(status.st_mode)) return;
+    // A link to nothing, a second name and a file of somebody else would be lost by a file put in their place.
+    const bool isOurs = S_ISREG(status.st_mode) && status.st_nlink == 1 && status.st_uid == geteuid();
+    if (isThere && !isOurs) return WriteOver(name, bytes, *old);
+    if (!WriteBeside(name, bytes, isThere ? &status : nullptr)) WriteOver(name, bytes, *old);
 }
 
 } // namespace tolvane::platform

@@ -2,10 +2,12 @@
 
 #include "platform/IniFile.h"
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace tolvane::platform {
@@ -14,7 +16,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class IniFile : public testing::Test {
+std::string GetIniStr(const std::string& section, const std::string& key, const std::string& def,
+                      const std::string& path) {
+    return IniFile(path).GetStr(section, key, def);
+}
+
+void PutIniStr(const std::string& section, const std::string& key, const std::string& value, const std::string& path) {
+    IniFile ini(path);
+    ini.PutStr(section, key, value);
+    ini.Write();
+}
+
+class Settings : public testing::Test {
 protected:
     const fs::path folder = fs::temp_directory_path() / ("tolvane-ini-" + std::to_string(getpid()));
     const std::string path = (folder / "tolvane_Win.ini").string();
@@ -37,7 +50,7 @@ protected:
     }
 };
 
-TEST_F(IniFile, ReadsAValue) {
+TEST_F(Settings, ReadsAValue) {
     const std::pair<const char*, const char*> cases[] = {
         {"[Mode]\nLang=JPN\n", "JPN"},
         {"[mode]\r\n  lANG \t=  JPN \r\n", "JPN"},
@@ -63,7 +76,7 @@ TEST_F(IniFile, ReadsAValue) {
     EXPECT_EQ(GetIniStr("Mode", "Lang", "default", folder.string()), "default");
 }
 
-TEST_F(IniFile, ReadsANumber) {
+TEST_F(Settings, ReadsANumber) {
     const std::pair<const char*, int> cases[] = {
         {"-3x", -3},
         {"+2", 2},
@@ -75,19 +88,21 @@ TEST_F(IniFile, ReadsANumber) {
     };
     for (const auto& [value, number] : cases) {
         Make(std::string("[Mode]\nLang=") + value + "\n");
-        EXPECT_EQ(GetIniInt("Mode", "Lang", 9, path), number) << value;
+        EXPECT_EQ(IniFile(path).GetInt("Mode", "Lang", 9), number) << value;
     }
-    EXPECT_EQ(GetIniInt("Mode", "Other", 9, path), 9);
+    EXPECT_EQ(IniFile(path).GetInt("Mode", "Other", 9), 9);
 }
 
-TEST_F(IniFile, ANewFileHoldsSectionsInOrderOfTheFirstWrite) {
-    PutIniStr("Mode", "Lang", "ENU", path);
-    PutIniStr("Assembler", "File", "a b", path);
-    PutIniInt("mode", "Index", -1, path);
+TEST_F(Settings, ANewFileHoldsSectionsInOrderOfTheFirstWrite) {
+    IniFile ini(path);
+    ini.PutStr("Mode", "Lang", "ENU");
+    ini.PutStr("Assembler", "File", "a b");
+    ini.PutInt("mode", "Index", -1);
+    ini.Write();
     EXPECT_EQ(Bytes(), "[Mode]\nLang=ENU\nIndex=-1\n[Assembler]\nFile=a b\n");
 }
 
-TEST_F(IniFile, AWriteLeavesEverythingElse) {
+TEST_F(Settings, AWriteLeavesEverythingElse) {
     EXPECT_EQ(After("; head\n\n[Mode]\n lang =  JPN \nX=\x93\xFA\n\n\n[E]\nLang=1", "ENU"),
               "; head\n\n[Mode]\nLang=ENU\nX=\x93\xFA\n\n\n[E]\nLang=1");
     EXPECT_EQ(After("[Mode]\r\nX=1\r\n\r\n[E]\r\n", "ENU"), "[Mode]\r\nX=1\r\nLang=ENU\r\n\r\n[E]\r\n");
@@ -101,7 +116,7 @@ TEST_F(IniFile, AWriteLeavesEverythingElse) {
     EXPECT_EQ(After("[Mode]\nLang=1\n", "a\nb=c"), "[Mode]\nLang=a\n");
 }
 
-TEST_F(IniFile, KeepsLinksRightsAndUnreadableThings) {
+TEST_F(Settings, KeepsLinksRightsAndUnreadableThings) {
     const fs::path target = folder / "target.ini";
     std::ofstream(target) << "[Mode]\nLang=JPN\n";
     fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
@@ -128,6 +143,45 @@ TEST_F(IniFile, KeepsLinksRightsAndUnreadableThings) {
     PutIniStr("Mode", "Lang", "E", folder.string());
     PutIniStr("Mode", "Lang", "E", (folder / "no" / "such.ini").string());
     EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 3); // no file left over
+}
+
+TEST_F(Settings, EveryValueSurvivesARestart) {
+    std::string wide;
+    while (wide.size() < 255 * 3)
+        wide += "日";
+    const std::string separator = "a\\\\" + wide.substr(6);
+    for (const char* value :
+         {wide.c_str(), separator.c_str(), "\"my file\"", "\"it's\"", "'a \"b\"'", "\"\"", "'", " x "}) {
+        PutIniStr("Mode", "Lang", value, path);
+        EXPECT_EQ(Lang(), value) << Bytes();
+    }
+}
+
+// A program is killed at some moment of writing, again and again.
+TEST_F(Settings, TheFileIsOldOrNewAndWhole) {
+    const auto save = [this](const std::string& value) {
+        IniFile ini(path);
+        for (const char* key : {"A", "B", "C"})
+            ini.PutStr("Mode", key, value);
+        ini.Write();
+        return Bytes();
+    };
+    const std::string newer = save(std::string(200, 'x'));
+    const std::string older = save("short");
+    for (useconds_t moment = 0; moment < 3000; moment += 50) {
+        const pid_t child = fork();
+        while (child == 0) {
+            save(std::string(200, 'x'));
+            save("short");
+        }
+        usleep(moment);
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        EXPECT_TRUE(Bytes() == older || Bytes() == newer) << Bytes();
+    }
+    std::ofstream(path + ".unfinished.tmp") << "half";
+    IniFile{path};
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1) << "left over";
 }
 
 } // namespace

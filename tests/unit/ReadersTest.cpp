@@ -139,8 +139,7 @@ TEST_F(Readers, TheCodeOfAFile) {
         {"\xFE\xFF\0A"s, "1201 utf-16 be(FE FF)"},
     };
     const auto code = [this](const std::string& bytes, bool simpleTitle) {
-        Make(path, bytes);
-        moziCode->DetMoziCode(path, simpleTitle);
+        moziCode->DetMoziCode(path, &bytes, simpleTitle);
         return std::to_string(moziCode->CodePage) + " " + moziCode->CodeName;
     };
     for (const auto& [bytes, found] : cases)
