@@ -177,8 +177,8 @@ void ShowFaults() {
         out << "\tRET\n\tEND\n";
     });
     const Usage faults = Assemble("faults.txt", 5);
-    std::printf("%-52s %7.2f M messages/s\n", "50,000 faulty lines, their messages printed",
-                FaultyLines / faults.processor * 1e-6);
+    std::printf("%-52s %7.2f M messages/s\n", "50,000 faulty lines, two messages each, printed",
+                2 * FaultyLines / faults.processor * 1e-6);
 }
 
 void ShowCycle() {

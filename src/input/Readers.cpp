@@ -203,8 +203,8 @@ int ReadSource(const std::string& path) {
         // The message needs memory, too.
         bytes = std::string();
         b->Reset();
-        b->vecSrcA = std::vector<SrcDataA>();
-        b->vecSrcW = std::vector<SrcDataW>();
+        b->vecSrcA = SrcLines<char>();
+        b->vecSrcW = SrcLines<char16_t>();
         return Refuse(InputMsg.TooLargeFile, path);
     }
 }

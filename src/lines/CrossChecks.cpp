@@ -6,16 +6,12 @@
 namespace tolvane {
 
 // One walk finds what comparing all pairs would: the first line whose label comes again, and where it first does.
-template <class Ch> int CkLabelDouble(int prg, int first, int last) {
+template <class Ch> int CkLabelDouble(int prg, const std::vector<int>& labelled) {
     LabelIndex<Ch>& index = PrgAt<Ch>(prg).LabelLine;
-    std::size_t labels = 0;
-    for (int line = first; line <= last; ++line)
-        labels += LineAt<Ch>(line).strLabel.empty() ? 0 : 1;
-    index.Prepare(b->Src<Ch>(), labels);
+    index.Prepare(b->Src<Ch>(), labelled.size());
     int firstLine = -1;
     int againLine = -1;
-    for (int line = first; line <= last; ++line) {
-        if (LineAt<Ch>(line).strLabel.empty()) continue;
+    for (const int line : labelled) {
         const int entered = index.Enter(line);
         if (entered == line || (firstLine >= 0 && entered >= firstLine)) continue;
         firstLine = entered;

@@ -5,8 +5,9 @@
 
 namespace tolvane {
 
-// The first pair of equal labels of a program. 0, or -1 with an Error. Fills the program's index of labels.
-template <class Ch> int CkLabelDouble(int prg, int first, int last);
+// The first pair of equal labels of a program, whose lines with a label are given. 0, or -1 with an Error. Fills the
+// program's index of labels.
+template <class Ch> int CkLabelDouble(int prg, const std::vector<int>& labelled);
 // The first pair of equal program names. 0, or a negative value with an Error.
 template <class Ch> int CkPrgNameDouble();
 // A Note for every label that is not referred to. 0.

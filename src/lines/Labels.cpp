@@ -100,17 +100,20 @@ template <class Ch> int CkPrgName(int prg) {
 // One sweep for each rule. Each runs to its end whatever the others found; the one for the characters stops at its
 // first find.
 template <class Ch> int Label35G(int prg, int first, int last) {
-    for (int line = first; line <= last; ++line)
+    std::vector<int> labelled;
+    for (int line = first; line <= last; ++line) {
         TakeOutLabel<Ch>(line);
-    for (int line = first; line <= last; ++line)
+        if (!LineAt<Ch>(line).strLabel.empty()) labelled.push_back(line);
+    }
+    for (const int line : labelled)
         CkLabelFirstLetter<Ch>(line);
-    for (int line = first; line <= last && CkLabelMozi<Ch>(line);)
-        ++line;
-    for (int line = first; line <= last; ++line)
+    for (const int line : labelled)
+        if (!CkLabelMozi<Ch>(line)) break;
+    for (const int line : labelled)
         CkLabelLength<Ch>(line);
-    for (int line = first; line <= last; ++line)
+    for (const int line : labelled)
         CkLabelReserved<Ch>(line);
-    CkLabelDouble<Ch>(prg, first, last);
+    CkLabelDouble<Ch>(prg, labelled);
     return 0;
 }
 

@@ -8,20 +8,31 @@
 
 namespace tolvane {
 
-std::vector<std::string> MsgRec::Lines() const {
-    constexpr std::size_t most = 9;
-    std::vector<std::string> lines;
-    std::string_view text = row->For(modeFlags->Lang, modeFlags->Pipe->wording);
-    while (!text.empty() && lines.size() < most) {
+namespace {
+
+// Gives the console lines of a record to `take`, one after the other in the same text.
+template <class Take> void ForEachLineOf(const MsgRec& record, Take take) {
+    constexpr int most = 9;
+    std::string line;
+    int taken = 0;
+    std::string_view text = record.row->For(modeFlags->Lang, modeFlags->Pipe->wording);
+    while (!text.empty() && taken < most) {
         const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string line;
-        ComposeText(line, text.substr(0, end), severity, place, args, console::IsTerminal());
+        line.clear();
+        ComposeText(line, text.substr(0, end), record.severity, record.place, record.args, console::IsTerminal());
         text.remove_prefix(std::min(end + 1, text.size()));
-        if (!line.empty())
-            lines.push_back(std::move(line));
-        else if (!lines.empty())
-            break;
+        if (line.empty() && taken > 0) return;
+        if (line.empty()) continue;
+        take(line);
+        ++taken;
     }
+}
+
+} // namespace
+
+std::vector<std::string> MsgRec::Lines() const {
+    std::vector<std::string> lines;
+    ForEachLineOf(*this, [&lines](const std::string& line) { lines.push_back(line); });
     return lines;
 }
 
@@ -42,13 +53,15 @@ void TMsgStore::ClearMsgStore() {
 }
 
 void TMsgStore::DspMsgStore() const {
+    std::string text;
     for (const MsgRec& record : Records) {
         if (!record.queued) continue;
-        for (const std::string& line : record.Lines()) {
-            console::Write(IsAscii(ViewA(line)) ? line : Utf8(WideUtf8Lossy(line)));
-            console::Write("\n");
-        }
-        console::Write("\n");
+        text.clear();
+        ForEachLineOf(record, [&text](const std::string& line) {
+            text += IsAscii(ViewA(line)) ? line : Utf8(WideUtf8Lossy(line));
+            text += '\n';
+        });
+        console::Write(text += '\n');
     }
 }
 

@@ -12,7 +12,7 @@ namespace tolvane {
 template <class Ch> class LabelIndex {
 public:
     // Forgets all labels and makes room for as many; `records` are the lines that they stand in.
-    void Prepare(const std::vector<SrcData<Ch>>& records, std::size_t labels) {
+    void Prepare(const SrcLines<Ch>& records, std::size_t labels) {
         std::size_t size = 16;
         while (size < 2 * labels)
             size *= 2;
@@ -32,7 +32,7 @@ public:
 private:
     static constexpr std::int32_t Free = -1;
 
-    const std::vector<SrcData<Ch>>* lines = nullptr;
+    const SrcLines<Ch>* lines = nullptr;
     std::vector<std::int32_t> slots; // a power of two, at least half of them free
 
     View<Ch> LabelOf(std::int32_t line) const { return (*lines)[static_cast<std::size_t>(line)].strLabel; }

@@ -5,10 +5,12 @@
 // The texts are views: of the line as it was read, or of what a pass has made of it. TBasicData owns all of them, keeps
 // them until its records go, and hands out none that outlives them.
 
+#include "platform/LargePages.h"
 #include "records/Opcode.h"
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 namespace tolvane {
 
@@ -60,6 +62,9 @@ template <class Ch> struct SrcData {
     View<Ch>& Oprnd(int n) { return chOprnd[static_cast<std::size_t>(n - 1)]; }
     View<Ch> Oprnd(int n) const { return chOprnd[static_cast<std::size_t>(n - 1)]; }
 };
+// All lines of a file.
+template <class Ch> using SrcLines = std::vector<SrcData<Ch>, platform::LargePages<SrcData<Ch>>>;
+
 using SrcDataW = SrcData<char16_t>;
 using SrcDataA = SrcData<char>;
 

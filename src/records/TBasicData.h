@@ -28,8 +28,8 @@ template <class Ch> struct TApart {
 
 class TBasicData : public TMsgBase {
 public:
-    std::vector<SrcDataA> vecSrcA;
-    std::vector<SrcDataW> vecSrcW;
+    SrcLines<char> vecSrcA;
+    SrcLines<char16_t> vecSrcW;
     std::vector<PrgDataA> vecPrgA;
     std::vector<PrgDataW> vecPrgW;
     TApart<char> apartA;
@@ -41,7 +41,7 @@ public:
     std::vector<int> EndLines;
 
     // The records of the pipeline's kind of text; the index of a line record is its zero-based line number.
-    template <class Ch> std::vector<SrcData<Ch>>& Src();
+    template <class Ch> SrcLines<Ch>& Src();
     template <class Ch> std::vector<PrgData<Ch>>& Prg();
 
     template <class Ch> TApart<Ch>& Apart();
@@ -84,10 +84,10 @@ private:
     std::int32_t prgKazuInFile = 0;
 };
 
-template <> inline std::vector<SrcDataW>& TBasicData::Src<char16_t>() {
+template <> inline SrcLines<char16_t>& TBasicData::Src<char16_t>() {
     return vecSrcW;
 }
-template <> inline std::vector<SrcDataA>& TBasicData::Src<char>() {
+template <> inline SrcLines<char>& TBasicData::Src<char>() {
     return vecSrcA;
 }
 template <> inline std::vector<PrgDataW>& TBasicData::Prg<char16_t>() {

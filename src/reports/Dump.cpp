@@ -159,7 +159,7 @@ private:
     Output& sink;
     std::string& out;
     const Dump form;
-    const std::vector<SrcData<Ch>>& lines;
+    const SrcLines<Ch>& lines;
     const int reserved;
     const int rows;
     std::vector<Label> labels; // by address
