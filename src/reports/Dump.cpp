@@ -100,6 +100,7 @@ void Left(std::string& out, std::string_view text, std::size_t length, std::size
 }
 
 constexpr std::string_view HexDigits = "0123456789ABCDEF";
+constexpr std::string_view BinaryDigits = "0000000100100011010001010110011110001001101010111100110111101111";
 
 // Writes the decimal digits of a number so that they end in front of `end`. The first of them.
 char* PutDecimal(char* end, unsigned n) {
@@ -109,9 +110,14 @@ char* PutDecimal(char* end, unsigned n) {
     return end;
 }
 
-void Hex4(std::string& out, int word) {
-    for (int shift = 12; shift >= 0; shift -= 4)
-        out += HexDigits[static_cast<std::size_t>((word >> shift) & 0xF)];
+// "#0000:    0:", or without the decimal form.
+void DspAddress(std::string& out, int address, bool withDecimal) {
+    std::array<char, 12> row = {'#', '0', '0', '0', '0', ':', ' ', ' ', ' ', ' ', ' ', ':'};
+    const auto a = static_cast<unsigned>(address);
+    for (unsigned i = 0; i < 4; ++i)
+        row[1 + i] = HexDigits[a >> (12 - 4 * i) & 0xF];
+    if (withDecimal) PutDecimal(row.data() + 11, a);
+    out.append(row.data(), withDecimal ? 12 : 6);
 }
 
 // The picture of one word: character, hexadecimal, unsigned, signed, binary. All have one width, so that a row is a
@@ -129,8 +135,7 @@ void DspWordCell(std::string& out, int cell) {
     for (unsigned i = 0; i < 4; ++i) {
         const unsigned nibble = w >> (12 - 4 * i) & 0xF;
         row[Hex + i] = HexDigits[nibble];
-        for (unsigned bit = 0; bit < 4; ++bit)
-            row[Binary + 5 * i + bit] = static_cast<char>('0' + (nibble >> (3 - bit) & 1));
+        std::copy_n(&BinaryDigits[4 * nibble], 4, &row[Binary + 5 * i]);
     }
     PutDecimal(row.data() + UnsignedEnd, w);
     const bool negative = w > 0x7FFF;
@@ -253,18 +258,13 @@ template <class Ch> void Dumper<Ch>::MemoryRows() {
 }
 
 template <class Ch> void Dumper<Ch>::AddressColumns(int address, const Label& label) const {
-    out += '#';
-    Hex4(out, address);
-    out += ':';
-    if (form == Dump::DspRegMry70) {
-        Right(out, address, 5);
-        out += ':';
+    const bool is70 = form == Dump::DspRegMry70;
+    DspAddress(out, address, is70 || label.length == 0);
+    if (is70) {
         Right(out, label, maxLabelLen + 1);
     } else if (label.length > 0) {
         Right(out, label, maxLabelLen < LongLabel68 ? 11 : maxLabelLen + 1);
     } else {
-        Right(out, address, 5);
-        out += ':';
         Pad(out, maxLabelLen < LongLabel68 ? 6 : maxLabelLen - 4, 0);
     }
     out += ':';
