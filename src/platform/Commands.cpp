@@ -2,6 +2,7 @@
 
 #include "platform/Console.h"
 #include "platform/Files.h"
+#include "platform/Signals.h"
 
 #include <cerrno>
 #include <csignal>
@@ -57,7 +58,7 @@ void RunShell(std::string script, std::vector<std::string> parameters) {
     pid_t child = 0;
     if (posix_spawn(&child, "/bin/sh", nullptr, &attributes, arguments.data(), environ) == 0)
         while (waitpid(child, nullptr, 0) < 0 && errno == EINTR)
-            continue;
+            signals::EndIfAsked();
 
     posix_spawnattr_destroy(&attributes);
     std::signal(SIGINT, interrupt);

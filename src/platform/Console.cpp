@@ -65,13 +65,6 @@ bool WaitFor(int file, short event, int milliseconds) {
     return poll(&waiting, 1, milliseconds) > 0;
 }
 
-void (*outputLost)(const char* why) = nullptr;
-bool outputIsClosed = false; // since the program's start
-
-void LoseOutput(int error) {
-    if (outputLost != nullptr) outputLost(std::strerror(error));
-}
-
 // The last bytes of a program that a signal ends: as many of them as the reader takes without making it wait.
 void WriteLast(std::string_view bytes) {
     constexpr std::size_t alwaysFits = 512; // into a pipe that takes anything
@@ -85,21 +78,6 @@ void WriteLast(std::string_view bytes) {
     }
 }
 
-// Writes all bytes. Where that is not possible, the program is told.
-void WriteOut(std::string_view bytes) {
-    if (outputIsClosed && !bytes.empty()) return LoseOutput(EBADF);
-    while (!bytes.empty()) {
-        if (signals::EndAsked()) return WriteLast(bytes);
-        const ssize_t written = write(STDOUT_FILENO, bytes.data(), bytes.size());
-        if (written > 0)
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        else if (written < 0 && errno == EAGAIN)
-            WaitFor(STDOUT_FILENO, POLLOUT, -1);
-        else if (written == 0 || errno != EINTR)
-            return LoseOutput(errno);
-    }
-}
-
 class Output {
 public:
     Output() { std::signal(SIGPIPE, SIG_IGN); }
@@ -107,7 +85,9 @@ public:
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 
-    std::string* instead = nullptr; // where the text goes that the console does not show
+    std::string* instead = nullptr;          // where the text goes that the console does not show
+    void (*lost)(const char* why) = nullptr; // what is told when it cannot be shown
+    bool isClosed = false;                   // since the program's start
 
     void Append(std::string_view bytes) {
         pending += bytes;
@@ -122,6 +102,24 @@ public:
 
 private:
     std::string pending;
+
+    void Lose(int error) const {
+        if (lost != nullptr) lost(std::strerror(error));
+    }
+    // Writes all bytes. Where that is not possible, the program is told.
+    void WriteOut(std::string_view bytes) const {
+        if (isClosed && !bytes.empty()) return Lose(EBADF);
+        while (!bytes.empty()) {
+            if (signals::EndAsked()) return WriteLast(bytes);
+            const ssize_t written = write(STDOUT_FILENO, bytes.data(), bytes.size());
+            if (written > 0)
+                bytes.remove_prefix(static_cast<std::size_t>(written));
+            else if (written < 0 && errno == EAGAIN)
+                WaitFor(STDOUT_FILENO, POLLOUT, -1);
+            else if (written == 0 || errno != EINTR)
+                return Lose(errno);
+        }
+    }
 };
 
 Output& TheOutput() {
@@ -246,9 +244,9 @@ std::string Encoded(std::string_view utf8) {
 } // namespace
 
 void Start(void (*lost)(const char* why)) {
-    outputLost = lost;
+    TheOutput().lost = lost;
     // A file that is opened later must not get the number of a closed standard file.
-    outputIsClosed = fcntl(STDOUT_FILENO, F_GETFD) < 0;
+    TheOutput().isClosed = fcntl(STDOUT_FILENO, F_GETFD) < 0;
     int file = STDIN_FILENO;
     while (0 <= file && file <= STDERR_FILENO)
         file = open("/dev/null", O_RDWR);
