@@ -149,7 +149,7 @@ public:
     Dumper(const Tcomet2& m, Output& output)
         : machine(m), sink(output), out(output.text), form(modeFlags->Pipe->dump), lines(b->Src<Ch>()),
           reserved(b->GetReservedWords()), rows(std::clamp(reserved + RowsBehindImage, 0, AddressCount)),
-          labels(static_cast<std::size_t>(rows)) {
+          labelOf(static_cast<std::size_t>(rows), 0), labels(1) {
         CollectLabels();
         runColWidth = std::to_string(machine.MaxRunCount).size() + 1;
     }
@@ -167,11 +167,15 @@ private:
     const SrcLines<Ch>& lines;
     const int reserved;
     const int rows;
-    std::vector<Label> labels; // by address
+    std::vector<std::int32_t> labelOf; // the index of its label, by address
+    std::vector<Label> labels;         // the first one stands for no label
     std::size_t maxLabelLen = 0;
     std::size_t runColWidth = 2;
     int shownLine = -1; // the line of the last row that showed text
 
+    const Label& LabelAt(int address) const {
+        return labels[static_cast<std::size_t>(labelOf[static_cast<std::size_t>(address)])];
+    }
     void CollectLabels();
     void AddLabel(int address, View<Ch> name);
     void AddressColumns(int address, const Label& label) const;
@@ -181,7 +185,12 @@ private:
 // Every address gets the labels of its lines, in line order, joined by one blank.
 template <class Ch> void Dumper<Ch>::AddLabel(int address, View<Ch> name) {
     if (name.empty() || address < 0 || address >= rows) return;
-    Label& label = labels[static_cast<std::size_t>(address)];
+    std::int32_t& index = labelOf[static_cast<std::size_t>(address)];
+    if (index == 0) {
+        index = static_cast<std::int32_t>(labels.size());
+        labels.emplace_back();
+    }
+    Label& label = labels[static_cast<std::size_t>(index)];
     if (label.length > 0) {
         label.bytes += ' ';
         ++label.length;
@@ -200,7 +209,7 @@ template <class Ch> void Dumper<Ch>::CollectLabels() {
     }
     maxLabelLen = form == Dump::DspRegMry70 ? 5 : 8;
     for (int a = 0; a < std::min(reserved, rows); ++a)
-        maxLabelLen = std::max(maxLabelLen, labels[static_cast<std::size_t>(a)].length);
+        maxLabelLen = std::max(maxLabelLen, LabelAt(a).length);
 }
 
 template <class Ch> void Dumper<Ch>::Registers() const {
@@ -245,7 +254,7 @@ template <class Ch> void Dumper<Ch>::MemoryRows() {
     const int lastEnd = programs.empty() ? -1 : programs.back().AbAdrAtEnd;
     for (int a = 0; a < rows; ++a) {
         const auto i = static_cast<std::size_t>(a);
-        AddressColumns(a, labels[i]);
+        AddressColumns(a, LabelAt(a));
         DspWordCell(out, machine.Memory[i]);
         if (modeFlags->Pipe->dumpsRunCount) {
             Right(out, machine.RunCount[i], runColWidth);
