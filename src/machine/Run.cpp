@@ -33,12 +33,14 @@
 #include "timing/TTimeVcl.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 
 namespace tolvane {
 
 namespace {
 
+constexpr std::size_t CountedCells = 65000; // whose counts a run begins anew
 constexpr int StoreRefused = 999;
 constexpr int ReturnRefused = 99;
 
@@ -137,7 +139,7 @@ void Tcomet2::BeginRun() {
     MaxRunCount = 0;
     StoreWarned = false;
     InputEnds = 0;
-    if (modeFlags->Pipe->clearsRunCount) std::fill(RunCount.begin(), RunCount.begin() + 65000, 0);
+    if (modeFlags->Pipe->clearsRunCount) std::memset(RunCount.data(), 0, CountedCells * sizeof RunCount[0]);
 }
 
 Stop Tcomet2::Run3() {

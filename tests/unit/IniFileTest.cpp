@@ -168,7 +168,7 @@ TEST_F(Settings, TheFileIsOldOrNewAndWhole) {
     };
     const std::string newer = save(std::string(200, 'x'));
     const std::string older = save("short");
-    for (useconds_t moment = 0; moment < 3000; moment += 50) {
+    for (useconds_t moment = 0; moment < 3000; moment += 200) {
         const pid_t child = fork();
         while (child == 0) {
             save(std::string(200, 'x'));
