@@ -164,7 +164,7 @@ void AppendCode(std::string& out, unsigned code) {
 template <class To, class From>
 std::size_t AppendAscii(std::basic_string<To>& out, std::basic_string_view<From> text, std::size_t i) {
     const std::basic_string_view<From> rest = text.substr(i);
-    const std::size_t length = IsAscii(rest) ? rest.size() : AsciiLength(rest);
+    const std::size_t length = i == 0 && IsAscii(rest) ? rest.size() : AsciiLength(rest);
     const std::size_t had = out.size();
     out.resize(had + length);
     for (std::size_t k = 0; k < length; ++k)

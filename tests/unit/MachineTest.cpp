@@ -39,11 +39,17 @@ public:
 
     Machine(const std::vector<int>& words, const std::array<int, 8>& gr, const char* usedPipeline = "NWW")
         : pipeline(usedPipeline) {
+        machine->InitComet2();
         std::copy(words.begin(), words.end(), machine->Memory.begin());
         machine->GR = gr;
         machine->ReservedWords = 0x2000;
     }
     explicit Machine(const std::vector<int>& words) : Machine(words, {}) {}
+    Machine(Machine&&) = default;
+    Machine& operator=(Machine&&) = default;
+    ~Machine() {
+        if (machine != nullptr) Idle().push_back(std::move(machine));
+    }
 
     Tcomet2* operator->() { return machine.get(); }
     // The flags that are 1: O, S, Z.
@@ -71,7 +77,19 @@ public:
 
 private:
     const char* pipeline;
-    std::unique_ptr<Tcomet2> machine = std::make_unique<Tcomet2>();
+    std::unique_ptr<Tcomet2> machine = Waiting();
+
+    // Machines of a megabyte, of which a test may need hundreds one after the other.
+    static std::vector<std::unique_ptr<Tcomet2>>& Idle() {
+        static std::vector<std::unique_ptr<Tcomet2>> idle;
+        return idle;
+    }
+    static std::unique_ptr<Tcomet2> Waiting() {
+        if (Idle().empty()) return std::make_unique<Tcomet2>();
+        std::unique_ptr<Tcomet2> waiting = std::move(Idle().back());
+        Idle().pop_back();
+        return waiting;
+    }
 };
 
 // Runs a machine whose standard input holds some bytes.
