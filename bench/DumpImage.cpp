@@ -25,7 +25,7 @@ void Fill(int words) {
         comet2->LineOfWord[static_cast<std::size_t>(a)] = a;
         comet2->Memory[static_cast<std::size_t>(a)] = 12345;
     }
-    b->SetReservedWords(words);
+    comet2->ReservedWords = words;
 }
 
 double Measure(int words) {

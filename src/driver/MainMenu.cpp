@@ -4,12 +4,12 @@
 #include "driver/Settings.h"
 #include "input/Readers.h"
 #include "messages/TMsgBase.h"
-#include "messages/TMsgStore.h"
 #include "platform/Commands.h"
 #include "platform/Console.h"
 #include "records/Records.h"
 #include "reports/Dump.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace tolvane {
@@ -45,14 +45,11 @@ int ChooseSource(std::string& path) {
     Say(DriverMsg.AskSourceName);
     bool ended = false;
     path = GetFilenameStrA(ended);
-    if (ended) return InputEnded;
-    store->ClearMsgStore();
-    return SourceChosen;
+    return ended ? InputEnded : SourceChosen;
 }
 
 int ChooseLastSource(std::string& path) {
     path = po->LastAssembledSrcFilePath;
-    store->ClearMsgStore();
     return SourceChosen;
 }
 

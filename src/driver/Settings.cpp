@@ -30,10 +30,9 @@ void ToolWin::SetIniPath() {
         IniPath = IniName;
         return;
     }
-    Directory = *directory;
     // A path cannot hold a directory that has a backslash in its name; the name alone means the same file.
-    const bool hasBackslash = Directory.find('\\') != std::string::npos;
-    IniPath = hasBackslash ? IniName : Directory + "\\" + IniName;
+    const bool hasBackslash = directory->find('\\') != std::string::npos;
+    IniPath = hasBackslash ? IniName : *directory + "\\" + IniName;
 }
 
 void SetTextEdIndex(int index) {

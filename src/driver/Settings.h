@@ -1,5 +1,5 @@
 #pragma once
-// The settings file of the working directory: read at start, written when the user chooses to exit.
+// The settings file of the working directory: read at start, written when the user chooses to exit or stops a run.
 
 #include <string>
 
@@ -13,7 +13,6 @@ extern TLStd* const tools;
 
 // The settings file's place.
 struct ToolWin {
-    std::string Directory;
     std::string IniPath = "tolvane_Win.ini";
 
     // Puts the working directory in front of the file's name; says so and leaves the name alone if it is unknown.

@@ -4,7 +4,6 @@
 #include "driver/MainMenu.h"
 #include "driver/Settings.h"
 #include "input/Readers.h"
-#include "input/TMoziCode.h"
 #include "machine/Tcomet2.h"
 #include "messages/TMsgStore.h"
 #include "platform/Console.h"

@@ -10,7 +10,8 @@ namespace tolvane {
 
 namespace {
 
-// One line as it was read: a blank line, a comment line, or text without blanks at its right end.
+// One line as it was read: a blank line, which goes from strSrc as well, a comment line, or text without blanks at its
+// right end.
 template <class Ch> void SortLine(SrcData<Ch>& src) {
     const std::size_t p = FindNonBlank(src.strSrc);
     if (p == npos)

@@ -5,7 +5,6 @@
 #include "text/Convert.h"
 
 #include <algorithm>
-#include <array>
 
 namespace tolvane {
 

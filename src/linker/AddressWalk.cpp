@@ -104,7 +104,6 @@ template <class Ch> void SetBehindProgram(int prg, int address) {
         PrgAt<Ch>(prg + 1).AbAdrAtStart = address;
         return;
     }
-    b->SetReservedWords(address);
     comet2->ReservedWords = address;
 }
 

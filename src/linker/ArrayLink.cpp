@@ -10,8 +10,6 @@ namespace tolvane {
 
 namespace {
 
-constexpr int AllAddresses = 65536;
-
 bool IsMacro(const SrcDataA& src) {
     return HasShape(src.op, Shape::InOut) || HasShape(src.op, Shape::RpushRpop);
 }
@@ -81,17 +79,11 @@ int CkMaxMemory(int prg) {
 int CkMaxMemory2(int total, int line) {
     const int limit = modeFlags->Pipe->limits.imageWords;
     if (total <= limit) return 0;
-    if (total > AllAddresses)
+    if (total > AddressCount)
         cs->Error(line, LinkerMsg.BeyondAllAddresses, {total});
     else
         cs->Error(line, LinkerMsg.BeyondMemory, {total, limit});
     return 1;
-}
-
-int InitialSetMemory(int prg) {
-    ClearForFirst(prg);
-    SetMemory<char>(prg);
-    return 0;
 }
 
 int SetMemory25(int prg) {

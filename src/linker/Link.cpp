@@ -7,9 +7,6 @@
 #include "operands/Numbers.h"
 #include "records/Lines.h"
 
-#include <algorithm>
-#include <string_view>
-
 namespace tolvane {
 
 namespace {

@@ -37,9 +37,8 @@ int AdrCk3(int prg);
 int CkMaxMemory(int prg);
 // Whether a total fits. 0, or 1 with an Error on the line.
 int CkMaxMemory2(int total, int line);
-// Writes the words of a program for the first time, to an empty machine if it is the first program. 0.
-int InitialSetMemory(int prg);
-// The same with the sums checked again: instructions, then DC and DS, then literals. 0, or -1 with an Error.
+// Writes the words of a program, to an empty machine if it is the first program, with the sums checked again:
+// instructions, then DC and DS, then literals. 0, or -1 with an Error.
 int SetMemory25(int prg);
 // The link: second walk and image, program by program. Results as those of Link31.
 int Link2();

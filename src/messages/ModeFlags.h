@@ -22,9 +22,6 @@ struct TModeFlags {
     // Commands, UTF-8; row 0 is the system's editor.
     std::array<std::string, 3> TextEditors{"notepad.exe", "", ""};
     int TextEditorIndex = 0;
-
-    // 0, 1 or 2; any other index is reported and becomes 0.
-    void SetTextEdIndex(int index);
 };
 
 extern TModeFlags* const modeFlags;

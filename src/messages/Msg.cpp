@@ -86,7 +86,7 @@ void AppendArg(std::string& out, const KeptArg& arg, std::string_view form, cons
     if (form == "o") return OrdinalStr(out, arg.number);
     if (form == "x") return AppendHex(out, arg.number, 1);
     if (form == "x4") return AppendHex(out, arg.number, 4);
-    if (form == "q") out += " \""; // QuoteStr: a blank, the text in double quotation marks, a blank
+    if (form == "q") out += " \""; // a blank, the text in double quotation marks, a blank
     if (arg.row != nullptr)
         Compose(out, arg.row->For(f.lang, f.wording), f);
     else if (arg.isNumber)

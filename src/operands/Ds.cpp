@@ -1,5 +1,6 @@
 #include "operands/Ds.h"
 
+#include "machine/Tcomet2.h"
 #include "operands/DsMsgs.h"
 #include "operands/Numbers.h"
 #include "records/Lines.h"
@@ -7,8 +8,6 @@
 namespace tolvane {
 
 namespace {
-
-constexpr int ImageWordsMax = 65035; // what is left below the stack area
 
 template <class Ch> View<Ch> CountOf(int line) {
     return TrimBlank(LineAt<Ch>(line).Oprnd(1));
@@ -45,7 +44,7 @@ template <class Ch> int SetWordKazuAtDS(int line) {
         cs->Error(line, DsMsg.BeyondAddresses);
         return -1;
     }
-    if (src.word_kazu > ImageWordsMax) {
+    if (src.word_kazu > MaxImageWords) {
         cs->Error(line, DsMsg.BeyondImage);
         return -2;
     }

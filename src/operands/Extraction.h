@@ -19,7 +19,7 @@ template <class Ch> int CopyOprndComStrToChH(int prg);
 template <class Ch> int operand20m15(int prg);
 // Presets word_kazu of each line by opcode, and cleans the text of DC lines. 0, or -1 for an unknown opcode.
 template <class Ch> int ExtractAllOprnds(int prg);
-// The further pass of the pointer pipelines: a comma with nothing behind it, or a missing one. 0.
+// The pass of the pipelines with commaPass: a comma with nothing behind it, or a missing one. 0.
 template <class Ch> int CkCommas(int prg);
 
 template <class Ch> bool EndsInComma(View<Ch> operand);

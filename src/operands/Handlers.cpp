@@ -148,7 +148,7 @@ template <class Ch> void RunHandler(int line) {
     }
 }
 
-// A word that is no opcode. The pass over the opcodes lets none through but the one on a START line.
+// A word that is no opcode. The passes before let none through but one in front of END in the array pipeline.
 template <class Ch> void RefuseOp(int line) {
     const View<Ch> op = LineAt<Ch>(line).strOp;
     cs->Error(line, HandlerMsg.NoHandler, {op});

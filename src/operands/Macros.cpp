@@ -12,9 +12,6 @@ namespace tolvane {
 
 namespace {
 
-constexpr int SvcIn = 1;
-constexpr int SvcOut = 2;
-
 template <class Ch> void CutLastBlank(View<Ch>& text) {
     if (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
 }
@@ -135,12 +132,12 @@ template <class Ch> int InOut1(int line) {
 }
 
 template <class Ch> InOutCode WordsOfInOut(const SrcData<Ch>& src) {
-    return {0x7001, 0,                                    // PUSH 0,GR1
-            0x7002, 0,                                    // PUSH 0,GR2
-            0x1210, src.first_word,                       // LAD  GR1,operand 1
-            0x1220, src.second_word,                      // LAD  GR2,operand 2
-            0xF000, Is(src.strOp, "IN") ? SvcIn : SvcOut, // SVC  1 or 2
-            0x7120, 0x7110};                              // POP  GR2, POP GR1
+    return {0x7001, 0,               // PUSH 0,GR1
+            0x7002, 0,               // PUSH 0,GR2
+            0x1210, src.first_word,  // LAD  GR1,operand 1
+            0x1220, src.second_word, // LAD  GR2,operand 2
+            0xF000, src.op->service, // SVC  1 or 2
+            0x7120, 0x7110};         // POP  GR2, POP GR1
 }
 
 TOLVANE_BOTH_KINDS(macro2)

@@ -26,7 +26,7 @@ template <class Ch> int InOut1(int line);
 // The words of a macro instruction.
 template <class Ch> InOutCode WordsOfInOut(const SrcData<Ch>& src);
 template <class Ch> std::span<const int> WordsOfRpushRpop(const SrcData<Ch>& src) {
-    if (Is(src.strOp, "RPUSH")) return RpushCode;
+    if (src.op->pushes) return RpushCode;
     return RpopCode;
 }
 

@@ -169,7 +169,8 @@ template <class Ch> void CkAdrOperand(int line, int n) {
 template <class Ch> int RegX(int line, int n) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     const View<Ch> s = Oprnd<Ch>(line, n);
-    const bool comma = CommaNextOprnd3("RegX"); // as CkAdrOperand has seen it behind the address
+    // As CkAdrOperand has seen it behind the address; without an address, as it was seen on an earlier line.
+    const bool comma = CommaNextOprnd3("RegX");
     if (comma && s.empty()) return Refuse(line, RegisterMsg.NoIndexBehindComma, {Oprnd<Ch>(line, n - 1)});
     if (!comma && !Oprnd<Ch>(line, n + 1).empty()) return Refuse(line, RegisterMsg.NoCommaBeforeIndex, {s});
     if (s.empty()) {
@@ -195,12 +196,6 @@ template <class Ch> void AnalystGR89(int line) {
     if (s.size() == 3 && BeginsWithGR89(s)) cs->Warning(line, RegisterMsg.GR89AsLabel, {s});
 }
 
-TOLVANE_BOTH_KINDS(IsRegister)
-TOLVANE_BOTH_KINDS(BeginsWithRegister)
-TOLVANE_BOTH_KINDS(IsRegisterWord)
-TOLVANE_BOTH_KINDS(IsRegisterWordOrComma)
-TOLVANE_BOTH_KINDS(IsRegisterWordUpTo)
-TOLVANE_BOTH_KINDS(RegisterDigit)
 TOLVANE_BOTH_KINDS(CkOpTypeOprndOne)
 TOLVANE_BOTH_KINDS(CkOpTypeOprndOneAdr)
 TOLVANE_BOTH_KINDS(CkOpTypeOprndOnePop)

@@ -34,6 +34,8 @@ struct Opcode {
     int code = 0;         // operation code, with an address where the shape has one
     int registerCode = 0; // operation code of r1,r2
     Tidy tidy = Tidy::None;
+    int service = 0;                  // of the virtual OS, for a macro that asks for one
+    bool pushes = false;              // RPUSH, where RPOP pops
     bool takesLiteral = true;         // CkLiteral15 judges an "=" in its operand text
     bool reachesPrograms = false;     // the name of another program is no reason to warn
     bool ofArrayPipelineOnly = false; // where the pipeline has hasExit
@@ -77,14 +79,14 @@ inline constexpr std::array<Opcode, 37> Table = {{
 
     // RemoveNoOprndOpSemiColn looks for the words without operands in this order.
     {.word = "NOP",   .shape = NoOperand, .code = 0x00, .takesLiteral = false},
-    {.word = "RPUSH", .shape = RpushRpop, .takesLiteral = false},
+    {.word = "RPUSH", .shape = RpushRpop, .pushes = true, .takesLiteral = false},
     {.word = "RPOP",  .shape = RpushRpop, .takesLiteral = false},
     {.word = "RET",   .shape = NoOperand, .code = 0x81, .takesLiteral = false},
     {.word = "END",   .shape = End, .takesLiteral = false},
     {.word = "EXIT",  .shape = NoOperand, .code = 0x88, .ofArrayPipelineOnly = true},
 
-    {.word = "IN",    .shape = InOut, .tidy = Tidy::Simple},
-    {.word = "OUT",   .shape = InOut, .tidy = Tidy::Simple},
+    {.word = "IN",    .shape = InOut, .tidy = Tidy::Simple, .service = 1},
+    {.word = "OUT",   .shape = InOut, .tidy = Tidy::Simple, .service = 2},
     {.word = "START", .shape = Start, .tidy = Tidy::Simple, .takesLiteral = false},
     {.word = "DC",    .shape = Dc, .tidy = Tidy::CarefulWithCommas, .takesLiteral = false},
     {.word = "DS",    .shape = Ds, .tidy = Tidy::Simple, .takesLiteral = false},

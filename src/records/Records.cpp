@@ -33,7 +33,6 @@ void TBasicData::Reset() {
     StartLines.clear();
     EndLines.clear();
     prgKazuInFile = 0;
-    ReservedWords = 0;
 }
 
 void TCorrectScode::CountLabels() {
@@ -56,13 +55,11 @@ int TLabelSpace::CopyLabel() {
     }
     const auto kazu = static_cast<std::int32_t>(Rows.size());
     if (kazu != cs->LabelKazuInFile) Say(RecordsMsg.LabelKazuDiffer, {kazu, cs->LabelKazuInFile});
-    LabelKazuInFile = kazu;
     return 0;
 }
 
 void TLabelSpace::Free() {
     Rows.clear();
-    LabelKazuInFile = 0;
 }
 
 } // namespace tolvane

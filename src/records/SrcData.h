@@ -33,7 +33,7 @@ template <class Ch> struct TDcConst {
 };
 
 template <class Ch> struct SrcData {
-    View<Ch> strSrc;  // the line as read, without its line end
+    View<Ch> strSrc;  // the line as read, without its line end; empty for a blank line
     View<Ch> strLine; // the same without comment and superfluous blanks
     View<Ch> strLabel;
     View<Ch> strOp;

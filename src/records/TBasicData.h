@@ -6,7 +6,9 @@
 #include "records/SrcData.h"
 #include "text/Arena.h"
 
+#include <algorithm>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace tolvane {
@@ -34,7 +36,6 @@ public:
     std::vector<PrgDataW> vecPrgW;
     TApart<char> apartA;
     TApart<char16_t> apartW;
-    std::int32_t ReservedWords = 0; // the first address behind the image
 
     // The lines that hold the letters START and END, in file order.
     std::vector<int> StartLines;
@@ -73,8 +74,6 @@ public:
 
     std::int32_t GetPrgKazuInFile() const { return prgKazuInFile; }
     void SetPrgKazuInFile(int kazu); // a negative count is reported and not stored
-    std::int32_t GetReservedWords() const { return ReservedWords; }
-    void SetReservedWords(int words) { ReservedWords = words; }
 
     // Forgets everything of the file, records, programs, counts, and gives their memory back. The counters of
     // diagnostics stay.

@@ -17,7 +17,6 @@ struct TLabelRow {
 class TLabelSpace {
 public:
     std::vector<TLabelRow> Rows; // in line order
-    std::int32_t LabelKazuInFile = 0;
 
     // Fills the table from the line records. The count of `cs` must be the same. 0.
     int CopyLabel();

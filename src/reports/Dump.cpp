@@ -148,7 +148,7 @@ template <class Ch> class Dumper {
 public:
     Dumper(const Tcomet2& m, Output& output)
         : machine(m), sink(output), out(output.text), form(modeFlags->Pipe->dump), lines(b->Src<Ch>()),
-          reserved(b->GetReservedWords()), rows(std::clamp(reserved + RowsBehindImage, 0, AddressCount)),
+          reserved(machine.ReservedWords), rows(std::clamp(reserved + RowsBehindImage, 0, AddressCount)),
           labelOf(static_cast<std::size_t>(rows), 0), labels(1) {
         CollectLabels();
         runColWidth = std::to_string(machine.MaxRunCount).size() + 1;

@@ -5,8 +5,6 @@
 #include "records/Records.h"
 #include "text/Convert.h"
 
-#include <algorithm>
-
 namespace tolvane::run {
 
 namespace {

@@ -42,10 +42,9 @@ constexpr Step Steps[] = {
     {dcds30},
     {dcdsWordKazu40, Check},
     {dcdsMemoryIn30, Check},
-    // addresses and memory
+    // addresses
     {AdrCk3},
     {CkMaxMemory},
-    {InitialSetMemory},
 };
 
 bool RunSteps(int prg) {

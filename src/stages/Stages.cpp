@@ -80,7 +80,6 @@ int RunLink(TMsgBase& game) {
                                                              : Link31<char>();
     SumMsgKazu(game);
     if (result < 0) return result;
-    comet2->ReservedWords = b->GetReservedWords();
     if (pipeline.dumpsLabelSpace) {
         cs->CountLabels();
         labelSpace->CopyLabel();

@@ -115,9 +115,6 @@ template <class Ch> std::size_t Find(View<Ch> text, std::string_view ascii, std:
         at = text.find(first, at + 1);
     return at;
 }
-template <class Ch> bool Contains(View<Ch> text, std::string_view ascii) {
-    return Find(text, ascii) != npos;
-}
 
 // Position of the first blank (space or tab) at or behind `from`; of the first character that is none; npos if none.
 template <class Ch> std::size_t FindBlank(View<Ch> text, std::size_t from = 0) {

@@ -66,7 +66,7 @@ TEST_F(DumpTest, LabelsOfOneAddressAreJoinedAndWidenTheColumn) {
     for (const Case& c : cases) {
         modeFlags->Pipe = FindPipeline(c.pipeline);
         b->Reset();
-        b->SetReservedWords(1);
+        machine->ReservedWords = 1;
         for (const char* label : {"", "AB", c.label}) {
             AddLine<char16_t>(0, label);
             AddLine<char>(0, label);
@@ -88,7 +88,7 @@ TEST_F(DumpTest, MemoryAndStackEndWhereTheyEnd) {
     machine->Stack.fill(1);
     EXPECT_EQ(Rows("#FE0B:65035").size() + Rows("#FE0A").size(), 1U);
     machine->Stack.fill(0);
-    b->SetReservedWords(MaxImageWords);
+    machine->ReservedWords = MaxImageWords;
     EXPECT_EQ(Rows("#FE14:65044:").size() + Rows("#FE15").size(), 1U);
 }
 
