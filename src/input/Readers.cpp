@@ -81,32 +81,6 @@ int Refuse(const Msg& reason, const std::string& path) {
     return 1;
 }
 
-// Detects the code and makes the records. `bytes` is null for a file that did not open.
-int ReadBytes(const std::string& path, const std::string* bytes) {
-    const Reader reader = modeFlags->Pipe->reader;
-    if (reader == Reader::Array)
-        Say(InputMsg.ReadingArray, {Utf8Arg{path}});
-    else
-        moziCode->DetMoziCode(path, bytes, modeFlags->SimpleTitleIndex != 0);
-    if (bytes == nullptr)
-        return Refuse(reader == Reader::Wide ? InputMsg.DoesNotOpenBinary : InputMsg.DoesNotOpen, path);
-
-    switch (reader) {
-    case Reader::Wide:
-        IsUtf16() ? OpenFileUTF16toVecW20(*bytes) : OpenFileUTF8toVecW20(*bytes);
-        break;
-    case Reader::Widened:
-        OpenFileWidened(*bytes);
-        break;
-    case Reader::Narrow:
-        OpenFileNarrow(*bytes);
-        break;
-    case Reader::Array:
-        return OpenFileChH(*bytes);
-    }
-    return 0;
-}
-
 } // namespace
 
 int EditFilePath(std::string& path) {
@@ -192,13 +166,38 @@ void OpenFileWidened(std::string_view bytes) {
     b->apartA.Clear();
 }
 
+int ReadSourceBytes(const std::string& path, const std::string* bytes) {
+    const Reader reader = modeFlags->Pipe->reader;
+    if (reader == Reader::Array)
+        Say(InputMsg.ReadingArray, {Utf8Arg{path}});
+    else
+        moziCode->DetMoziCode(path, bytes, modeFlags->SimpleTitleIndex != 0);
+    if (bytes == nullptr)
+        return Refuse(reader == Reader::Wide ? InputMsg.DoesNotOpenBinary : InputMsg.DoesNotOpen, path);
+
+    switch (reader) {
+    case Reader::Wide:
+        IsUtf16() ? OpenFileUTF16toVecW20(*bytes) : OpenFileUTF8toVecW20(*bytes);
+        break;
+    case Reader::Widened:
+        OpenFileWidened(*bytes);
+        break;
+    case Reader::Narrow:
+        OpenFileNarrow(*bytes);
+        break;
+    case Reader::Array:
+        return OpenFileChH(*bytes);
+    }
+    return 0;
+}
+
 int ReadSource(const std::string& path) {
     std::string bytes;
     try {
         const platform::ReadResult result = platform::ReadFile(path, bytes);
         if (result == platform::ReadResult::TooLarge) return Refuse(InputMsg.TooLargeFile, path);
         if (result == platform::ReadResult::Endless) return Refuse(InputMsg.EndlessFile, path);
-        return ReadBytes(path, result == platform::ReadResult::Read ? &bytes : nullptr);
+        return ReadSourceBytes(path, result == platform::ReadResult::Read ? &bytes : nullptr);
     } catch (const std::bad_alloc&) {
         // The message needs memory, too.
         bytes = std::string();

@@ -25,5 +25,7 @@ void OpenFileWidened(std::string_view bytes);
 int OpenFileChH(std::string_view bytes);
 // Reads a file by the pipeline's reader, with the detection in front. 0, or 1 with a message if it could not be read.
 int ReadSource(const std::string& path);
+// The same for bytes at hand, null for a file that did not open; `path` is the name that the messages tell.
+int ReadSourceBytes(const std::string& path, const std::string* bytes);
 
 } // namespace tolvane

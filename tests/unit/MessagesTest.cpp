@@ -18,4 +18,13 @@ TEST(Messages, OnlyTheRowsOwnBreaksPartTheLinesOfARecord) {
     store->ClearMsgStore();
 }
 
+TEST(Messages, ControlCharactersOfTextsAreShownOnATerminalAlone) {
+    const KeptArg text{"a\x1B[1m\t\x7F\n", 0, nullptr, false};
+    for (const bool forTerminal : {false, true}) {
+        std::string out;
+        Compose(out, "{0}\n", {1, WordingNWW, Severity::Error, NoLine, {&text, 1}, forTerminal});
+        EXPECT_EQ(out, forTerminal ? "a^[[1m\t^?^J\n" : "a\x1B[1m\t\x7F\n\n");
+    }
+}
+
 } // namespace tolvane::tests
