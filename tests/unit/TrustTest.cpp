@@ -6,9 +6,11 @@
 #include "messages/TMsgStore.h"
 #include "platform/Commands.h"
 #include "platform/Console.h"
+#include "platform/FileWriter.h"
 #include "platform/Files.h"
 #include "records/Records.h"
 
+#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
@@ -42,6 +44,39 @@ protected:
         fs::remove_all(folder);
     }
 };
+
+TEST_F(Trust, AFileIsReplacedWhenTheNewOneIsWhole) {
+    using platform::FileWriter;
+    const std::string big(1 << 16, 'x');
+    WriteFile(folder / "old", "old");
+    fs::create_symlink("old", "link");
+    mkfifo("fifo", 0600);
+    fs::create_directory("folder");
+
+    FileWriter("old").Write("given up");
+    EXPECT_EQ(ReadFile(folder / "old"), "old");
+    for (const char* none : {"fifo", "folder", "/dev/full", "", "no/such/folder"})
+        EXPECT_TRUE(FileWriter(none).Close().has_value()) << none;
+
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit full{big.size() / 2, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+    FileWriter unfinished("old");
+    unfinished.Write(big);
+    EXPECT_TRUE(unfinished.Close().has_value());
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_EQ(ReadFile(folder / "old"), "old");
+
+    WriteFile(folder / "old.new", "of a run that was cut off");
+    FileWriter whole("link");
+    whole.Write(big);
+    EXPECT_FALSE(whole.Close().has_value());
+    EXPECT_EQ(ReadFile(folder / "old"), big);
+    EXPECT_TRUE(fs::is_symlink("link"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 4) << "left over";
+}
 
 TEST_F(Trust, ANameIsNeverShellSyntax) {
     testing::internal::CaptureStdout(); // the lists of folders
