@@ -100,7 +100,7 @@ std::string ValueOf(std::string_view text) {
 
 // The value as it is written, so that reading gives it back; as it stands where no marks can do that.
 std::string WrittenValue(const std::string& value) {
-    const std::string text = value.substr(0, value.find_first_of("\r\n")); // a value is one line
+    const std::string text = value.substr(0, value.find('\n')); // a value is one line
     for (const char* mark : {"", "'", "\""}) {
         const std::string written = mark + text + mark;
         if (ValueOf(written) == CutValue(text)) return written;

@@ -151,7 +151,7 @@ TEST_F(Settings, EveryValueSurvivesARestart) {
         wide += "日";
     const std::string separator = "a\\\\" + wide.substr(6);
     for (const char* value :
-         {wide.c_str(), separator.c_str(), "\"my file\"", "\"it's\"", "'a \"b\"'", "\"\"", "'", " x "}) {
+         {wide.c_str(), separator.c_str(), "\"my file\"", "\"it's\"", "'a \"b\"'", "\"\"", "'", " x ", "n\rl"}) {
         PutIniStr("Mode", "Lang", value, path);
         EXPECT_EQ(Lang(), value) << Bytes();
     }
