@@ -20,8 +20,8 @@ void Fill(int words) {
         SrcDataW& line = b->vecSrcW.emplace_back();
         line.AbAdr = a;
         line.strLabel = b->Keep<char16_t>(TextW(label.begin(), label.end()));
-        line.strOp = u"DC";
-        line.strOprndCom = u"12345";
+        line.strOp = ViewW(u"DC");
+        line.strOprndCom = ViewW(u"12345");
         comet2->LineOfWord[static_cast<std::size_t>(a)] = a;
         comet2->Memory[static_cast<std::size_t>(a)] = 12345;
     }

@@ -150,7 +150,7 @@ std::string Told(const KeptArg& arg) {
     if (arg.isNumber) return std::to_string(arg.number);
     std::string text = "\"";
     for (std::size_t i = 0, end = 0; i < arg.text.size(); i = end) {
-        end = std::min(arg.text.find_first_not_of(arg.text[i], i), arg.text.size());
+        end = std::min(ViewA(arg.text).find_first_not_of(arg.text[i], i), arg.text.size());
         if (end - i < 10) end = i + 1;
         const std::string c(1, arg.text[i]);
         text += end - i == 1 ? c : "\\rep{" + std::to_string(end - i) + "}{" + c + "}";

@@ -31,17 +31,17 @@ TextA WithShortRuns(ViewA line) {
 
 void EditLine(SrcDataA& src) {
     const TextA shortened = WithShortRuns(src.strSrc);
-    src.strLine = shortened == src.strSrc ? src.strSrc : b->Keep<char>(shortened);
-    const std::size_t p = FindNonBlank(src.strLine);
+    src.strLine = shortened == ViewA(src.strSrc) ? ViewA(src.strSrc) : b->Keep<char>(shortened);
+    const std::size_t p = FindNonBlank<char>(src.strLine);
     if (p == npos) {
-        src.strLine = " ";
+        src.strLine = ViewA(" ");
     } else if (src.strLine[p] == ';') {
         src.strLine = {};
     }
 }
 
 bool HoldsText(const SrcDataA& src) {
-    return FindNonBlank(src.strLine) != npos;
+    return FindNonBlank<char>(src.strLine) != npos;
 }
 
 // START and END have no place between the two.

@@ -14,11 +14,11 @@ namespace {
 template <class Ch> std::vector<int> LinesWith(std::string_view word, WordRule rule) {
     std::vector<int> lines;
     for (int line = 0; line < LineKazu<Ch>(); ++line)
-        if (HoldsWord(LineAt<Ch>(line).strLine, word, rule)) lines.push_back(line);
+        if (HoldsWord<Ch>(LineAt<Ch>(line).strLine, word, rule)) lines.push_back(line);
     return lines;
 }
 template <class Ch> std::vector<int> OfThoseWith(std::vector<int> lines, std::string_view word, WordRule rule) {
-    std::erase_if(lines, [&](int line) { return !HoldsWord(LineAt<Ch>(line).strLine, word, rule); });
+    std::erase_if(lines, [&](int line) { return !HoldsWord<Ch>(LineAt<Ch>(line).strLine, word, rule); });
     return lines;
 }
 
@@ -31,7 +31,7 @@ WordRule BoundaryRule() {
 constexpr WordRule RetRule = {true, false};
 
 template <class Ch> bool BeginsWithBlank(int line) {
-    return IsBlank(At(LineAt<Ch>(line).strLine, 0));
+    return IsBlank(At<Ch>(LineAt<Ch>(line).strLine, 0));
 }
 
 // START and END must pair up, in number and in order.
@@ -63,7 +63,7 @@ template <class Ch> void CkRet(const std::vector<int>& starts, const std::vector
     for (std::size_t k = 0; k < starts.size(); ++k) {
         bool found = false;
         for (int line = starts[k]; line <= ends[k] && !found; ++line)
-            found = HoldsWord(LineAt<Ch>(line).strLine, "RET", RetRule);
+            found = HoldsWord<Ch>(LineAt<Ch>(line).strLine, "RET", RetRule);
         if (found) continue;
         po->Warning(ends[k], LinesMsg.NoRet, {k + 1});
         return;
@@ -156,7 +156,7 @@ template <class Ch> int StartEnd(int prg) {
 template <class Ch> int IsAnySrcOutsideSartEnd() {
     for (int prg = 0; prg + 1 < b->GetPrgKazuInFile(); ++prg)
         for (int line = PrgAt<Ch>(prg).EndLine + 1; line < PrgAt<Ch>(prg + 1).StartLine; ++line) {
-            const View<Ch> text = TrimBlank(LineAt<Ch>(line).strLine);
+            const View<Ch> text = TrimBlank<Ch>(LineAt<Ch>(line).strLine);
             if (text.empty()) continue;
             const bool isZenSpace = text == ZenSpace<Ch>();
             cs->Error(line, isZenSpace ? LinesMsg.ZenSpaceBetweenPrgs : LinesMsg.SrcBetweenPrgs, {text});

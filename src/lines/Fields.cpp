@@ -15,13 +15,13 @@ constexpr std::size_t LongOprndCom = 225;
 } // namespace
 
 template <class Ch> View<Ch> TakeOutLabelRest(const SrcData<Ch>& src) {
-    const std::size_t blank = FindBlank(src.strLine);
+    const std::size_t blank = FindBlank<Ch>(src.strLine);
     return blank == npos ? View<Ch>() : TrimLeftBlank(src.strLine.substr(blank));
 }
 
 template <class Ch> void TakeOutOpStr(SrcData<Ch>& src, View<Ch> rest) {
     src.strOp = rest.substr(0, FindBlank(rest));
-    src.op = FindOpcode(src.strOp, modeFlags->Pipe->hasExit);
+    src.op = FindOpcode<Ch>(src.strOp, modeFlags->Pipe->hasExit);
 }
 
 template <class Ch> void TakeOutOprndComStr(SrcData<Ch>& src, View<Ch> rest) {
@@ -45,7 +45,7 @@ template <class Ch> int SplitFields(int prg) {
 
 template <class Ch> int TrimOprndCom(int prg) {
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line)
-        LineAt<Ch>(line).strOprndCom = TrimBlank(LineAt<Ch>(line).strOprndCom);
+        LineAt<Ch>(line).strOprndCom = TrimBlank<Ch>(LineAt<Ch>(line).strOprndCom);
     return 0;
 }
 

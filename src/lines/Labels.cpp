@@ -19,11 +19,11 @@ template <class Ch> bool BeginsWithBlankOrIsEmpty(View<Ch> text) {
 // A word that fills its line alone is a label without an instruction.
 template <class Ch> void TakeOutLabel(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    if (BeginsWithBlankOrIsEmpty(src.strLine)) {
+    if (BeginsWithBlankOrIsEmpty<Ch>(src.strLine)) {
         src.strLabel = {};
         return;
     }
-    const std::size_t blank = FindBlank(src.strLine);
+    const std::size_t blank = FindBlank<Ch>(src.strLine);
     src.strLabel = src.strLine.substr(0, blank);
     if (blank == npos) cs->Error(line, LinesMsg.LabelAlone, {src.strLabel});
 }
@@ -85,11 +85,11 @@ template <class Ch> int CkPrgName(int prg) {
     PrgData<Ch>& program = PrgAt<Ch>(prg);
     const int line = program.StartLine;
     SrcData<Ch>& src = LineAt<Ch>(line);
-    if (BeginsWithBlankOrIsEmpty(src.strLine)) {
+    if (BeginsWithBlankOrIsEmpty<Ch>(src.strLine)) {
         cs->Error(line, LinesMsg.PrgWithoutName);
         return -1;
     }
-    const View<Ch> label = src.strLine.substr(0, FindBlank(src.strLine));
+    const View<Ch> label = src.strLine.substr(0, FindBlank<Ch>(src.strLine));
     AnalystZenKSpace20(label, line);
     if (const int fault = CkPrgNameMozi(label, line); fault != 0) return fault;
     program.strPrgName = label;

@@ -13,24 +13,24 @@ namespace {
 // One line as it was read: a blank line, which goes from strSrc as well, a comment line, or text without blanks at its
 // right end.
 template <class Ch> void SortLine(SrcData<Ch>& src) {
-    const std::size_t p = FindNonBlank(src.strSrc);
+    const std::size_t p = FindNonBlank<Ch>(src.strSrc);
     if (p == npos)
         src.strSrc = src.strLine = {};
     else if (src.strSrc[p] == Ch(';'))
         src.strLine = {};
     else
-        src.strLine = TrimRightBlank(src.strSrc);
+        src.strLine = TrimRightBlank<Ch>(src.strSrc);
 }
 
 // Two leading blanks or more become one space. A single one stays, even a tab.
-template <class Ch> void ShortenLead(View<Ch>& line) {
+template <class Ch> View<Ch> WithShortLead(View<Ch> line) {
     const std::size_t p = FindNonBlank(line);
-    if (p == npos || p < 2) return;
+    if (p == npos || p < 2) return line;
     line.remove_prefix(p - 1);
-    if (line.front() == Ch(' ')) return;
+    if (line.front() == Ch(' ')) return line;
     Text<Ch> text(line);
     text.front() = Ch(' ');
-    line = b->Keep<Ch>(text);
+    return b->Keep<Ch>(text);
 }
 
 // The position of the semicolon that begins the comment, npos if there is none. Inside a character constant a
@@ -84,7 +84,7 @@ template <class Ch> int editNWB() {
     auto& lines = b->Src<Ch>();
     for (SrcData<Ch>& src : lines) {
         SortLine(src);
-        ShortenLead(src.strLine);
+        src.strLine = WithShortLead<Ch>(src.strLine);
     }
 
     if (std::any_of(lines.begin(), lines.end(), [](const SrcData<Ch>& src) { return !src.strLine.empty(); })) return 0;
@@ -95,8 +95,8 @@ template <class Ch> int editNWB() {
 template <class Ch> int StripComment(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
-        View<Ch>& text = LineAt<Ch>(line).strLine;
-        text = text.substr(0, FindComment(text));
+        SlimView<Ch>& text = LineAt<Ch>(line).strLine;
+        text = text.substr(0, FindComment<Ch>(text));
     }
     return 0;
 }
@@ -149,13 +149,14 @@ template <class Ch> int OpNoOperand(int line, View<Ch> firstOperand) {
 
 template <class Ch> int TabsToBlanks() {
     for (SrcData<Ch>& src : b->Src<Ch>()) {
-        if (!Has(src.strLine, '\t')) continue;
-        Text<Ch> text(src.strLine);
-        const std::size_t first = text.find(Ch('\''));
-        const std::size_t last = text.rfind(Ch('\''));
-        for (std::size_t i = 0; i < text.size(); ++i)
-            if (text[i] == Ch('\t') && (i < first || last < i)) text[i] = Ch(' ');
-        src.strLine = b->Keep<Ch>(text);
+        if (!Has<Ch>(src.strLine, '\t')) continue;
+        const View<Ch> line = src.strLine;
+        const std::size_t first = std::min(line.find(Ch('\'')), line.size());
+        const std::size_t last = std::min(line.rfind(Ch('\'')), line.size());
+        const std::span<Ch> text = CopyText(b->Apart<Ch>().texts, line);
+        std::replace(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(first), Ch('\t'), Ch(' '));
+        std::replace(text.begin() + static_cast<std::ptrdiff_t>(last), text.end(), Ch('\t'), Ch(' '));
+        src.strLine = View<Ch>(text.data(), text.size());
     }
     return 0;
 }

@@ -188,10 +188,10 @@ template <class Ch> int TrimZenOprndCom() {
         if (src.strOp.empty() || src.strOprndCom.empty()) continue;
         const Tidy tidy = src.op != nullptr ? src.op->tidy : Tidy::None;
         if (tidy == Tidy::Simple)
-            src.strOprndCom = b->KeepEdited(src.strOprndCom, TidySimply(src.strOprndCom));
+            src.strOprndCom = b->KeepEdited<Ch>(src.strOprndCom, TidySimply<Ch>(src.strOprndCom));
         else if (tidy != Tidy::None)
             src.strOprndCom =
-                b->KeepEdited(src.strOprndCom, TidyCarefully(src.strOprndCom, tidy == Tidy::CarefulWithCommas));
+                b->KeepEdited<Ch>(src.strOprndCom, TidyCarefully<Ch>(src.strOprndCom, tidy == Tidy::CarefulWithCommas));
         else if (modeFlags->Pipe->trimTellsUnknownOp && src.op == nullptr)
             Say(LinesMsg.NoOpCodeToTrim, {src.strOp});
     }

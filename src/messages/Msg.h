@@ -15,6 +15,7 @@
 #include "text/Text.h"
 
 #include <array>
+#include <cstdint>
 #include <initializer_list>
 #include <span>
 #include <string>
@@ -73,10 +74,10 @@ struct Utf8Arg {
 // An argument of a row as a record keeps it: a number, UTF-8 text that lies elsewhere, or another row, which is worded
 // in the language in force.
 struct KeptArg {
-    std::string_view text;
+    SlimView<char> text;
+    bool isNumber = false;
     long long number = 0;
     const Msg* row = nullptr;
-    bool isNumber = false;
 };
 
 // An argument as a check hands it over: a number, source text of either kind, console text, or another row.
@@ -88,13 +89,14 @@ public:
     Arg(std::size_t n) : number(static_cast<long long>(n)), isNumber(true) {}
     Arg(ViewW wide);
     Arg(ViewA shiftJis);
+    template <class Ch> Arg(SlimView<Ch> kept) : Arg(View<Ch>(kept)) {}
     Arg(const TextA& shiftJis) : Arg(ViewA(shiftJis)) {}
     Arg(const TextW& wide) : Arg(ViewW(wide)) {}
     Arg(Utf8Arg utf8) : text(utf8.text) {}
     Arg(const char* ascii) : text(ascii) {}
     Arg(const Msg& named) : row(&named) {}
 
-    operator KeptArg() const { return {text, number, row, isNumber}; }
+    operator KeptArg() const { return {ViewA(text), isNumber, number, row}; }
 
     std::string text;
     long long number = 0;
@@ -103,7 +105,7 @@ public:
 };
 using Args = std::initializer_list<Arg>;
 
-enum class Severity { Error, Warning, Note, Memo };
+enum class Severity : std::uint8_t { Error, Warning, Note, Memo };
 
 // Where a diagnostic belongs: a zero-based source line and, for a constant of the line, its zero-based number.
 struct Place {

@@ -43,7 +43,7 @@ const MsgRec& TMsgStore::Append(Severity severity, Place place, const Msg& msg, 
         kept.text = KeepText(texts, arg.text);
         return kept;
     });
-    return Records.emplace_back(MsgRec{&msg, severity, place, keptArgs.Take(args.size()), queued, counted});
+    return Records.emplace_back(MsgRec{&msg, keptArgs.Take(args.size()), place, severity, queued, counted});
 }
 
 void TMsgStore::ClearMsgStore() {

@@ -12,11 +12,11 @@ namespace tolvane {
 
 struct MsgRec {
     const Msg* row;
-    Severity severity;
-    Place place;
     std::span<const KeptArg> args; // kept by the store
-    bool queued;                   // DspMsgStore prints it
-    bool counted;                  // it raised the counter of its severity
+    Place place;
+    Severity severity;
+    bool queued;  // DspMsgStore prints it
+    bool counted; // it raised the counter of its severity
 
     // The console lines, head included, without their line ends, in the language and wording in force. The row's own
     // line breaks part them; empty ones at the front are left out, at most nine are kept, and an empty one ends them.

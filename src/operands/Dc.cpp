@@ -266,14 +266,15 @@ template <class Ch> Text<Ch> WithoutBlanksAtCommasAndEnd(View<Ch> text) {
 } // namespace
 
 template <class Ch> int OprndAtDCtoChH(int line) {
-    View<Ch>& text = LineAt<Ch>(line).chOprndCom;
-    text = Kept(text, WithoutComment(text));
+    SlimView<Ch>& kept = LineAt<Ch>(line).chOprndCom;
+    const View<Ch> text = Kept<Ch>(kept, WithoutComment<Ch>(kept));
+    kept = text;
     const Closed closed = CkClosed(text);
     if (closed != Closed::Yes) {
         cs->Error(line, closed == Closed::No ? DcMsg.CharsNotClosed : DcMsg.NoCharacter, {text});
         return 1;
     }
-    text = Kept(text, WithoutBlanksAtCommas(text));
+    kept = Kept(text, WithoutBlanksAtCommas(text));
     return 0;
 }
 
@@ -284,10 +285,11 @@ template <class Ch> int OprndAtDC(int line) {
 }
 
 template <class Ch> int dc45(int line) {
-    View<Ch>& text = LineAt<Ch>(line).chOprndCom;
+    SlimView<Ch>& kept = LineAt<Ch>(line).chOprndCom;
+    const View<Ch> text = kept;
     if (text.empty()) return Refuse(line, DcMsg.NoOperand);
     if (RefuseNoList(line, text) < 0) return -1;
-    text = Kept(text, WithoutBlanksAtCommasAndEnd(text));
+    kept = Kept(text, WithoutBlanksAtCommasAndEnd(text));
     return 0;
 }
 

@@ -10,7 +10,7 @@ namespace tolvane {
 namespace {
 
 template <class Ch> View<Ch> CountOf(int line) {
-    return TrimBlank(LineAt<Ch>(line).Oprnd(1));
+    return TrimBlank<Ch>(LineAt<Ch>(line).Oprnd(1));
 }
 
 // Sets the words of a line to the count. False if the count goes on behind its number.

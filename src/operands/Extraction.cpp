@@ -49,7 +49,7 @@ template <class Ch> View<Ch> WithCommaAt(View<Ch> text, std::size_t begin, std::
 }
 
 // Cuts the next operand out of the text. It ends at its comma, which it keeps, at a blank, or with the text.
-template <class Ch> Cut ExtractOprnd5(int line, View<Ch> text, std::size_t& from, View<Ch>& operand) {
+template <class Ch> Cut ExtractOprnd5(int line, View<Ch> text, std::size_t& from, SlimView<Ch>& operand) {
     const std::size_t begin = from;
     for (;;) {
         const Ch c = At(text, from);
@@ -98,7 +98,7 @@ template <class Ch> int SearchApostForNonCharConstOP(int prg) {
             return -1;
         }
 
-        const std::size_t semicolon = Find(src.strOprndCom, ";");
+        const std::size_t semicolon = Find<Ch>(src.strOprndCom, ";");
         if (semicolon == npos) continue;
         if (semicolon == 0 && modeFlags->Pipe->refusesLeadSemicolon) {
             cs->Error(line, ExtractionMsg.LeadSemicolon, {line});
@@ -116,7 +116,7 @@ template <class Ch> int CopyOprndComStrToChH(int prg) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         src.chOprndCom = src.strOprndCom;
         if (limit == 0 || src.strOprndCom.size() <= limit) continue;
-        src.chOprndCom.remove_suffix(src.chOprndCom.size() - limit);
+        src.chOprndCom = src.strOprndCom.substr(0, limit);
         if (!told) Tell(Severity::Warning, line, ExtractionMsg.OperandTooLong, {limit, src.strOprndCom.size()});
         told = true;
     }
@@ -183,7 +183,7 @@ template <class Ch> View<Ch> WithoutComma(View<Ch> operand) {
 }
 
 template <class Ch> void GetCommaAriFlagForNextOprnd(int line, int n) {
-    cs->CommaAriFlag = EndsInComma(Oprnd<Ch>(line, n)) ? 1 : 0;
+    cs->CommaAriFlag = EndsInComma<Ch>(Oprnd<Ch>(line, n)) ? 1 : 0;
 }
 
 bool CommaNextOprnd3(const char* place) {

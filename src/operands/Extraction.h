@@ -6,7 +6,7 @@
 namespace tolvane {
 
 // Operand n of a line.
-template <class Ch> View<Ch>& Oprnd(int line, int n) {
+template <class Ch> SlimView<Ch>& Oprnd(int line, int n) {
     return b->Src<Ch>()[static_cast<std::size_t>(line)].Oprnd(n);
 }
 

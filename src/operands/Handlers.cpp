@@ -18,7 +18,7 @@ namespace {
 // Takes the comma off a first operand that has been found to be a register. Its digit.
 template <class Ch> int TakeRegister1(SrcData<Ch>& src) {
     src.Oprnd(1) = src.Oprnd(1).substr(0, 3);
-    return RegisterDigit(src.Oprnd(1));
+    return RegisterDigit<Ch>(src.Oprnd(1));
 }
 
 // r1,r2 or r,adr[,x]: ld2, adda2, suba2, addl2, subl2, and2, or2, xor2, cpa2, cpl2.
@@ -63,7 +63,7 @@ template <class Ch> void RegisterAddressHandler(int line, const Instruction& row
 
     if (src.Oprnd(2).empty()) cs->Error(line, *row.missing);
     if (row.warnsOfGR89) AnalystGR89<Ch>(line);
-    if (IsRegisterWordUpTo(src.Oprnd(2), row.lastFormDigit)) {
+    if (IsRegisterWordUpTo<Ch>(src.Oprnd(2), row.lastFormDigit)) {
         ReportForm<Ch>(line, row);
         return;
     }
@@ -98,7 +98,7 @@ template <class Ch> void RegisterHandler(int line) {
 // NOP, END, RET and EXIT: the code alone.
 template <class Ch> void NoOperandHandler(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    if (OpNoOperand(line, src.Oprnd(1)) >= 1) return;
+    if (OpNoOperand<Ch>(line, src.Oprnd(1)) >= 1) return;
     src.chOprnd = {};
     src.word_kazu = 1;
     src.first_word = src.op->code << 8;

@@ -98,9 +98,9 @@ template <class Ch> int CkLiteral15(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         const SrcData<Ch>& src = LineAt<Ch>(line);
-        if (!Has(src.strOprndCom, '=')) continue;
+        if (!Has<Ch>(src.strOprndCom, '=')) continue;
         if (src.op != nullptr && !src.op->takesLiteral) continue;
-        CkLiteralForm(line, src.strOprndCom);
+        CkLiteralForm<Ch>(line, src.strOprndCom);
     }
     return cs->AnyErrorSoFar() ? -1 : 0;
 }
@@ -130,7 +130,7 @@ template <class Ch> int CkStrConstLiteral(int prg) {
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         if (HasShape(src.op, Shape::Dc)) continue;
-        const View<Ch> work = WithoutBlanksBehindEqual(src.strOprndCom);
+        const View<Ch> work = WithoutBlanksBehindEqual<Ch>(src.strOprndCom);
         if (std::size_t pos = Find(work, "='"); pos != npos) {
             DetStrConstGL10(++pos, work);
             if (IsStrConstClosedGL10(line, pos, work) < 0) cs->Error(line, LiteralMsg.CharsExample, {work});

@@ -12,8 +12,8 @@ namespace tolvane {
 
 namespace {
 
-template <class Ch> void CutLastBlank(View<Ch>& text) {
-    if (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+template <class Ch> View<Ch> WithoutLastBlank(View<Ch> text) {
+    return !text.empty() && IsBlank(text.back()) ? text.substr(0, text.size() - 1) : text;
 }
 
 // "#", a sign and a digit, or the beginning of a literal.
@@ -59,22 +59,19 @@ template <class Ch> int macro2(int line) {
         cs->Error(line, MacroMsg.NoInOut, {src.strOp});
         return 1;
     }
-    View<Ch>& first = src.Oprnd(1);
+    const View<Ch> first = Oprnd<Ch>(line, 1);
     if (EndsInComma(first)) {
-        first = WithoutComma(first);
-        CutLastBlank(first);
+        src.Oprnd(1) = WithoutLastBlank(WithoutComma(first));
     } else {
         cs->Error(line, MacroMsg.NoComma);
     }
-    View<Ch>& second = src.Oprnd(2);
+    View<Ch> second = src.Oprnd(2);
     if (EndsInComma(second)) {
         second = WithoutComma(second);
         cs->Warning(line, MacroMsg.CommaBehindOperand2);
     }
-    if (!second.empty() && IsBlank(second.back())) {
-        CutLastBlank(second);
-        src.Oprnd(3) = {};
-    }
+    src.Oprnd(2) = WithoutLastBlank(second);
+    if (src.Oprnd(2).size() < second.size()) src.Oprnd(3) = {};
     return 0;
 }
 
@@ -85,7 +82,7 @@ template <class Ch> int macroR2(int line) {
         return 1;
     }
     src.word_kazu = static_cast<int>(WordsOfRpushRpop(src).size());
-    if (OpNoOperand(line, src.Oprnd(1)) >= 1) return 0;
+    if (OpNoOperand<Ch>(line, src.Oprnd(1)) >= 1) return 0;
     for (int n = 1; n <= 3; ++n)
         src.Oprnd(n) = {};
     return 0;

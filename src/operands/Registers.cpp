@@ -33,10 +33,10 @@ template <class Ch> int RefuseIndex(int line, int n) {
 // Puts the index register into the first word. GR0 is none; what stands behind the register is dropped.
 template <class Ch> int TakeIndex(int line, int n) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    View<Ch>& s = Oprnd<Ch>(line, n);
+    const View<Ch> s = Oprnd<Ch>(line, n);
     const bool comma = At(s, 3) == Ch(',');
-    s = s.substr(0, 3);
-    const int digit = RegisterDigit(s);
+    Oprnd<Ch>(line, n) = s.substr(0, 3);
+    const int digit = RegisterDigit(s.substr(0, 3));
     if (digit == 0) return Refuse(line, RegisterMsg.IndexGR0, {});
     if (comma) cs->Warning(line, RegisterMsg.CommaBehindIndex);
     Oprnd<Ch>(line, n + 1) = {};
@@ -143,7 +143,7 @@ template <class Ch> int r2(int line) {
 }
 
 template <class Ch> void CkAdrOperand(int line, int n) {
-    View<Ch>& s = Oprnd<Ch>(line, n);
+    const View<Ch> s = Oprnd<Ch>(line, n);
     if (Is(TrimLeftBlank(s), ",")) {
         cs->Error(line, RegisterMsg.LoneComma);
         return;
@@ -160,7 +160,7 @@ template <class Ch> void CkAdrOperand(int line, int n) {
         return;
     }
     if (comma && next.empty()) cs->Warning(line, RegisterMsg.CommaBehindAddress, {n});
-    s = WithoutComma(s);
+    Oprnd<Ch>(line, n) = WithoutComma(s);
     SrcData<Ch>& src = LineAt<Ch>(line);
     src.word_kazu = 2;
     src.second_word = 0;

@@ -10,7 +10,7 @@ namespace tolvane {
 namespace {
 
 bool HasLabel(const SrcDataA& src) {
-    return IsUpper(At(src.strLabel, 0));
+    return IsUpper(At<char>(src.strLabel, 0));
 }
 
 } // namespace

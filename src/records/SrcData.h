@@ -33,17 +33,17 @@ template <class Ch> struct TDcConst {
 };
 
 template <class Ch> struct SrcData {
-    View<Ch> strSrc;  // the line as read, without its line end; empty for a blank line
-    View<Ch> strLine; // the same without comment and superfluous blanks
-    View<Ch> strLabel;
-    View<Ch> strOp;
+    SlimView<Ch> strSrc;  // the line as read, without its line end; empty for a blank line
+    SlimView<Ch> strLine; // the same without comment and superfluous blanks
+    SlimView<Ch> strLabel;
+    SlimView<Ch> strOp;
     const Opcode* op = nullptr; // of strOp; null if that is empty or no opcode
-    View<Ch> strOprndCom;       // the text behind the opcode word, later the operands alone
-    View<Ch> chOprndCom;        // its first 225 characters, where the pipeline has that limit
+    SlimView<Ch> strOprndCom;   // the text behind the opcode word, later the operands alone
+    SlimView<Ch> chOprndCom;    // its first 225 characters, where the pipeline has that limit
 
     // Operands 1 to 4. An operand keeps the comma that ended it until it has been judged; what stands behind the third
     // operand is in number 4, unsplit.
-    std::array<View<Ch>, 4> chOprnd;
+    std::array<SlimView<Ch>, 4> chOprnd;
 
     std::int32_t AbAdr = 0;
     std::int32_t word_kazu = 0;
@@ -59,7 +59,7 @@ template <class Ch> struct SrcData {
     std::int32_t dcKazu = 0; // constants from dcFirst on
 
     // Operand n of 1 to 4.
-    View<Ch>& Oprnd(int n) { return chOprnd[static_cast<std::size_t>(n - 1)]; }
+    SlimView<Ch>& Oprnd(int n) { return chOprnd[static_cast<std::size_t>(n - 1)]; }
     View<Ch> Oprnd(int n) const { return chOprnd[static_cast<std::size_t>(n - 1)]; }
 };
 // All lines of a file.

@@ -57,7 +57,7 @@ void SayOnce(void* context, const Msg& msg, Args args) {
     Streams& streams = *static_cast<Streams*>(context);
     if (!streams.told.insert(comet2->PR).second) return;
     const std::vector<KeptArg> kept(args.begin(), args.end());
-    const MsgRec record{&msg, Severity::Note, LineOfAddress(comet2->PR), kept, false, false};
+    const MsgRec record{&msg, kept, LineOfAddress(comet2->PR), Severity::Note, false, false};
     PrintAt(streams.file, comet2->PR, record.severity, TextLines(record));
 }
 

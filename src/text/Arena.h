@@ -45,11 +45,14 @@ private:
     }
 };
 
-// A copy of the text that lives as long as the arena.
-template <class Ch> View<Ch> KeepText(Arena<Ch>& texts, std::type_identity_t<View<Ch>> text) {
+// A copy of the text that lives as long as the arena, to be edited or as it is.
+template <class Ch> std::span<Ch> CopyText(Arena<Ch>& texts, std::type_identity_t<View<Ch>> text) {
     if (text.empty()) return {};
     std::copy(text.begin(), text.end(), texts.Room(text.size()));
-    const std::span<Ch> kept = texts.Take(text.size());
+    return texts.Take(text.size());
+}
+template <class Ch> View<Ch> KeepText(Arena<Ch>& texts, std::type_identity_t<View<Ch>> text) {
+    const std::span<Ch> kept = CopyText(texts, text);
     return View<Ch>(kept.data(), kept.size());
 }
 

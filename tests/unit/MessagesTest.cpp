@@ -19,7 +19,7 @@ TEST(Messages, OnlyTheRowsOwnBreaksPartTheLinesOfARecord) {
 }
 
 TEST(Messages, ControlCharactersOfTextsAreShownOnATerminalAlone) {
-    const KeptArg text{"a\x1B[1m\t\x7F\n", 0, nullptr, false};
+    const KeptArg text{ViewA("a\x1B[1m\t\x7F\n")};
     for (const bool forTerminal : {false, true}) {
         std::string out;
         Compose(out, "{0}\n", {1, WordingNWW, Severity::Error, NoLine, {&text, 1}, forTerminal});
