@@ -1,4 +1,5 @@
-// Settings files: any bytes are read, what is saved is read back, and one key leaves the others alone.
+// Settings files: any bytes are read, what is saved is read back, and one key leaves the others alone. The file stands
+// in front of the first zero, the value of a key behind it.
 
 #include "driver/Settings.h"
 
@@ -14,39 +15,29 @@
 
 using namespace tolvane;
 
-namespace {
-
-auto InForce() {
-    return std::tuple{modeFlags->Lang,          modeFlags->FightFunc,         timer->TimeFunction,
-                      timer->TimeFuncIntFlag,   po->LastAssembledSrcFilePath, modeFlags->SimpleTitleIndex,
-                      modeFlags->BusyModeIndex, modeFlags->TextEditorIndex,   modeFlags->TextEditors};
+static auto Load(const std::string& path) {
+    LoadSettings(path);
+    return std::tuple(modeFlags->Lang, modeFlags->FightFunc, timer->TimeFunction, po->LastAssembledSrcFilePath,
+                      modeFlags->SimpleTitleIndex, modeFlags->BusyModeIndex, modeFlags->TextEditorIndex,
+                      modeFlags->TextEditors[1]);
 }
 
-} // namespace
-
-// The file, and behind the first zero the value of a key.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const std::string Path =
         (std::filesystem::temp_directory_path() / ("tolvane-fuzz-" + std::to_string(getpid()) + ".ini")).string();
-    const fuzz::Silence silence;
-    const std::string bytes = fuzz::AsString(data, size);
+    const std::string bytes = fuzz::Begin(data, size);
     const std::size_t zero = std::min(bytes.find('\0'), size);
     std::ofstream(Path, std::ios::binary) << bytes.substr(0, zero);
-    LoadSettings(Path);
-    const auto loaded = InForce();
+    const auto loaded = Load(Path);
+    const std::string editor = modeFlags->TextEditors[2];
     SaveSettings(Path);
-    LoadSettings(Path);
-    TOLVANE_MUST(InForce() == loaded);
+    TOLVANE_MUST(Load(Path) == loaded && modeFlags->TextEditors[2] == editor);
 
     platform::IniFile ini(Path);
     ini.PutStr("Editor", "TextEditorPath2", bytes.substr(std::min(zero + 1, size)));
     ini.Write();
-    const platform::IniFile written(Path);
-    const std::string value = written.GetStr("Editor", "TextEditorPath2", "absent");
-    TOLVANE_MUST(value == ini.GetStr("Editor", "TextEditorPath2", "absent"));
-    LoadSettings(Path);
-    modeFlags->TextEditors[2] = std::get<8>(loaded)[2];
-    TOLVANE_MUST(InForce() == loaded);
+    TOLVANE_MUST(Load(Path) == loaded);
+    TOLVANE_MUST(modeFlags->TextEditors[2] == ini.GetStr("Editor", "TextEditorPath2", "absent"));
     std::filesystem::remove(Path);
     return 0;
 }
