@@ -32,14 +32,16 @@ public:
     }
 
 private:
-    static constexpr std::size_t BlockBytes = std::size_t{256} * 1024;
+    // Small sources need one small block, which the heap gives again and again at no cost.
+    static constexpr std::size_t LeastBytes = std::size_t{8} * 1024;
+    static constexpr std::size_t MostBytes = std::size_t{256} * 1024;
 
     std::vector<std::unique_ptr<T[]>> blocks;
     std::size_t size = 0; // of the last block
     std::size_t used = 0; // of it
 
     void AddBlock(std::size_t least) {
-        size = std::max(least, BlockBytes / sizeof(T));
+        size = std::max(least, std::clamp(2 * size, LeastBytes / sizeof(T), MostBytes / sizeof(T)));
         blocks.push_back(std::make_unique_for_overwrite<T[]>(size));
         used = 0;
     }
