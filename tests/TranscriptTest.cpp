@@ -3,6 +3,7 @@
 
 #include "TranscriptTest.h"
 
+#include "Assemble.h"
 #include "ProgramRun.h"
 #include "TextTools.h"
 #include "text/Convert.h"
@@ -43,11 +44,37 @@ std::vector<Section> ReadSections(const fs::path& file, std::string& opening) {
     return sections;
 }
 
+// A part of a mark's text: a row of that name with its arguments, or the words themselves.
+std::string PartOfMark(const std::vector<std::string>& words, int language) {
+    std::string text;
+    for (const Msg* row : AllRows()) {
+        if (NameOf(*row) != words[0]) continue;
+        std::vector<KeptArg> args;
+        for (std::size_t i = 1; i < words.size(); ++i)
+            args.push_back({ViewA(words[i]), false, std::atoi(words[i].c_str())});
+        Compose(text, row->For(language, WordingNWW), {language, WordingNWW, Severity::Error, NoLine, args});
+        return text;
+    }
+    return words[0];
+}
+
 std::vector<Mark> ReadMarks() {
-    std::string opening;
     std::vector<Mark> marks;
-    for (const Section& mark : ReadSections(MarksFile, opening))
-        marks.push_back({mark.head, Replaced(mark.body, NoLineEnd, "")});
+    for (const std::string& line : Lines(ReadFile(MarksFile))) {
+        if (line[0] == '#') continue;
+        const std::size_t end = line.find("> ") + 1;
+        Mark& mark = marks.emplace_back(Mark{line.substr(0, end), ""});
+        std::vector<std::string> part;
+        const std::vector<std::string> words = Words(line.substr(end, line.size() - end - 1) + " +");
+        for (std::size_t i = 1; i < words.size(); ++i) {
+            if (words[i] != "+") {
+                part.push_back(words[i]);
+                continue;
+            }
+            mark.text += PartOfMark(part, words[0] == "ja" ? 0 : 1);
+            part.clear();
+        }
+    }
     return marks;
 }
 
