@@ -185,7 +185,7 @@ private:
 
     void CheckDump(const std::string& name, std::string& body) {
         ASSERT_EQ(after.count(name), 1U) << name << " was not written";
-        Compare(body, Utf8From932(after[name]));
+        Compare(body, after[name]);
     }
 
     void CheckSettings(std::string& body) {

@@ -255,12 +255,16 @@ void Start(void (*lost)(const char* why)) {
 }
 
 void Write(std::string_view utf8) {
+    std::string bytes;
     if (TheOutput().instead != nullptr)
         TheOutput().instead->append(utf8);
-    else if (ConsoleCode() == Code::Utf8)
-        TheOutput().Append(utf8);
     else
-        TheOutput().Append(Encoded(utf8));
+        TheOutput().Append(InUsersCode(utf8, bytes));
+}
+
+std::string_view InUsersCode(std::string_view utf8, std::string& bytes) {
+    if (ConsoleCode() == Code::Utf8) return utf8;
+    return bytes = Encoded(utf8);
 }
 
 void Flush() {
@@ -275,11 +279,11 @@ void FlushSoon() {
 }
 
 void WriteError(std::string_view utf8) {
-    std::string bytes = ConsoleCode() == Code::Utf8 ? std::string(utf8) : Encoded(utf8);
-    while (!bytes.empty()) {
-        const ssize_t written = write(STDERR_FILENO, bytes.data(), bytes.size());
+    std::string bytes;
+    for (std::string_view rest = InUsersCode(utf8, bytes); !rest.empty();) {
+        const ssize_t written = write(STDERR_FILENO, rest.data(), rest.size());
         if (written < 0 && errno != EINTR) return;
-        if (written > 0) bytes.erase(0, static_cast<std::size_t>(written));
+        if (written > 0) rest.remove_prefix(static_cast<std::size_t>(written));
     }
 }
 

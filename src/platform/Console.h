@@ -23,6 +23,10 @@ void WriteError(std::string_view utf8);
 // From now on what is written is appended to `text` as UTF-8; null: it goes to the standard output again.
 void WriteTo(std::string* text);
 
+// Text as the bytes of a text file that the user's other programs read: in the console's code. `bytes` holds them where
+// they are not those of the text.
+std::string_view InUsersCode(std::string_view utf8, std::string& bytes);
+
 // One line without its line end; what lies beyond `limit` characters is dropped with the line. Nothing at the end of
 // the input, or when a signal stops the simulated program that reads; a last line without its line end is a line.
 std::optional<std::string> ReadLine(std::size_t limit);

@@ -61,17 +61,20 @@ std::string Rule(int pairs) {
     return rule + "\n";
 }
 
-// Shift_JIS text and the number of characters that a column takes it for.
+// UTF-8 text and the number of characters that a column takes it for.
 struct Label {
-    std::string bytes;
+    std::string text;
     std::size_t length = 0;
 };
 
-void AppendBytes(std::string& out, ViewW text) {
-    AppendNarrow932(out, text);
+void Append(std::string& out, ViewW text) {
+    AppendUtf8(out, text);
 }
-void AppendBytes(std::string& out, ViewA text) {
-    out += text;
+void Append(std::string& out, ViewA text) {
+    if (IsAscii(text))
+        out += text;
+    else
+        out += Utf8From932(text);
 }
 
 void Pad(std::string& out, std::size_t width, std::size_t length) {
@@ -85,7 +88,7 @@ void Right(std::string& out, std::string_view text, std::size_t width) {
 
 void Right(std::string& out, const Label& label, std::size_t width) {
     Pad(out, width, label.length);
-    out += label.bytes;
+    out += label.text;
 }
 
 void Right(std::string& out, int number, std::size_t width) {
@@ -192,10 +195,10 @@ template <class Ch> void Dumper<Ch>::AddLabel(int address, View<Ch> name) {
     }
     Label& label = labels[static_cast<std::size_t>(index)];
     if (label.length > 0) {
-        label.bytes += ' ';
+        label.text += ' ';
         ++label.length;
     }
-    AppendBytes(label.bytes, name);
+    Append(label.text, name);
     label.length += name.size();
 }
 
@@ -288,12 +291,12 @@ template <class Ch> void Dumper<Ch>::SourceText(int address) {
     shownLine = nr;
     const bool isLiteral = line.lite >= 0 && address > line.AbAdr;
     if (isLiteral) out += "Literal:(";
-    AppendBytes(out, line.strLabel);
+    Append(out, line.strLabel);
     if (!isLiteral) Pad(out, 2, line.strLabel.size());
     if (!isLiteral || !line.strLabel.empty()) out += ' ';
-    AppendBytes(out, line.strOp);
+    Append(out, line.strOp);
     out += ' ';
-    AppendBytes(out, line.strOprndCom);
+    Append(out, line.strOprndCom);
     if (isLiteral) out += ')';
 }
 
@@ -309,18 +312,13 @@ template <class Ch> void Dumper<Ch>::StackRows() const {
     }
 }
 
-// A row of the catalogue as bytes of the file.
-std::string FileText(const Msg& msg, Args args = {}) {
-    return Narrow932(WideUtf8Lossy(TextOf(msg, args)));
-}
-
 template <class Ch> void Write(const Tcomet2& machine, Output& output) {
     Dumper<Ch> dumper(machine, output);
     dumper.Registers();
     dumper.MemoryHead();
     dumper.MemoryRows();
-    output.text += FileText(ReportsMsg.Boundary);
-    output.text += FileText(ReportsMsg.StackHead, {machine.SP});
+    output.text += TextOf(ReportsMsg.Boundary);
+    output.text += TextOf(ReportsMsg.StackHead, {machine.SP});
     dumper.StackRows();
     output.text += Rule(55);
 }
@@ -344,10 +342,10 @@ std::string DumpDate(const platform::LocalTime& now) {
 void WriteDump(const Tcomet2& machine, const std::string& fileName, const DumpPiece& take) {
     Output output(take);
     std::string& out = output.text;
-    out += FileText(ReportsMsg.Font);
+    out += TextOf(ReportsMsg.Font);
     out += Rule(43);
-    out += FileText(ReportsMsg.Source, {Utf8Arg{po->LastAssembledSrcFilePath}, Utf8Arg{DumpDate(platform::Now())}});
-    out += FileText(ReportsMsg.DumpFile, {Utf8Arg{fileName}});
+    out += TextOf(ReportsMsg.Source, {Utf8Arg{po->LastAssembledSrcFilePath}, Utf8Arg{DumpDate(platform::Now())}});
+    out += TextOf(ReportsMsg.DumpFile, {Utf8Arg{fileName}});
     out += "//-------------------------------------------------\n";
     if (modeFlags->Pipe->text == TextKind::Wide)
         Write<char16_t>(machine, output);
@@ -363,7 +361,9 @@ std::string DumpText(const Tcomet2& machine, const std::string& fileName) {
 
 int DspRegMry(const Tcomet2& machine, const std::string& fileName) {
     platform::FileWriter file(fileName);
-    if (file.IsGood()) WriteDump(machine, fileName, [&file](std::string_view piece) { file.Write(piece); });
+    std::string bytes;
+    if (file.IsGood())
+        WriteDump(machine, fileName, [&](std::string_view piece) { file.Write(console::InUsersCode(piece, bytes)); });
     const auto failure = file.Close();
     if (!failure) return 0;
     Tell(Severity::Error, NoLine, ReportsMsg.DoesNotOpen, {Utf8Arg{fileName}, Utf8Arg{*failure}});

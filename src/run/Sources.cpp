@@ -46,7 +46,8 @@ int WriteDump(const Options& options, const std::string& file, const char* which
     if (!options.dump) return AllEnded;
     const std::string name = DumpStem(options, file) + which;
     const std::string path = *options.dump + "/" + name;
-    const auto failure = platform::WriteFile(path, DumpText(*comet2, name));
+    std::string bytes;
+    const auto failure = platform::WriteFile(path, console::InUsersCode(DumpText(*comet2, name), bytes));
     if (!failure) return AllEnded;
     PrintDiagnostic(path, -1, Severity::Error, {TextOf(RunMsg.NotWritten, {Utf8Arg{*failure}})});
     return WrongUse;

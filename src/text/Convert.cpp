@@ -196,7 +196,7 @@ template <class Repair> bool AppendWide(std::u16string& out, std::string_view ut
     return true;
 }
 
-void AppendUtf8(std::string& out, char32_t c) {
+void AppendChar(std::string& out, char32_t c) {
     if (c < 0x80) {
         out += ToChar(c);
     } else if (c < 0x800) {
@@ -263,19 +263,15 @@ bool IsValid932(std::string_view bytes) {
 std::string Narrow932(std::u16string_view wide) {
     std::string bytes;
     bytes.reserve(wide.size());
-    AppendNarrow932(bytes, wide);
-    return bytes;
-}
-
-void AppendNarrow932(std::string& out, std::u16string_view wide) {
-    for (std::size_t i = AppendAscii(out, wide, 0); i < wide.size(); i = AppendAscii(out, wide, i + 1)) {
+    for (std::size_t i = AppendAscii(bytes, wide, 0); i < wide.size(); i = AppendAscii(bytes, wide, i + 1)) {
         if (ByteLength932(wide[i]) != 0) {
-            AppendCode(out, Table().CodeOfUnit(wide[i]));
+            AppendCode(bytes, Table().CodeOfUnit(wide[i]));
             continue;
         }
         if (IsPairAt(wide, i)) ++i;
-        out += '?';
+        bytes += '?';
     }
+    return bytes;
 }
 
 std::size_t Utf8Length(std::string_view utf8, std::size_t i) {
@@ -322,7 +318,12 @@ std::u16string WideUtf8Lossy(std::string_view utf8) {
 std::string Utf8(std::u16string_view wide) {
     std::string utf8;
     utf8.reserve(wide.size());
-    for (std::size_t i = AppendAscii(utf8, wide, 0); i < wide.size(); i = AppendAscii(utf8, wide, i + 1)) {
+    AppendUtf8(utf8, wide);
+    return utf8;
+}
+
+void AppendUtf8(std::string& out, std::u16string_view wide) {
+    for (std::size_t i = AppendAscii(out, wide, 0); i < wide.size(); i = AppendAscii(out, wide, i + 1)) {
         char32_t c = wide[i];
         if (IsPairAt(wide, i)) {
             c = 0x10000 + ((c - 0xD800) << 10) + (wide[i + 1] - 0xDC00U);
@@ -330,9 +331,8 @@ std::string Utf8(std::u16string_view wide) {
         } else if (IsHighSurrogate(wide[i]) || IsLowSurrogate(wide[i])) {
             c = Replacement;
         }
-        AppendUtf8(utf8, c);
+        AppendChar(out, c);
     }
-    return utf8;
 }
 
 std::string Utf8From932(std::string_view bytes) {

@@ -23,7 +23,6 @@ std::u16string Wide932(std::string_view bytes);
 bool IsValid932(std::string_view bytes);
 // UTF-16 to code page 932. What has no place there becomes "?", a pair of surrogates one "?".
 std::string Narrow932(std::u16string_view wide);
-void AppendNarrow932(std::string& out, std::u16string_view wide);
 
 // Bytes of the valid UTF-8 character that begins at i; 0 if none does (overlong forms and surrogates are not valid).
 std::size_t Utf8Length(std::string_view utf8, std::size_t i);
@@ -33,6 +32,7 @@ std::optional<std::u16string> WideUtf8(std::string_view utf8);
 std::u16string WideUtf8Lossy(std::string_view utf8);
 // UTF-16 to UTF-8. A pair of surrogates is joined, a lone half becomes U+FFFD.
 std::string Utf8(std::u16string_view wide);
+void AppendUtf8(std::string& out, std::u16string_view wide);
 // Code page 932 to UTF-8.
 std::string Utf8From932(std::string_view bytes);
 
