@@ -134,6 +134,8 @@ private:
             environment.assign(words.begin() + 1, words.end());
         else if (what == "terminal")
             call.terminal = true;
+        else if (what == "plain")
+            marks.clear();
         else if (what == "type")
             call.typed = TextOf(words, 1, body);
         else
@@ -195,7 +197,6 @@ private:
     }
 
     void Compare(std::string& body, const std::string& text) {
-        static const std::vector<Mark> marks = ReadMarks();
         std::string found = Marked(Masked(Replaced(text, work.string(), "<folder>")), marks);
         if (!found.empty() && found.back() != '\n') found += NoLineEnd;
         if (rewrite)
@@ -216,6 +217,7 @@ private:
 
     fs::path file;
     bool rewrite;
+    std::vector<Mark> marks = ReadMarks();
     fs::path work; // the program's folder
     std::vector<std::string> environment;
     ProgramCall call;
