@@ -14,11 +14,9 @@ namespace tolvane {
 
 namespace {
 
-constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
-
 // UTF-8 becomes Shift_JIS before any length is judged; everything else is Shift_JIS already.
 std::string AsShiftJis(std::string_view bytes) {
-    if (bytes.starts_with(Utf8Mark)) bytes.remove_prefix(Utf8Mark.size());
+    bytes = WithoutUtf8Mark(bytes);
     const std::optional<TextW> wide = WideUtf8(bytes);
     return wide ? Narrow932(*wide) : std::string(bytes);
 }

@@ -5,8 +5,8 @@
 
 namespace tolvane {
 
-// Splits the lines of a program, END included: strLine to strOp, with its opcode, and strOprndCom. The first line of the
-// program with a long operand text is told in a Warning that counts nowhere. 0.
+// Splits the lines of a program, END included: strLine to strOp, with its opcode, and strOprndCom. The first line of
+// the program with a long operand text is told in a Warning that counts nowhere. 0.
 template <class Ch> int SplitFields(int prg);
 // The steps of SplitFields for one line: the text behind the label field; the opcode word; the text behind it.
 template <class Ch> View<Ch> TakeOutLabelRest(const SrcData<Ch>& src);

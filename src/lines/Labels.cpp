@@ -46,8 +46,7 @@ template <class Ch> bool CkLabelMozi(int line) {
 
 template <class Ch> void CkLabelLength(int line) {
     const View<Ch> label = LineAt<Ch>(line).strLabel;
-    if (label.size() > static_cast<std::size_t>(cs->LabelMax))
-        cs->Error(line, LinesMsg.LabelTooLong, {label, label.size()});
+    if (label.size() > cs->LabelMax) cs->Error(line, LinesMsg.LabelTooLong, {label, label.size()});
 }
 
 // The names of the registers are the only reserved words.
@@ -68,7 +67,7 @@ template <class Ch> int CkPrgNameMozi(View<Ch> label, int line) {
             cs->Error(line, LinesMsg.PrgNameSmallMozi, {label, small});
         return -3;
     }
-    if (label.size() >= 9) {
+    if (label.size() > cs->LabelMax) {
         cs->Error(line, LinesMsg.PrgNameTooLong, {label, label.size()});
         return -4;
     }

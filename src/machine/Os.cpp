@@ -17,10 +17,6 @@ constexpr std::size_t ReadLimit = 1024; // characters of a console line that are
 constexpr int MostInputEnds = 1000;     // INs in a row at the end of the input; a program that goes on is endless
 constexpr int InputLimit = 256;         // bytes of them that count, as code page 932 holds them
 
-constexpr bool IsHighSurrogate(char16_t unit) {
-    return 0xD800 <= unit && unit <= 0xDBFF;
-}
-
 // The characters of the text that fit into the limit. What code page 932 does not hold counts two bytes.
 TextW CutToInputLimit(const TextW& text) {
     int bytes = 0;

@@ -28,7 +28,7 @@ template <class Ch> int CkNameForm(int line, View<Ch> name) {
         AnalystZenKMozi(name, line);
     }
     if (CkSmallMozi(name) != 0) cs->Error(line, AddressMsg.NameSmallLetter, {name});
-    if (name.size() > AdrConstMax) {
+    if (name.size() > cs->LabelMax) {
         cs->Error(line, AddressMsg.NameTooLong, {name, name.size()});
         return -7;
     }
@@ -177,7 +177,7 @@ template <class Ch> int CkStartAdrOperand(int prg, int line) {
         cs->Error(line, AddressMsg.StartBadChar, {t});
         if (modeFlags->Pipe->startAnalystZenKaku) AnalystZenKakuMoziStr(t, line);
     }
-    if (t.size() > AdrConstMax) {
+    if (t.size() > cs->LabelMax) {
         cs->Error(line, AddressMsg.StartTooLong, {t, t.size()});
         return 1;
     }

@@ -5,8 +5,6 @@
 
 namespace tolvane {
 
-inline constexpr int AdrConstMax = 8; // characters of a name
-
 // Checks operand n of a line and sets second_word. 0, or a negative value with an Error.
 template <class Ch> int CkAdrConst20(int line, int n);
 // Checks the operand of a program's START and sets the words of its line. 0, or 1 with an Error.

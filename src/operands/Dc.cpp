@@ -12,8 +12,6 @@ namespace tolvane {
 
 namespace {
 
-constexpr std::size_t HexDigits = 4;
-
 // Behind the character at i, or behind the whole character constant that opens there.
 template <class Ch> std::size_t NextUnit(View<Ch> text, std::size_t i) {
     if (text[i] != Ch('\'')) return i + 1;
@@ -94,7 +92,7 @@ template <class Ch> void CkDecConst(Place place, View<Ch> text) {
 // nothing has the name.
 template <class Ch> bool CkLabelConst(Place place, View<Ch> text) {
     if (!std::all_of(text.begin(), text.end(), IsLabelChar<Ch>)) cs->Error(place, DcMsg.LabelBadChar, {text});
-    if (text.size() > AdrConstMax) cs->Error(place, DcMsg.LabelTooLong, {text, text.size()});
+    if (text.size() > cs->LabelMax) cs->Error(place, DcMsg.LabelTooLong, {text, text.size()});
     SrcData<Ch>& src = LineAt<Ch>(place.line);
     if (const int other = FindOtherProgram(src.PrgNr, text); other >= 0) {
         PrgAt<Ch>(other).fCalled = true;

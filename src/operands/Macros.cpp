@@ -106,7 +106,7 @@ template <class Ch> int MacroIN(int line, int n) {
     if (!IsUpper(s.front())) return 0; // left for InOut1 to report
 
     if (CkMozi(s) > 0) cs->Error(line, MacroMsg.BadCharacter, {s});
-    if (s.size() > static_cast<std::size_t>(cs->LabelMax)) {
+    if (s.size() > cs->LabelMax) {
         cs->Error(line, MacroMsg.TooLong, {s, s.size()});
         return 1;
     }

@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::int64_t CellMin = std::numeric_limits<std::int32_t>::min();
 constexpr std::int64_t CellMax = std::numeric_limits<std::int32_t>::max();
-constexpr std::size_t HexDigits = 4;
 
 // The value of a digit of base 16, -1 for another character. Small letters are read, too: that they are no digits of
 // the language has been told by then.

@@ -7,6 +7,8 @@
 
 namespace tolvane {
 
+inline constexpr std::size_t HexDigits = 4; // of a hexadecimal constant
+
 // A word takes the values from WordMin to WordMax; of any other the low 16 bits are stored.
 inline constexpr int WordMin = -32768;
 inline constexpr int WordMax = 32767;

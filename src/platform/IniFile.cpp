@@ -2,6 +2,7 @@
 
 #include "platform/Descriptor.h"
 #include "platform/Files.h"
+#include "text/Convert.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -19,7 +20,6 @@ namespace tolvane::platform {
 namespace {
 
 constexpr int ValueLimit = 255; // characters
-constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view Blanks = " \t\r\n";
 
 std::string_view Trim(std::string_view text) {
@@ -50,7 +50,7 @@ std::vector<std::string> LinesOf(const std::string& text) {
 // A line without the byte-order mark that an editor may have put in front of the first one.
 std::string_view LineText(const std::vector<std::string>& lines, std::size_t i) {
     std::string_view text = lines[i];
-    if (i == 0 && text.starts_with(Utf8Mark)) text.remove_prefix(Utf8Mark.size());
+    if (i == 0) text = WithoutUtf8Mark(text);
     return text;
 }
 

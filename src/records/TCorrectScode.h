@@ -8,7 +8,7 @@ namespace tolvane {
 
 class TCorrectScode : public TMsgBase {
 public:
-    std::int32_t LabelMax = 8;
+    static constexpr std::size_t LabelMax = 8;
 
     // Of the operand that was last looked at: 1 if it ended in a comma. Starts at 0 in every assembly.
     std::int8_t CommaAriFlag = 0;

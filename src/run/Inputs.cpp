@@ -19,8 +19,6 @@ namespace tolvane::run {
 
 namespace {
 
-constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
-
 std::string SystemMessage() {
     return std::system_category().message(errno);
 }
@@ -58,8 +56,7 @@ StandardInputFile::~StandardInputFile() {
 }
 
 InputLines::InputLines(const std::string& bytes) {
-    std::string_view text = bytes;
-    if (text.starts_with(Utf8Mark)) text.remove_prefix(Utf8Mark.size());
+    const std::string_view text = WithoutUtf8Mark(bytes);
     const auto wide = WideUtf8(text);
     rest = wide ? *wide : Wide932(text);
 }

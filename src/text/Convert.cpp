@@ -126,9 +126,6 @@ const Tables& Table() {
     return table;
 }
 
-bool IsHighSurrogate(char16_t unit) {
-    return 0xD800 <= unit && unit <= 0xDBFF;
-}
 bool IsLowSurrogate(char16_t unit) {
     return 0xDC00 <= unit && unit <= 0xDFFF;
 }

@@ -24,6 +24,16 @@ bool IsValid932(std::string_view bytes);
 // UTF-16 to code page 932. What has no place there becomes "?", a pair of surrogates one "?".
 std::string Narrow932(std::u16string_view wide);
 
+// The first unit of a pair of surrogates.
+constexpr bool IsHighSurrogate(char16_t unit) {
+    return 0xD800 <= unit && unit <= 0xDBFF;
+}
+
+// The byte-order mark of UTF-8; a text without it.
+inline constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view WithoutUtf8Mark(std::string_view text) {
+    return text.starts_with(Utf8Mark) ? text.substr(Utf8Mark.size()) : text;
+}
 // Bytes of the valid UTF-8 character that begins at i; 0 if none does (overlong forms and surrogates are not valid).
 std::size_t Utf8Length(std::string_view utf8, std::size_t i);
 // UTF-8 to UTF-16, strictly: nothing if the text is not valid.
