@@ -29,7 +29,9 @@ std::string Marked(const std::string& text, const char* mark) {
 }
 
 std::string RunCommand(const std::string& command, const fs::path& folder) {
-    const std::string environment = "LC_ALL=C.UTF-8 PATH=" + fs::path(TOLVANE_RUN).parent_path().string() + ":$PATH";
+    const std::string environment = "LC_ALL=C.UTF-8 PATH=" + fs::path(TOLVANE_RUN).parent_path().string() + ":$PATH" +
+                                    " EXERCISES=" + fs::path(TOLVANE_TESTS).parent_path().string() +
+                                    "/examples/exercises";
     const std::string outside = "cd " + folder.string() + " && export " + environment + " && ( " + command;
     const int status = std::system((outside + "\n) </dev/null >.out 2>.err").c_str());
     return Marked(ReadFile(folder / ".out"), ">") + Marked(ReadFile(folder / ".err"), "!") + "= " +
