@@ -1,6 +1,6 @@
 // What is typed never does more than it says: names, commands and files of every kind.
 
-#include "TextTools.h"
+#include "InFolder.h"
 #include "input/InputMsgs.h"
 #include "input/Readers.h"
 #include "messages/TMsgStore.h"
@@ -12,49 +12,29 @@
 
 #include <csignal>
 #include <fcntl.h>
-#include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
-namespace tolvane {
+namespace tolvane::tests {
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::string_literals;
-using tests::ReadFile;
-using tests::WriteFile;
 
-// A test in a folder of its own, which is the working directory.
-class Trust : public testing::Test {
-protected:
-    const fs::path before = fs::current_path();
-    const fs::path folder = fs::temp_directory_path() / ("tolvane-trust-" + std::to_string(getpid()));
-
-    void SetUp() override {
-        fs::create_directories(folder);
-        fs::current_path(folder);
-    }
-    void TearDown() override {
-        fs::current_path(before);
-        fs::remove_all(folder);
-    }
-};
+class Trust : public InFolder {};
 
 TEST_F(Trust, AFileIsReplacedWhenTheNewOneIsWhole) {
     using platform::FileWriter;
     const std::string big(1 << 16, 'x');
-    WriteFile(folder / "old", "old");
+    WriteFile("old", "old");
     fs::create_symlink("old", "link");
     mkfifo("fifo", 0600);
     fs::create_directory("folder");
 
     FileWriter("old").Write("given up");
-    EXPECT_EQ(ReadFile(folder / "old"), "old");
+    EXPECT_EQ(ReadFile("old"), "old");
     for (const char* none : {"fifo", "folder", "/dev/full", "", "no/such/folder"})
         EXPECT_TRUE(FileWriter(none).Close().has_value()) << none;
 
@@ -67,15 +47,15 @@ TEST_F(Trust, AFileIsReplacedWhenTheNewOneIsWhole) {
     unfinished.Write(big);
     EXPECT_TRUE(unfinished.Close().has_value());
     setrlimit(RLIMIT_FSIZE, &limit);
-    EXPECT_EQ(ReadFile(folder / "old"), "old");
+    EXPECT_EQ(ReadFile("old"), "old");
 
-    WriteFile(folder / "old.new", "of a run that was cut off");
+    WriteFile("old.new", "of a run that was cut off");
     FileWriter whole("link");
     whole.Write(big);
     EXPECT_FALSE(whole.Close().has_value());
-    EXPECT_EQ(ReadFile(folder / "old"), big);
+    EXPECT_EQ(ReadFile("old"), big);
     EXPECT_TRUE(fs::is_symlink("link"));
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 4) << "left over";
+    EXPECT_EQ(Things(), 4) << "left over";
 }
 
 TEST_F(Trust, ANameIsNeverShellSyntax) {
@@ -150,4 +130,4 @@ TEST_F(Trust, OnlyFilesAreWritten) {
 
 } // namespace
 
-} // namespace tolvane
+} // namespace tolvane::tests
