@@ -4,9 +4,7 @@
 
 #include "InFolder.h"
 
-#include <csignal>
 #include <fstream>
-#include <sys/wait.h>
 
 namespace tolvane::tests {
 
@@ -119,28 +117,6 @@ TEST_F(Settings, EveryValueSurvivesARestart) {
           std::string("\"\""), std::string("'"), std::string(" x "), std::string("n\rl")}) {
         PutLang(value);
         EXPECT_EQ(Lang(), value) << ReadFile(File);
-    }
-}
-
-// A program is killed at some moment of writing, again and again.
-TEST_F(Settings, TheFileIsOldOrNewAndWhole) {
-    const auto save = [](const std::string& value) {
-        PutLang(value);
-        return ReadFile(File);
-    };
-    const std::string newer = save(std::string(200, 'x'));
-    const std::string older = save("short");
-    for (useconds_t moment = 0; moment < 3000; moment += 200) {
-        const pid_t child = fork();
-        while (child == 0) {
-            save(std::string(200, 'x'));
-            save("short");
-        }
-        usleep(moment);
-        kill(child, SIGKILL);
-        waitpid(child, nullptr, 0);
-        const std::string found = ReadFile(File);
-        EXPECT_TRUE(found == older || found == newer) << found;
     }
 }
 

@@ -129,23 +129,6 @@ TEST(Machine, OperationsTakeWordsAndStoreCells) {
     }
 }
 
-TEST(Machine, JumpsLookAtFlagsAndLeaveThem) {
-    for (const auto& [o, s, z] : {std::array{0, 0, 0}, {0, 1, 0}, {0, 0, 1}, {1, 0, 0}, {1, 1, 0}, {1, 0, 1}}) {
-        const bool taken[] = {s == 1, z == 0, z == 1, true, s + z == 0, o == 1}; // JMI to JOV
-        for (int code = 0x61; code <= 0x66; ++code) {
-            SCOPED_TRACE(testing::Message() << std::hex << code << " " << o << s << z);
-            Machine m({code << 8 | 0x03, Far - 7, Ret}, {0, 0, 0, High | 7});
-            m->Memory[Far] = Ret;
-            m->Fovf = o;
-            m->Fsign = s;
-            m->Fzero = z;
-            m.Run();
-            EXPECT_EQ((std::array{m->PR, m->Fovf, m->Fsign, m->Fzero}),
-                      (std::array{taken[code - 0x61] ? Far : 2, o, s, z}));
-        }
-    }
-}
-
 TEST(Machine, AddressesAndStores) {
     Machine m({0x1213, 0xFFFF, 0x1220, 5, 0x1140, 0xFFFF, 0x1145, Far, 0x1170, 10, 0x7FFF, 42, Ret},
               {99, 0, 0, -1, -2, High | 1, 0, 0x1260});
@@ -239,11 +222,6 @@ TEST(Machine, MemoryOperandsReachTheLastAddress) {
             EXPECT_EQ(stops->FaultAddress(Stop::OperandBeyondMemory), 0);
         }
     }
-    Machine m({0x6400, 3, 0, 0x1012, 64999}, {0, 0, 2}); // the words are told, the cell by the address word alone
-    m->Memory[64999] = -2;
-    m.Run();
-    EXPECT_EQ(m.told.at(1).numbers, (std::vector<long long>{3, 3, 0x1012, 4, 4, 64999}));
-    EXPECT_EQ(m.told.at(2).numbers, (std::vector<long long>{-537, 0xFFFE, -2}));
 }
 
 TEST(Machine, StoresBehindTheImage) {
@@ -269,107 +247,73 @@ TEST(Machine, StoresBehindTheImage) {
     }
 }
 
-TEST(Machine, Out) {
-    struct Case {
-        std::vector<int> words;
-        int length;
-        const char* text;
-        int at = Far;
-        const char* pipeline = "NWW";
-    };
-    const Case cases[] = {
-        {{'A', 0x65E5, -65536 | 'B', 7, '\n'}, 5, "A日B\a\n\n"},
-        {{0xD842, 0xDFB7, 0xDFB7, 0xD842}, 4, "𠮷\uFFFD\uFFFD\n"},
-        {{'A'}, -5, "\n"},
-        {{'x', 'y', 'z'}, 0x7FFFFFFF, "xy\n", 65534},
-        {{0x93, 0xFA, 0xB1, 0x65E5, 0x93, 0x65E5}, 6, "日ｱ日・日\n", Far, "NA"}, // bytes are joined, a unit is one
-    };
-    for (const Case& c : cases) {
-        Machine m({0xF003, 0xFFFF, Ret}, {0, High | c.at, High | 8, 3}, c.pipeline); // service 2 by its index
-        std::copy(c.words.begin(), c.words.end(), m->Memory.begin() + c.at);
-        m->Memory[8] = c.length;
-        m.Run();
-        EXPECT_EQ(m.written, c.text);
-    }
+TEST(Machine, OutStopsAtTheLastAddress) {
+    Machine m({0xF003, 0xFFFF, Ret}, {0, High | 65534, High | 8, 3}); // service 2 by its index
+    m->Memory[65534] = -65536 | 'x';
+    m->Memory[65535] = m->Memory[65536] = 0x65E5;
+    m->Memory[8] = 0x7FFFFFFF;
+    m.Run();
+    EXPECT_EQ(m.written, "x日\n");
 }
 
-TEST(Machine, In) {
-    struct Case {
-        std::string typed;
-        int length;
-        int first;
-        std::size_t valid = 9999;
-    };
-    const Case cases[] = {
-        {"", 0, 9},
-        {"日𠮷", 3, 0x65E5},
+TEST(Machine, InStoresWhatFits) {
+    const std::string wide = Utf8(TextW(127, u'日'));
+    const std::tuple<std::string, int, int> cases[] = {
         {std::string("a\0b", 3), 1, 'a'},
-        {"a\xFF", 0, 9, 1},
-        {std::string(256, 'x') + "\xFF", 256, 'x', 256}, // what does not count may be anything
-        {"x" + Utf8(TextW(128, u'日')), 128, 'x'},       // two bytes each, none cut in half
-        {Utf8(TextW(129, u'é')), 128, u'é'},
-        {Utf8(TextW(127, u'日')) + "x𠮷", 128, 0x65E5},
+        {std::string(256, 'x') + "\xFF", 256, 'x'}, // what does not count may be anything
+        {Utf8(TextW(129, u'é')), 128, u'é'},        // two bytes each
+        {wide + "𠮷x", 129, 0x65E5},                // none is cut in half
+        {wide + "x𠮷", 128, 0x65E5},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.typed);
+    for (const auto& [typed, length, first] : cases) {
         Machine m({0xF000, 1, Ret}, {0, High | Far, High | (Far - 1)});
-        m->Memory[Far] = m->Memory[Far + 256] = 9;
-        m.typed = {{c.typed, std::min(c.valid, c.typed.size())}};
+        m->Memory[Far + 256] = 9;
+        m.typed = {{typed, std::min<std::size_t>(typed.size(), typed.ends_with("\xFF") ? 256 : 999)}};
         m.Run();
         EXPECT_EQ((std::array{m->Memory[Far - 1], m->Memory[Far], m->Memory[Far + 256]}),
-                  (std::array{c.length, c.first, 9}));
-        EXPECT_EQ(!m.told.empty(), c.valid == 1) << "the row InNotConverted";
+                  (std::array{length, first, 9}));
+        EXPECT_EQ(m.told, std::vector<Told>{});
     }
     Machine edge({0xF000, 1, Ret}, {0, 65535, Far});
     edge.typed = {{"ab", 2}};
-    edge.Run();
-    EXPECT_EQ((std::array{edge->Memory[65535], edge->Memory[65536], edge->Memory[Far]}), (std::array{'a' + 0, 0, 2}));
+    std::string written;
+    edge.Run(0, [&](const Step& step) {
+        for (const Step::Stretch& stretch : step.written)
+            written += std::to_string(stretch.first) + "+" + std::to_string(stretch.cells) + " ";
+    });
+    EXPECT_EQ((std::array{edge->Memory[65535], edge->Memory[65536], edge->Memory[Far]}), (std::array{97, 0, 2}));
+    EXPECT_EQ(written, "4096+1 65535+1 0+0 0+0 ") << "of IN and RET, as a trace shows them";
 
     Machine endless({0x1210, 30, 0x1220, 20, 0xF000, 1, 0x6400, 4}); // IN, JUMP back
     endless.typed = {{"a", 1}, {"b", 1}};
     EXPECT_EQ(endless.Run(1'000'000), Stop::InputEnded);
     EXPECT_EQ(endless.reads, 1002U);
-    EXPECT_EQ(endless->PR, 4);
 }
 
-TEST(Machine, LimitCountsInstructions) {
-    const std::vector<int> endless = {0x1210, 1, 0x6400, 0}; // LAD, JUMP
-    const std::vector<int> three = {0x1210, 1, 0x1220, 2, Ret};
-    for (const auto& [words, limit, stop, pr] :
-         {std::tuple{endless, 7, Stop::LimitReached, 2}, {three, 2, Stop::LimitReached, 4}, {three, 3, Stop::End, 4}}) {
-        Machine m(words);
-        std::vector<int> traced;
-        EXPECT_EQ(m.Run(limit), stop);
-        EXPECT_EQ(m->PR, pr) << "the instruction that was not executed";
-        Machine again(words);
-        EXPECT_EQ(again.Run(limit, [&](const Step& step) { traced.push_back(step.before.PR); }), stop);
-        EXPECT_EQ(std::ssize(traced), limit);
-    }
-}
-
-TEST(Machine, TraceShowsEachInstruction) {
-    // LAD GR2,3; ST GR2,20,GR2; CALL 10; SVC 1; RET; 10: SUBA GR3,GR3; RET
-    Machine m({0x1220, 3, 0x1122, 20, 0x8000, 10, 0xF000, 1, Ret, 0, 0x2533, Ret}, {999, 30});
-    m.typed = {{"ab", 2}};
-    std::string trace;
-    const auto observe = [&](const Step& step) {
-        trace += std::to_string(step.before.PR) + ">" + std::to_string(m->PR);
-        for (std::size_t r = 0; r < 8; ++r)
-            if (m->GR[r] != step.before.GR[r]) trace += " GR" + std::to_string(r);
-        if (m->Fzero != step.before.Fzero) trace += " Z";
-        if (m->SP != step.before.SP) trace += " SP";
-        for (const Step::Stretch& stretch : step.written)
-            if (stretch.cells > 0) trace += " " + std::to_string(stretch.first) + "+" + std::to_string(stretch.cells);
-        trace += "; ";
+TEST(Machine, LimitsCountInstructionsAndTracesShowThem) {
+    struct Case {
+        std::vector<int> words;
+        int limit;
+        Stop stop;
+        int pr;
+        int traced;
     };
-    EXPECT_EQ(m.Run(0, observe), Stop::End);
-    EXPECT_EQ(trace, "0>2 GR2; 2>4 23+1; 4>10 SP; 10>11 Z; 11>6 SP; 6>8 3+1 30+2; 8>8; ");
-
-    // An instruction behind which PR cannot go on has been executed; one that is refused has not.
-    int steps = 0;
-    EXPECT_EQ(Machine({0x6400, 65001}).Run(9, [&](const Step&) { ++steps; }), Stop::PrBeyondMemory);
-    EXPECT_EQ(Machine({0x1289}).Run(9, [&](const Step&) { steps += 9; }), Stop::BadRegister);
-    EXPECT_EQ(steps, 1);
+    const Case cases[] = {
+        {{0x1210, 1, 0x6400, 0}, 7, Stop::LimitReached, 2, 7}, // PR is at what was not executed
+        {{0x1210, 1, 0x1220, 2, Ret}, 2, Stop::LimitReached, 4, 2},
+        {{0x1210, 1, 0x1220, 2, Ret}, 3, Stop::End, 4, 3},
+        {{0x6400, 65001}, 9, Stop::PrBeyondMemory, 65001, 1}, // it has been executed,
+        {{0x1289}, 9, Stop::BadRegister, 0, 0},               // but one that is refused has not
+    };
+    for (const Case& c : cases) {
+        int traced = 0;
+        for (const Observer& observe : {Observer(), Observer([&](const Step&) { ++traced; })}) {
+            Machine m(c.words);
+            EXPECT_EQ(m.Run(c.limit, observe), c.stop);
+            EXPECT_EQ(m->PR, c.pr);
+        }
+        EXPECT_EQ(traced, c.traced);
+    }
 }
 
 } // namespace tolvane::tests

@@ -4,7 +4,6 @@
 #include "input/Readers.h"
 
 #include "InFolder.h"
-#include "input/InputMsgs.h"
 #include "input/TMoziCode.h"
 #include "messages/TMsgStore.h"
 #include "platform/Console.h"
@@ -123,7 +122,13 @@ TEST_F(Readers, LinesOfEveryPipeline) {
         EXPECT_EQ(Lines("\x93\xFA\x85\x40\n\x81"), "[日・][・]");
         EXPECT_EQ(Lines("日ｱ①\n本\n"), "[日ｱ①][本]");
         EXPECT_EQ(Lines("\xEF\xBB\xBF\n日"), "[][日]");
+        EXPECT_EQ(Lines("A\0B\n日本"s), "[A\0B][日本]"s);
+        // A line of wide Shift_JIS ends at its first zero.
+        EXPECT_EQ(Lines("A\0\x93\xFA\nC"s), modeFlags->Pipe->reader == Reader::Wide ? "[A][C]"s : "[A\0日][C]"s);
+        for (const std::string& none : {""s, "."s, "none"s, "/dev/zero"s})
+            EXPECT_EQ(ReadSource(none), 1);
     }
+    EXPECT_EQ(po->ErrorKazu, 0);
 }
 
 TEST_F(Readers, Utf16) {
@@ -140,34 +145,19 @@ TEST_F(Readers, Utf16) {
     }
 }
 
-TEST_F(Readers, WhatIsNoText) {
-    EXPECT_EQ(Lines("A\0B\n\0\n日本"s), "[A\0B][\0][日本]"s);
-    EXPECT_EQ(Lines("A\0B\nC"s), "[A][C]"); // a line of Shift_JIS ends at its first zero
-    for (const char* pipeline : {"NWW", "NaW", "NA", "NH"}) {
-        modeFlags->Pipe = FindPipeline(pipeline);
-        for (const std::string& bad : {""s, "."s, "none"s, "/dev/zero"s})
-            EXPECT_EQ(ReadSource(bad), 1);
-    }
-    EXPECT_EQ(Lines("A\0B\nC"s), "[A\0B][C]"s);
-    EXPECT_EQ(po->ErrorKazu, 0);
-}
-
 TEST_F(Readers, LimitsOfTheArrayReader) {
     modeFlags->Pipe = FindPipeline("NH");
     const std::string row(80, 'x');
-    const std::string shorter = row.substr(1); // 日 would be cut in half
-    EXPECT_EQ(Lines(row + "\n" + shorter + "日\n"), "[" + row + "][" + shorter + "]");
-    EXPECT_EQ(Lines(Utf8(TextW(40, u'日')) + "\r\n"), "[" + Utf8(TextW(40, u'日')) + "]"); // as Shift_JIS
-    EXPECT_EQ(Lines(row + "\n" + row + "y\n" + row + "yz"), "[" + row + "][" + row + "][" + row + "]");
-    EXPECT_EQ(po->WarningKazu, 2) << "of each file's first line that is too long";
-    EXPECT_EQ(store->Records.back().row, &InputMsg.LongLine);
-    EXPECT_EQ(store->Records.back().place.line, 1);
-    std::string lines;
-    while (lines.size() < 2 * 310)
-        lines += "A\n";
-    EXPECT_EQ(Lines(lines).size(), 3U * 310);
-    EXPECT_EQ(Lines(lines + "B"), "not read");
-    EXPECT_EQ(store->Records.back().row, &InputMsg.TooManyLines);
+    const std::string half = row.substr(1) + "日"; // its second byte is the 81st
+    const std::string kanji = Utf8(TextW(40, u'日'));
+    EXPECT_EQ(Lines(row + "\n" + kanji + "\r\n" + half + "\n" + row + "yz"),
+              "[" + row + "][" + kanji + "][" + row.substr(1) + "][" + row + "]");
+    EXPECT_EQ(po->WarningKazu, 1) << "of the first line that is too long";
+    EXPECT_EQ(store->Records.back().place.line, 2);
+    std::string most;
+    while (most.size() < 2 * 310)
+        most += "A\n";
+    EXPECT_EQ(Lines(most).size(), 3U * 310); // the transcripts have one more
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "messages/TMsgStore.h"
 #include "platform/Commands.h"
 #include "platform/Console.h"
+#include "platform/Descriptor.h"
 #include "platform/FileWriter.h"
 #include "platform/Files.h"
 #include "records/Records.h"
@@ -35,8 +36,11 @@ TEST_F(Trust, AFileIsReplacedWhenTheNewOneIsWhole) {
 
     FileWriter("old").Write("given up");
     EXPECT_EQ(ReadFile("old"), "old");
-    for (const char* none : {"fifo", "folder", "/dev/full", "", "no/such/folder"})
+    const platform::Descriptor reader(open("fifo", O_RDONLY | O_NONBLOCK | O_CLOEXEC)); // it would take bytes
+    for (const char* none : {"fifo", "folder", "/dev/full", "", "no/such/folder"}) {
         EXPECT_TRUE(FileWriter(none).Close().has_value()) << none;
+        EXPECT_TRUE(platform::WriteFile(none, "x").has_value()) << none;
+    }
 
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit limit{};
@@ -54,6 +58,8 @@ TEST_F(Trust, AFileIsReplacedWhenTheNewOneIsWhole) {
     whole.Write(big);
     EXPECT_FALSE(whole.Close().has_value());
     EXPECT_EQ(ReadFile("old"), big);
+    EXPECT_FALSE(platform::WriteFile("link", "x").has_value());
+    EXPECT_EQ(ReadFile("old"), "x");
     EXPECT_TRUE(fs::is_symlink("link"));
     EXPECT_EQ(Things(), 4) << "left over";
 }
@@ -114,18 +120,6 @@ TEST_F(Trust, MemoryThatIsRefusedEndsTheReadingOnly) {
     int status = -1;
     waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
-}
-
-TEST_F(Trust, OnlyFilesAreWritten) {
-    ASSERT_EQ(mkfifo("pipe", 0600), 0);
-    for (int readers = 0; readers < 2; ++readers) {
-        EXPECT_TRUE(platform::WriteFile("pipe", "x").has_value());
-        ASSERT_GE(open("pipe", O_RDONLY | O_NONBLOCK | O_CLOEXEC), 0); // from now on it would take the bytes
-    }
-    EXPECT_TRUE(platform::WriteFile("/dev/null", "x").has_value());
-    fs::create_symlink("target", "link");
-    EXPECT_FALSE(platform::WriteFile("link", "x").has_value());
-    EXPECT_EQ(ReadFile("target"), "x");
 }
 
 } // namespace
