@@ -1,9 +1,10 @@
 // The catalogues of all rooms, row by row: both languages, the same arguments in both, sound tags, variants that make
-// a difference, and a book or a transcript in which the row appears.
+// a difference, and a book or a transcript in which the row appears. And the console lines of a record.
 
 #include "Assemble.h"
 #include "BookTest.h"
 #include "TextTools.h"
+#include "lines/LinesMsgs.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -122,6 +123,25 @@ TEST(Catalogue, EveryRowIsReached) {
         if (!shown && told.count(NameOf(*msg)) == 0) unreached.insert(NameOf(*msg));
     }
     ExpectListed(unreached, "unreached.txt");
+}
+
+TEST(Messages, OnlyTheRowsOwnBreaksPartTheLinesOfARecord) {
+    const TextW source = u"E\n\nEND ; text of UTF-16 may hold a line feed";
+    const MsgRec& record = store->Append(Severity::Error, 2, LinesMsg.EndWithLabel, {source}, true, true);
+    const std::vector<std::string> lines = record.Lines();
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_NE(lines[0].find("E\n\nEND"), std::string::npos);
+    EXPECT_EQ(lines[2], "It is of no use. ");
+    store->ClearMsgStore();
+}
+
+TEST(Messages, ControlCharactersOfTextsAreShownOnATerminalAlone) {
+    const KeptArg text{ViewA("a\x1B[1m\t\x7F\n")};
+    for (const bool forTerminal : {false, true}) {
+        std::string out;
+        Compose(out, "{0}\n", {1, WordingNWW, Severity::Error, NoLine, {&text, 1}, forTerminal});
+        EXPECT_EQ(out, forTerminal ? "a^[[1m\t^?^J\n" : "a\x1B[1m\t\x7F\n\n");
+    }
 }
 
 } // namespace tolvane::tests

@@ -112,9 +112,10 @@ TEST_F(Settings, EveryValueSurvivesARestart) {
     std::string wide;
     while (wide.size() < 255 * 3)
         wide += "日";
-    for (const std::string& value :
-         {wide, "a\\\\" + wide.substr(6), std::string("\"my file\""), std::string("\"it's\""), std::string("'a \"b\"'"),
-          std::string("\"\""), std::string("'"), std::string(" x "), std::string("n\rl")}) {
+    std::vector<std::string> values = {wide, "a\\\\" + wide.substr(6)};
+    for (const char* value : {"\"my file\"", "\"it's\"", "'a \"b\"'", "\"\"", "'", " x ", "n\rl"})
+        values.emplace_back(value);
+    for (const std::string& value : values) {
         PutLang(value);
         EXPECT_EQ(Lang(), value) << ReadFile(File);
     }
