@@ -16,16 +16,16 @@ class DumpTest : public testing::Test {
 protected:
     std::unique_ptr<Tcomet2> machine = std::make_unique<Tcomet2>();
 
-    void SetUp() override { b->Reset(); }
-    void TearDown() override {
+    DumpTest() { b->Reset(); }
+    ~DumpTest() override {
         b->Reset();
         modeFlags->Pipe = &DefaultPipeline();
         modeFlags->Lang = 1;
     }
     template <class Ch> static void AddLine(int address, const char* label) {
-        b->Src<Ch>().emplace_back();
-        b->Src<Ch>().back().AbAdr = address;
-        b->Src<Ch>().back().strLabel = b->Keep<Ch>(Lit<Ch>(label));
+        SrcData<Ch>& line = b->Src<Ch>().emplace_back();
+        line.AbAdr = address;
+        line.strLabel = b->Keep<Ch>(Lit<Ch>(label));
     }
     // The lines that begin with a text, in the dump's order and without it.
     std::vector<std::string> Rows(const std::string& begin) const {
@@ -57,13 +57,10 @@ TEST_F(DumpTest, LabelsOfOneAddressAreJoinedAndWidenTheColumn) {
         const char* label;   // joined with AB at address 0
         const char* rows[3]; // the head, an address with labels, one without
     };
-    const Case cases[] = {
-        {"WP", "CD", {"  Label Char", "    0: AB CD:", "    1:      :"}},
-        {"WP", "CDEFGHIJ", {"     Label   Char", "    0: AB CDEFGHIJ:", "    1:            :"}},
-        {"AP", "CDEFGHIJ", {"Label Char", "AB CDEFGHIJ:", "    1:      :"}},
-        {"AP", "CDEFGHIJK", {"Label   Char", " AB CDEFGHIJK:", "    1:        :"}},
-    };
-    for (const Case& c : cases) {
+    for (const Case& c : {Case{"WP", "CD", {"  Label Char", "    0: AB CD:", "    1:      :"}},
+                          {"WP", "CDEFGHIJ", {"     Label   Char", "    0: AB CDEFGHIJ:", "    1:            :"}},
+                          {"AP", "CDEFGHIJ", {"Label Char", "AB CDEFGHIJ:", "    1:      :"}},
+                          {"AP", "CDEFGHIJK", {"Label   Char", " AB CDEFGHIJK:", "    1:        :"}}}) {
         modeFlags->Pipe = FindPipeline(c.pipeline);
         b->Reset();
         machine->ReservedWords = 1;

@@ -17,11 +17,11 @@ protected:
     const fs::path before = fs::current_path();
     const fs::path folder = fs::temp_directory_path() / ("tolvane-test-" + std::to_string(getpid()));
 
-    void SetUp() override {
+    InFolder() {
         fs::create_directories(folder);
         fs::current_path(folder);
     }
-    void TearDown() override {
+    ~InFolder() override {
         fs::current_path(before);
         fs::remove_all(folder);
     }

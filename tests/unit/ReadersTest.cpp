@@ -21,15 +21,13 @@ class Readers : public InFolder {
 protected:
     std::string console;
 
-    void SetUp() override {
-        InFolder::SetUp();
+    Readers() {
         Clear();
         console::WriteTo(&console);
     }
-    void TearDown() override {
+    ~Readers() override {
         console::WriteTo(nullptr);
         Clear();
-        InFolder::TearDown();
     }
     static void Clear() {
         modeFlags->Pipe = &DefaultPipeline();
@@ -83,12 +81,9 @@ TEST_F(Readers, Paths) {
     // The system's side of it
     EXPECT_EQ(platform::SystemPath("\"C\\\\my dir\\a.txt\""), "C/my dir/a.txt");
     EXPECT_EQ(platform::SystemPath("a\"b"), "a\"b");
-    std::string odd = "日 本\xFF.txt"; // the name of a file is bytes
-    WriteFile(odd, "x");
-    for (const std::string& none : {"."s, ""s, "/dev/zero"s, odd + '\0'})
+    WriteFile("source", "");
+    for (const std::string& none : {"."s, ""s, "/dev/zero"s, "source\0"s})
         EXPECT_FALSE(platform::IsFileThere(none));
-    EditFilePath(odd);
-    EXPECT_TRUE(platform::IsFileThere(odd));
 }
 
 // The transcripts have the marks.
