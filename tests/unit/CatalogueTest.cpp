@@ -1,18 +1,17 @@
 // The catalogues of all rooms, row by row: both languages, the same arguments in both, sound tags, variants that make
-// a difference, and a book or a transcript in which the row appears.
+// a difference, and a book or a transcript in which the row appears. And the console lines of a record.
 
 #include "Assemble.h"
 #include "BookTest.h"
+#include "TextTools.h"
+#include "lines/LinesMsgs.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <regex>
 #include <set>
-#include <sstream>
 #include <string>
-#include <vector>
 
 namespace tolvane::tests {
 
@@ -32,69 +31,55 @@ std::string WithoutTags(const std::string& text) {
 std::set<char> ArgumentsOf(const std::string& text) {
     std::set<char> numbers;
     for (std::size_t i = text.find('{'); i < text.size(); i = text.find('{', i + 1))
-        if ('0' <= text[i + 1] && text[i + 1] <= '9') numbers.insert(text[i + 1]);
+        if (std::isdigit(static_cast<unsigned char>(text[i + 1])) != 0) numbers.insert(text[i + 1]);
     return numbers;
 }
 
 // What a row is known by: its longest literal stretch, without blanks at its ends.
 std::string StretchOf(const std::string& text) {
     std::string longest;
-    std::istringstream in(WithoutTags(text));
-    for (std::string stretch; std::getline(in, stretch);) {
-        stretch.erase(0, std::min(stretch.find_first_not_of(" \t"), stretch.size()));
-        stretch.erase(stretch.find_last_not_of(" \t") + 1);
+    for (std::string stretch : Lines(WithoutTags(text))) {
+        stretch.erase(0, std::min(stretch.find_first_not_of(" \t\n"), stretch.size()));
+        stretch.erase(stretch.find_last_not_of(" \t\n") + 1);
         if (stretch.size() > longest.size()) longest = stretch;
     }
     return longest;
 }
 
-std::string ReadText(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
 std::string AllTranscripts() {
-    std::string all = ReadText(Tests / "run" / "session.txt");
-    for (const auto& entry : fs::recursive_directory_iterator(Tests / "transcripts"))
-        if (entry.is_regular_file() && entry.path().extension() == ".txt") all += ReadText(entry.path());
+    std::string all = ReadFile(Tests / "run" / "session.txt");
+    for (const auto& entry : fs::directory_iterator(Tests / "transcripts"))
+        all += ReadFile(entry.path());
     return all;
 }
 
-// The names of rows must be those of a list: lines of a name, a tab and the reason why the row is there.
+// The names of rows must be those of a list.
 void ExpectListed(const std::set<std::string>& rows, const char* list) {
-    std::istringstream in(ReadText(Tests / list));
     std::set<std::string> listed;
-    for (std::string line; std::getline(in, line);) {
-        if (line.starts_with("#")) continue;
-        const std::size_t tab = line.find('\t');
-        EXPECT_LT(tab, line.size() - 1) << "no reason: " << line;
-        listed.insert(line.substr(0, tab));
+    for (const auto& [row, reason] : ReadReasons(Tests / list)) {
+        EXPECT_NE(reason, "") << row;
+        listed.insert(row);
     }
-    for (const std::string& row : rows)
-        EXPECT_EQ(listed.count(row), 1U) << row << " is not in " << list;
-    for (const std::string& row : listed)
-        EXPECT_EQ(rows.count(row), 1U) << row << " is no longer needed in " << list;
+    EXPECT_EQ(rows, listed) << list;
 }
 
 } // namespace
 
-TEST(Catalogue, EveryTextIsThereAndItsTagsAreSound) {
+// Rows whose languages show different arguments are listed in one-sided.txt.
+TEST(Catalogue, TextsAreThereTheirTagsSoundAndTheirArgumentsTheSame) {
+    std::set<std::string> oneSided;
     for (const Msg* msg : AllRows())
-        for (const Wording wording : Wordings)
+        for (const Wording wording : Wordings) {
+            std::set<std::set<char>> arguments;
             for (const int language : {0, 1}) {
                 const char* text = msg->For(language, wording);
                 ASSERT_NE(text, nullptr) << NameOf(*msg);
                 EXPECT_STRNE(text, "") << NameOf(*msg);
                 EXPECT_EQ(WithoutTags(text).find_first_of("{}"), std::string::npos) << NameOf(*msg) << ": " << text;
+                arguments.insert(ArgumentsOf(text));
             }
-}
-
-// Rows whose languages show different things are listed in one-sided.txt.
-TEST(Catalogue, BothLanguagesTakeTheSameArguments) {
-    std::set<std::string> oneSided;
-    for (const Msg* msg : AllRows())
-        for (const Wording wording : Wordings)
-            if (ArgumentsOf(msg->For(0, wording)) != ArgumentsOf(msg->For(1, wording))) oneSided.insert(NameOf(*msg));
+            if (arguments.size() > 1) oneSided.insert(NameOf(*msg));
+        }
     ExpectListed(oneSided, "one-sided.txt");
 }
 
@@ -115,33 +100,44 @@ TEST(Catalogue, EveryVariantMakesADifference) {
 // The dumps before and after a run are announced alike.
 TEST(Catalogue, NoTwoRowsOfACatalogueAreTheSame) {
     std::set<std::string> texts;
-    std::set<std::string> same;
     for (const Msg* msg : AllRows()) {
-        std::string all = NameOf(*msg).substr(0, NameOf(*msg).find('.'));
+        const std::string name = NameOf(*msg);
+        std::string all = name.substr(0, name.find('.'));
         for (const Wording wording : Wordings)
             all += std::string("\n") + msg->For(0, wording) + "\n" + msg->For(1, wording);
-        if (!texts.insert(all).second) same.insert(NameOf(*msg));
+        EXPECT_EQ(texts.insert(all).second, name != "DriverMsg.ResultantDump") << name;
     }
-    EXPECT_EQ(same, std::set<std::string>{"DriverMsg.ResultantDump"});
 }
 
-// A row of the passes over operands must be told in a book; others may appear in a transcript instead, as they are or
-// in a mark. The rest is
-// listed in unreached.txt.
 TEST(Catalogue, EveryRowIsReached) {
     const std::string transcripts = AllTranscripts();
     const std::set<std::string> told = RowsOfBooks();
-    const auto appears = [&](const char* text) {
-        const std::string stretch = StretchOf(text);
-        return stretch.empty() || transcripts.find(stretch) != std::string::npos;
-    };
+    const auto appears = [&](const std::string& text) { return transcripts.find(text) != std::string::npos; };
     std::set<std::string> unreached;
     for (const Msg* msg : AllRows()) {
-        const bool marked = transcripts.find(NameOf(*msg)) != std::string::npos;
-        const bool shown = !msg->ofOperands && (marked || appears(msg->en) || appears(msg->ja));
-        if (!shown && told.count(NameOf(*msg)) == 0) unreached.insert(NameOf(*msg));
+        const bool shown = appears(NameOf(*msg)) || appears(StretchOf(msg->en)) || appears(StretchOf(msg->ja));
+        if ((msg->ofOperands || !shown) && told.count(NameOf(*msg)) == 0) unreached.insert(NameOf(*msg));
     }
     ExpectListed(unreached, "unreached.txt");
+}
+
+TEST(Messages, OnlyTheRowsOwnBreaksPartTheLinesOfARecord) {
+    const TextW source = u"E\n\nEND ; text of UTF-16 may hold a line feed";
+    const MsgRec& record = store->Append(Severity::Error, 2, LinesMsg.EndWithLabel, {source}, true, true);
+    const std::vector<std::string> lines = record.Lines();
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_NE(lines[0].find("E\n\nEND"), std::string::npos);
+    EXPECT_EQ(lines[2], "It is of no use. ");
+    store->ClearMsgStore();
+}
+
+TEST(Messages, ControlCharactersOfTextsAreShownOnATerminalAlone) {
+    const KeptArg text{ViewA("a\x1B[1m\t\x7F\n")};
+    for (const bool forTerminal : {false, true}) {
+        std::string out;
+        Compose(out, "{0}\n", {1, WordingNWW, Severity::Error, NoLine, {&text, 1}, forTerminal});
+        EXPECT_EQ(out, forTerminal ? "a^[[1m\t^?^J\n" : "a\x1B[1m\t\x7F\n\n");
+    }
 }
 
 } // namespace tolvane::tests

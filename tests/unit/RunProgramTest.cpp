@@ -5,19 +5,14 @@
 //   > TEXT         a line of the standard output, ! TEXT one of the standard error
 //   = STATUS
 
-#include "TextTools.h"
+#include "InFolder.h"
 
 #include <cstdlib>
-#include <filesystem>
-#include <gtest/gtest.h>
-#include <string>
 #include <sys/wait.h>
 
 namespace tolvane::tests {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 std::string Marked(const std::string& text, const char* mark) {
     std::string out;
@@ -28,41 +23,40 @@ std::string Marked(const std::string& text, const char* mark) {
     return out;
 }
 
-std::string RunCommand(const std::string& command, const fs::path& folder) {
-    const std::string environment = "LC_ALL=C.UTF-8 PATH=" + fs::path(TOLVANE_RUN).parent_path().string() + ":$PATH" +
-                                    " EXERCISES=" + fs::path(TOLVANE_TESTS).parent_path().string() +
-                                    "/examples/exercises";
-    const std::string outside = "cd " + folder.string() + " && export " + environment + " && ( " + command;
-    const int status = std::system((outside + "\n) </dev/null >.out 2>.err").c_str());
-    return Marked(ReadFile(folder / ".out"), ">") + Marked(ReadFile(folder / ".err"), "!") + "= " +
+std::string RunCommand(const std::string& command) {
+    const std::string exercises = (fs::path(TOLVANE_TESTS).parent_path() / "examples" / "exercises").string();
+    const std::string path = "PATH=" + fs::path(TOLVANE_RUN).parent_path().string() + ":$PATH";
+    const std::string script = "export LC_ALL=C.UTF-8 EXERCISES=" + exercises + " " + path + " && ( " + command +
+                               "\n) </dev/null >.out 2>.err";
+    const int status = std::system(script.c_str());
+    return Marked(ReadFile(".out"), ">") + Marked(ReadFile(".err"), "!") + "= " +
            std::to_string(WIFEXITED(status) ? WEXITSTATUS(status) : -1) + "\n";
 }
 
 // The session as it runs now.
-std::string RunSession(const std::string& expected, const fs::path& folder) {
+std::string RunSession(const std::string& expected) {
     std::string found;
-    fs::path source;
+    std::string source;
     for (const std::string& line : Lines(expected)) {
         const char mark = line[0];
         if (line == "\n") source.clear();
         if (!source.empty()) WriteFile(source, ReadFile(source) + line);
-        if (line.starts_with("@ ")) source = folder / line.substr(2, line.size() - 3);
+        if (line.starts_with("@ ")) source = line.substr(2, line.size() - 3);
         if (!source.empty() || (mark != '>' && mark != '!' && mark != '=')) found += line;
-        if (source.empty() && line.starts_with("$ ")) found += RunCommand(line.substr(2), folder);
+        if (source.empty() && line.starts_with("$ ")) found += RunCommand(line.substr(2));
     }
     return found;
 }
 
+class RunProgram : public InFolder {};
+
 } // namespace
 
-TEST(RunProgram, Sessions) {
+TEST_F(RunProgram, Sessions) {
     const char* setting = std::getenv("TOLVANE_REWRITE");
     const fs::path file = fs::path(TOLVANE_TESTS) / "run" / "session.txt";
-    std::string folder = testing::TempDir() + "tolvane-run-XXXXXX";
-    ASSERT_NE(mkdtemp(folder.data()), nullptr);
     const std::string expected = ReadFile(file);
-    const std::string found = RunSession(expected, folder);
-    fs::remove_all(folder);
+    const std::string found = RunSession(expected);
     if (setting != nullptr && std::string(setting) == "1")
         WriteFile(file, found);
     else

@@ -1,62 +1,46 @@
 // What is typed never does more than it says: names, commands and files of every kind.
 
-#include "TextTools.h"
+#include "InFolder.h"
 #include "input/InputMsgs.h"
 #include "input/Readers.h"
 #include "messages/TMsgStore.h"
 #include "platform/Commands.h"
 #include "platform/Console.h"
+#include "platform/Descriptor.h"
 #include "platform/FileWriter.h"
 #include "platform/Files.h"
 #include "records/Records.h"
 
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
-namespace tolvane {
+namespace tolvane::tests {
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::string_literals;
-using tests::ReadFile;
-using tests::WriteFile;
 
-// A test in a folder of its own, which is the working directory.
-class Trust : public testing::Test {
-protected:
-    const fs::path before = fs::current_path();
-    const fs::path folder = fs::temp_directory_path() / ("tolvane-trust-" + std::to_string(getpid()));
-
-    void SetUp() override {
-        fs::create_directories(folder);
-        fs::current_path(folder);
-    }
-    void TearDown() override {
-        fs::current_path(before);
-        fs::remove_all(folder);
-    }
-};
+class Trust : public InFolder {};
 
 TEST_F(Trust, AFileIsReplacedWhenTheNewOneIsWhole) {
     using platform::FileWriter;
     const std::string big(1 << 16, 'x');
-    WriteFile(folder / "old", "old");
+    WriteFile("old", "old");
     fs::create_symlink("old", "link");
     mkfifo("fifo", 0600);
     fs::create_directory("folder");
 
     FileWriter("old").Write("given up");
-    EXPECT_EQ(ReadFile(folder / "old"), "old");
-    for (const char* none : {"fifo", "folder", "/dev/full", "", "no/such/folder"})
+    EXPECT_EQ(ReadFile("old"), "old");
+    const platform::Descriptor reader(open("fifo", O_RDONLY | O_NONBLOCK | O_CLOEXEC)); // it would take bytes
+    for (const char* none : {"fifo", "folder", "", "no/such/folder"}) {
         EXPECT_TRUE(FileWriter(none).Close().has_value()) << none;
+        EXPECT_TRUE(platform::WriteFile(none, "x").has_value()) << none;
+    }
 
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit limit{};
@@ -67,87 +51,71 @@ TEST_F(Trust, AFileIsReplacedWhenTheNewOneIsWhole) {
     unfinished.Write(big);
     EXPECT_TRUE(unfinished.Close().has_value());
     setrlimit(RLIMIT_FSIZE, &limit);
-    EXPECT_EQ(ReadFile(folder / "old"), "old");
+    EXPECT_EQ(ReadFile("old"), "old");
+    EXPECT_EQ(Things(), 4) << "left over";
 
-    WriteFile(folder / "old.new", "of a run that was cut off");
+    WriteFile("old.new", "of a run that was cut off");
     FileWriter whole("link");
     whole.Write(big);
     EXPECT_FALSE(whole.Close().has_value());
-    EXPECT_EQ(ReadFile(folder / "old"), big);
+    EXPECT_EQ(ReadFile("old"), big);
+    EXPECT_FALSE(platform::WriteFile("link", "x").has_value());
+    EXPECT_EQ(ReadFile("old"), "x");
     EXPECT_TRUE(fs::is_symlink("link"));
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 4) << "left over";
 }
 
 TEST_F(Trust, ANameIsNeverShellSyntax) {
     testing::internal::CaptureStdout(); // the lists of folders
     testing::internal::CaptureStderr(); // the shell's complaints
-    std::string wrong;
     std::string everyByte;
     for (int byte = 1; byte < 256; ++byte)
         if (byte != '/' && byte != '\\') everyByte += static_cast<char>(byte);
     for (const std::string& name : {everyByte, "x$(touch PWN)'z"s, "-n"s, "`touch PWN`"s, "\"; touch PWN; \"x"s}) {
         WriteFile(name, "of " + name);
         platform::RunEditor("cat >shown", name + '\0' + "tail");
-        if (ReadFile("shown") != "of " + name) wrong += name + "\n";
+        EXPECT_EQ(ReadFile("shown"), "of " + name);
         for (const char* odd : {"cat ' 2>&-", "cat \" 2>&-", "exec 2>/dev/null; cat '", "cat >shown $( ", "cat \\"})
             platform::RunEditor(odd, name);
         platform::ListFolder(name + '\0' + "tail");
     }
     testing::internal::GetCapturedStdout();
     testing::internal::GetCapturedStderr();
-    EXPECT_EQ(wrong, "");
     EXPECT_FALSE(fs::exists("PWN"));
 }
 
-// What is said when a source is refused.
-const Msg* Refusal(const std::string& path) {
+bool IsRefused(const std::string& path, const Msg& reason) {
     std::string text;
     console::WriteTo(&text);
     store->ClearMsgStore();
     const int result = ReadSource(path);
     console::WriteTo(nullptr);
-    return result == 1 && !store->Records.empty() ? store->Records.back().row : nullptr;
+    return result == 1 && store->Records.back().row == &reason;
 }
 
 TEST_F(Trust, FilesOfAnySizeAreReadOrRefused) {
     EXPECT_NE(platform::ReadFile("/proc/self/status").value_or(""), "") << "its state claims no bytes";
-    EXPECT_TRUE(!fs::exists("/proc/self/pagemap") || Refusal("/proc/self/pagemap") == &InputMsg.EndlessFile);
+    EXPECT_TRUE(!fs::exists("/proc/self/pagemap") || IsRefused("/proc/self/pagemap", InputMsg.EndlessFile));
     WriteFile("huge", "");
     fs::resize_file("huge", std::uintmax_t{1} << 42);
-    EXPECT_EQ(Refusal("huge"), &InputMsg.TooLargeFile);
-}
+    EXPECT_TRUE(IsRefused("huge", InputMsg.TooLargeFile));
 
-TEST_F(Trust, MemoryThatIsRefusedEndsTheReadingOnly) {
-    std::size_t pages = 0;
-    std::ifstream("/proc/self/statm") >> pages;
-    if (pages == 0 || pages >> 28 != 0) GTEST_SKIP() << "address space cannot be limited here";
+    const std::string pages = ReadFile("/proc/self/statm");
+    const std::size_t used = std::strtoull(pages.c_str(), nullptr, 10);
+    if (used == 0 || used >> 28 != 0) GTEST_SKIP() << "address space cannot be limited here";
     WriteFile("lines", std::string(16 << 20, '\n')); // small itself, but not its records
-    WriteFile("bytes", "");
-    fs::resize_file("bytes", 256 << 20);
+    fs::resize_file("huge", 256 << 20);
     const pid_t child = fork();
     if (child == 0) {
-        const rlimit limit = {pages * 4096 + (128 << 20), RLIM_INFINITY};
+        const rlimit limit = {used * 4096 + (128 << 20), RLIM_INFINITY};
         setrlimit(RLIMIT_AS, &limit);
-        const bool lines = Refusal("lines") == &InputMsg.TooLargeFile && b->vecSrcW.capacity() == 0;
-        _exit(lines && Refusal("bytes") == &InputMsg.TooLargeFile ? 0 : 1);
+        const bool lines = IsRefused("lines", InputMsg.TooLargeFile) && b->vecSrcW.capacity() == 0;
+        _exit(lines && IsRefused("huge", InputMsg.TooLargeFile) ? 0 : 1);
     }
     int status = -1;
     waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
-}
-
-TEST_F(Trust, OnlyFilesAreWritten) {
-    ASSERT_EQ(mkfifo("pipe", 0600), 0);
-    for (int readers = 0; readers < 2; ++readers) {
-        EXPECT_TRUE(platform::WriteFile("pipe", "x").has_value());
-        ASSERT_GE(open("pipe", O_RDONLY | O_NONBLOCK | O_CLOEXEC), 0); // from now on it would take the bytes
-    }
-    EXPECT_TRUE(platform::WriteFile("/dev/null", "x").has_value());
-    fs::create_symlink("target", "link");
-    EXPECT_FALSE(platform::WriteFile("link", "x").has_value());
-    EXPECT_EQ(ReadFile("target"), "x");
+    EXPECT_EQ(status, 0) << "memory that is refused ends the reading only";
 }
 
 } // namespace
 
-} // namespace tolvane
+} // namespace tolvane::tests
