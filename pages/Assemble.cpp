@@ -2,7 +2,6 @@
 
 #include "Catalogues.h"
 #include "input/TMoziCode.h"
-#include "machine/Tcomet2.h"
 #include "platform/Console.h"
 #include "records/Records.h"
 #include "stages/Stages.h"
@@ -11,7 +10,7 @@
 #include <map>
 #include <stdexcept>
 
-namespace tolvane::tests {
+namespace tolvane {
 
 namespace {
 
@@ -32,7 +31,7 @@ template <class Ch> std::vector<int> Addresses() {
 }
 
 void Run(Assembly& result) {
-    comet2->Run3();
+    result.stop = comet2->RunLimited(RunLimit);
     result.registers.assign(comet2->GR.begin(), comet2->GR.end());
     if (comet2->Fovf != 0) result.flags += " OF";
     if (comet2->Fsign != 0) result.flags += " SF";
@@ -98,4 +97,4 @@ const std::vector<const Msg*>& AllRows() {
     return AllNames().rows;
 }
 
-} // namespace tolvane::tests
+} // namespace tolvane
