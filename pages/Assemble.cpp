@@ -30,8 +30,22 @@ template <class Ch> std::vector<int> Addresses() {
     return addresses;
 }
 
+// The OS in a run: what it says of an SVC becomes a diagnostic.
+void WriteOut(void* out, const std::string& line) {
+    *static_cast<std::string*>(out) += line;
+}
+std::optional<MachineIo::Line> NoInput(void*, std::size_t) {
+    return std::nullopt;
+}
+void SayOfService(void*, const Msg& msg, Args args) {
+    Tell(Severity::Note, NoLine, msg, args);
+}
+
 void Run(Assembly& result) {
+    const MachineIo io{WriteOut, NoInput, SayOfService, &result.out};
+    comet2->Io = &io;
     result.stop = comet2->RunLimited(RunLimit);
+    comet2->Io = &DialogueIo;
     result.registers.assign(comet2->GR.begin(), comet2->GR.end());
     if (comet2->Fovf != 0) result.flags += " OF";
     if (comet2->Fsign != 0) result.flags += " SF";
@@ -83,7 +97,7 @@ Assembly Assemble(const std::vector<std::string>& lines, const Pipeline& pipelin
     for (const int each : {0, 1}) {
         modeFlags->Lang = each;
         for (const MsgRec& record : result.said)
-            result.composes = result.composes && !record.Lines().empty();
+            result.lines[static_cast<std::size_t>(each)].push_back(record.Lines());
     }
     *modeFlags = before;
     return result;

@@ -19,9 +19,6 @@ std::string WithoutBlanksBehind(const std::string& text) {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-namespace {
-
-// \t a tab, \s a blank, \n the end of a line, \\ a backslash, \rep{250}{x} a text many times.
 std::string Unescaped(const std::string& text) {
     std::string out;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -40,6 +37,8 @@ std::string Unescaped(const std::string& text) {
     }
     return out;
 }
+
+namespace {
 
 // The place of the next "-->" or "==" between blanks; the end of the text if there is none.
 std::size_t FindMark(const std::string& text, std::size_t from) {

@@ -42,5 +42,7 @@ int LineInFrame(const Case& c);
 
 Strings Split(const std::string& text, char separator);
 std::string WithoutBlanksBehind(const std::string& text);
+// \t a tab, \s a blank, \n the end of a line, \\ a backslash, \rep{250}{x} a text many times.
+std::string Unescaped(const std::string& text);
 
 } // namespace tolvane

@@ -98,7 +98,8 @@ std::string ToldDiagnostics(const Case& c, const std::deque<MsgRec>& said) {
 Found Happened(const Case& c, const char* pipeline, int language) {
     const Assembly a = Assemble(SourceOf(c), *FindPipeline(pipeline), language, c.run ? Then::Run : Then::Nothing);
     EXPECT_TRUE(a.good || a.counters[0] > 0) << pipeline << " stops without an Error:\n" << a.printed;
-    EXPECT_TRUE(a.composes) << "a diagnostic of " << pipeline << " has no text in a language";
+    for (const auto& lines : a.lines)
+        EXPECT_EQ(std::ranges::count(lines, Strings()), 0) << "a diagnostic of " << pipeline << " has no text";
     const std::string said = ToldDiagnostics(c, a.said);
     if (!a.good) return {said, ""};
     const int from = c.frame.empty() ? 0 : a.addresses[static_cast<std::size_t>(LineInFrame(c))];

@@ -1,0 +1,302 @@
+#include "Entries.h"
+
+#include "Assemble.h"
+#include "PageWords.h"
+#include "messages/Pipeline.h"
+#include "run/RunMsgs.h"
+#include "text/Text.h"
+
+#include <algorithm>
+#include <fstream>
+#include <map>
+#include <numeric>
+#include <stdexcept>
+#include <utility>
+
+namespace tolvane {
+
+namespace {
+
+constexpr int Languages[] = {0, 1};
+// WP is what a learner sees; where WP does not say a row, the first of the others that does.
+constexpr std::array<const char*, 7> PipelineOrder = {"WP", "NWW", "NwW", "NaW", "AP", "NA", "NH"};
+constexpr std::size_t LongestLine = 110;
+constexpr std::size_t MostLines = 16;
+
+// --- Words of a row
+
+// Heads that a row spells out itself, and the signs that are left when a head or an argument is taken off.
+constexpr const char* Heads[] = {
+    "Error :", "Error:", "Warning:", "WARNING:",       "Runtime Error:", "エラー：", "実行時エラー：", "警告：",
+    "警告:",   "--> ",   "-> ",      "line ",          "行目：",         "“…”: ",    "“…” : ",         "“…”： ",
+    "“…”：",   ":",      "：",       "Prg. Error of ", "OS: ",           "k=…* ",    "Prg. Error: "};
+
+std::string WithoutHeads(std::string text) {
+    for (bool found = true; found;) {
+        text = TrimZenBlankUtf8(text);
+        const auto* const head = std::ranges::find_if(Heads, [&](const char* each) { return text.starts_with(each); });
+        found = head != std::end(Heads);
+        if (found) text.erase(0, std::string_view(*head).size());
+    }
+    return text;
+}
+
+// The first sentence, or as much of it as a line holds.
+std::string TitleOf(const std::string& words) {
+    constexpr std::size_t shortest = 25;
+    constexpr std::size_t longest = 130;
+    std::size_t end = words.size();
+    for (const char* stop : {". ", "! ", "。", "！", ".  "})
+        if (const std::size_t found = words.find(stop, shortest); found < end) end = found + (*stop == '.' ? 1 : 3);
+    if (end <= longest) return TrimZenBlankUtf8(words.substr(0, end));
+    end = longest;
+    while ((static_cast<unsigned char>(words[end]) & 0xC0U) == 0x80U)
+        --end;
+    const std::size_t blank = words.rfind(' ', end);
+    return words.substr(0, blank > longest / 2 && blank < end ? blank : end) + "…";
+}
+
+// --- Sources and what is said of them
+
+std::string Joined(const Strings& lines) {
+    return std::accumulate(lines.begin(), lines.end(), std::string(),
+                           [](const std::string& all, const std::string& line) { return all + line + "\n"; });
+}
+
+std::string Cut(const std::string& line) {
+    if (line.size() <= LongestLine) return line;
+    const auto boundary = [&](std::size_t i) {
+        while ((static_cast<unsigned char>(line[i]) & 0xC0U) == 0x80U)
+            --i;
+        return i;
+    };
+    return line.substr(0, boundary(LongestLine - 40)) + " … " + line.substr(boundary(line.size() - 20));
+}
+
+std::string SourceText(const Strings& source) {
+    std::string text;
+    for (std::size_t i = 0; i < source.size(); ++i) {
+        const bool shown = source.size() <= MostLines || i < MostLines / 2 || i + 4 >= source.size();
+        if (shown) text += Cut(source[i]) + "\n";
+        if (!shown && i == MostLines / 2) text += "...\n";
+    }
+    return text;
+}
+
+// The diagnostics in a language, each once.
+std::string Said(const Assembly& assembly, int language) {
+    Strings texts;
+    for (const Strings& lines : assembly.lines[static_cast<std::size_t>(language)]) {
+        const std::string text = Joined(lines);
+        if (std::ranges::find(texts, text) == texts.end()) texts.push_back(text);
+    }
+    return Joined(texts);
+}
+
+template <class Text> Pair InBoth(Text text) {
+    return {text(0), text(1)};
+}
+Pair InBoth(const words::Word& word) {
+    return {word[0], word[1]};
+}
+
+Assembly AssembleIn(const char* pipeline, const Strings& source, bool run) {
+    return Assemble(source, *FindPipeline(pipeline), 1, run ? Then::Run : Then::Nothing);
+}
+
+// --- Entries of rows
+
+// The best case that raises a row: the fewest other rows, then the first in the books.
+struct Example {
+    const Case* c = nullptr;
+    const char* pipeline = nullptr;
+    std::size_t others = 0;
+    Severity severity{};
+    int line = -1;
+    bool shownByConsole = true;
+    Pair said;
+};
+
+std::size_t Distance(const std::string& a, const std::string& b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), 0U);
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t corner = std::exchange(row[0], i + 1);
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t replaced = corner + (a[i] == b[j] ? 0 : 1);
+            corner = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, corner + 1});
+        }
+    }
+    return row.back();
+}
+
+// The line of the same rule of which nothing is said and that is the nearest; empty if there is none.
+std::string SoundTwin(const Example& example, const std::vector<const Case*>& sound) {
+    const Case* best = nullptr;
+    const auto distance = [&](const Case& c) { return Distance(c.source[0], example.c->source[0]); };
+    for (const Case* c : sound) {
+        const bool beside = c->rule == example.c->rule && c->frame == example.c->frame && !c->frame.empty();
+        if (beside && (best == nullptr || distance(*c) < distance(*best))) best = c;
+    }
+    return best == nullptr ? "" : Joined(Split(Unescaped(best->source[0]), '\n'));
+}
+
+std::string OtherWordings(const Msg& row, int language, Wording shown) {
+    constexpr std::pair<Wording, const char*> names[] = {
+        {WordingWP, "WP"}, {WordingNWW, "NWW, NwW, NaW"}, {WordingNA, "NA"}, {WordingAP, "AP"}, {WordingNH, "NH"}};
+    std::map<std::string, std::string> pipelinesOf;
+    for (const auto& [wording, name] : names) {
+        std::string& pipelines = pipelinesOf[WordsOf(row.For(language, wording))];
+        pipelines += (pipelines.empty() ? "" : ", ") + std::string(name);
+    }
+    pipelinesOf.erase(WordsOf(row.For(language, shown)));
+    std::string text;
+    for (const auto& [words, pipelines] : pipelinesOf)
+        text += pipelines + ": " + words + "\n";
+    return text;
+}
+
+Entry EntryOf(const Msg& row, const Example& example, const std::vector<const Case*>& sound) {
+    const Wording wording = FindPipeline(example.pipeline)->wording;
+    const auto words = [&](int language) { return TitleOf(WordsOf(row.For(language, wording))); };
+    const bool ofRun = NameOf(row).starts_with("MachineMsg.") && example.severity == Severity::Error;
+    Entry entry{&row, NameOf(row), InBoth(words), {}, {}, {}};
+    entry.severity = InBoth(ofRun ? words::Stop : words::Severities[static_cast<int>(example.severity)]);
+
+    entry.pieces.push_back({Piece::Kind::Text, {}, {example.c->rule.at(1), example.c->rule.at(0)}});
+    const bool inWP = std::string(example.pipeline) == "WP";
+    const auto heading = [&](int l) {
+        return inWP ? words::Example[l]
+                    : std::string(words::Example[l]) + words::Pipeline[l] + example.pipeline + words::PipelineEnd[l];
+    };
+    const std::string source = SourceText(SourceOf(*example.c));
+    const bool cut = SourceOf(*example.c).size() > MostLines;
+    entry.pieces.push_back({Piece::Kind::Source, InBoth(heading), {source, source}, cut ? -1 : example.line});
+    entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Output), example.said});
+    if (!example.shownByConsole) entry.pieces.push_back({Piece::Kind::Text, {}, InBoth(words::NotShown)});
+    if (const std::string twin = SoundTwin(example, sound); !twin.empty())
+        entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Sound), {twin, twin}});
+    const Pair others = InBoth([&](int language) { return OtherWordings(row, language, wording); });
+    if (others != Pair()) entry.pieces.push_back({Piece::Kind::Text, InBoth(words::Others), others});
+    return entry;
+}
+
+} // namespace
+
+std::string WordsOf(const char* text) {
+    std::string words;
+    for (const char* c = text; *c != '\0'; ++c) {
+        if (*c != '{') {
+            const char sign = *c == '\n' ? ' ' : *c;
+            if (sign != ' ' || !words.ends_with(' ')) words += sign;
+            continue;
+        }
+        const std::string tag(c, std::find(c, c + std::string_view(c).size(), '}'));
+        if (IsDigit(tag[1])) words += tag.ends_with('q') ? " “…” " : "…";
+        c += tag.size();
+    }
+    for (std::size_t at = 0; (at = words.find("  ", at)) != std::string::npos;)
+        words.erase(at, 1);
+    return WithoutHeads(words);
+}
+
+std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books) {
+    std::map<const Msg*, Example> examples;
+    std::map<std::string, std::vector<const Case*>> sound;
+    for (const char* pipeline : PipelineOrder) {
+        std::map<const Msg*, Example> found;
+        for (const Book& book : books)
+            for (const Case& c : book.cases) {
+                const Assembly a = AssembleIn(pipeline, SourceOf(c), c.run);
+                if (a.good && a.said.empty()) sound[pipeline].push_back(&c);
+                std::set<const Msg*> rows;
+                for (const MsgRec& record : a.said)
+                    rows.insert(record.row);
+                for (const MsgRec& record : a.said) {
+                    if (examples.contains(record.row)) continue;
+                    Example& best = found[record.row];
+                    if (best.c != nullptr && best.others <= rows.size()) continue;
+                    const bool queued = record.row->ofOperands && !FindPipeline(pipeline)->printsOperandsAtOnce;
+                    best = {&c,
+                            pipeline,
+                            rows.size(),
+                            record.severity,
+                            record.place.line,
+                            !queued || a.counters[0] > 0,
+                            InBoth([&](int language) { return Said(a, language); })};
+                }
+            }
+        examples.merge(found);
+    }
+    std::vector<Entry> entries;
+    for (const Msg* row : AllRows())
+        if (const auto at = examples.find(row); at != examples.end())
+            entries.push_back(EntryOf(*row, at->second, sound[at->second.pipeline]));
+    return entries;
+}
+
+// --- Faults without a diagnostic of their own
+
+namespace {
+
+// What is said of a source and what is left behind its run.
+Pair Happened(const Strings& source) {
+    const Assembly a = AssembleIn("WP", source, true);
+    return InBoth([&](int l) {
+        std::string text = Said(a, l) + a.out;
+        std::string limit;
+        const KeptArg instructions{{}, RunLimit, nullptr, true};
+        Compose(limit, RunMsg.LimitReached.For(l, WordingWP),
+                {l, WordingWP, Severity::Error, NoLine, {&instructions, 1}});
+        if (a.stop == Stop::LimitReached) text += limit + "\n";
+        if (text.empty()) text = words::NothingSaid[l] + std::string("\n");
+        if (!a.good) return text;
+        std::string registers;
+        for (std::size_t i = 0; i < a.registers.size(); ++i) {
+            char cell[32];
+            std::snprintf(cell, sizeof cell, "GR%zu=#%04X ", i, static_cast<unsigned>(a.registers[i]) & 0xFFFFU);
+            if (a.registers[i] != 0) registers += cell;
+        }
+        return text + (registers.empty() ? words::NoRegisters[l] : registers) + "\n";
+    });
+}
+
+} // namespace
+
+std::vector<Entry> EntriesOfFaults(const std::filesystem::path& file) {
+    std::vector<Entry> entries;
+    std::ifstream in(file);
+    std::string japanese;
+    for (std::string line; std::getline(in, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        const std::string rest = line.substr(std::min<std::size_t>(2, line.size()));
+        if (line.starts_with("= ")) {
+            entries.push_back({});
+            entries.back().id = rest;
+            entries.back().severity = InBoth(words::Fault);
+            std::getline(in, entries.back().title[1]);
+            std::getline(in, entries.back().title[0]);
+            continue;
+        }
+        if (entries.empty()) throw std::runtime_error(file.string() + ": " + line);
+        Entry& entry = entries.back();
+        if (line.starts_with("+ ")) {
+            entry.keys += rest + " ";
+        } else if (line == "faulty" || line == "sound") {
+            Strings source;
+            for (std::string code; std::getline(in, code) && !code.empty();)
+                source.push_back(code);
+            const std::string text = Joined(source);
+            const auto& heading = line == "faulty" ? words::Example : words::SoundSource;
+            entry.pieces.push_back({Piece::Kind::Source, InBoth(heading), {text, text}});
+            entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Result), Happened(source)});
+        } else {
+            std::getline(in, japanese);
+            entry.pieces.push_back({Piece::Kind::Text, {}, {japanese, line}});
+        }
+    }
+    return entries;
+}
+
+} // namespace tolvane
