@@ -11,6 +11,7 @@
 #include <map>
 #include <numeric>
 #include <stdexcept>
+#include <tuple>
 #include <utility>
 
 namespace tolvane {
@@ -27,9 +28,10 @@ constexpr std::size_t MostLines = 16;
 
 // Heads that a row spells out itself, and the signs that are left when a head or an argument is taken off.
 constexpr const char* Heads[] = {
-    "Error :", "Error:", "Warning:", "WARNING:",       "Runtime Error:", "エラー：", "実行時エラー：", "警告：",
-    "警告:",   "--> ",   "-> ",      "line ",          "行目：",         "“…”: ",    "“…” : ",         "“…”： ",
-    "“…”：",   ":",      "：",       "Prg. Error of ", "OS: ",           "k=…* ",    "Prg. Error: "};
+    "Error :", "Error:", "Warning:", "WARNING:",       "Runtime Error:", "エラー：",    "実行時エラー：", "警告：",
+    "警告:",   "--> ",   "-> ",      "line ",          "行目：",         "“…”: ",       "“…” : ",         "“…”： ",
+    "“…”：",   ":",      "：",       "Prg. Error of ", "OS: ",           "k=…* ",       "Prg. Error: ",   "…:",
+    "… :",     "\"…\":", "'…':",     "Constant Nr=",   "k=* ",           "番目の定数："};
 
 std::string WithoutHeads(std::string text) {
     for (bool found = true; found;) {
@@ -38,11 +40,16 @@ std::string WithoutHeads(std::string text) {
         found = head != std::end(Heads);
         if (found) text.erase(0, std::string_view(*head).size());
     }
-    return text;
+    return (text.starts_with("の") ? "“…” " : "") + text;
 }
 
 // The first sentence, or as much of it as a line holds.
-std::string TitleOf(const std::string& words) {
+std::string TitleOf(std::string words) {
+    // A sentence that begins behind the name of what it is about; words that go on with it begin in small or hiragana.
+    constexpr std::string_view name = "“…” ";
+    const std::string_view rest = std::string_view(words).substr(std::min(name.size(), words.size()));
+    const bool goesOn = rest.empty() || IsLower(rest[0]) || ("ぁ" <= rest && rest <= "ん");
+    if (words.starts_with(name) && !goesOn) words.erase(0, name.size());
     constexpr std::size_t shortest = 25;
     constexpr std::size_t longest = 130;
     std::size_t end = words.size();
@@ -106,16 +113,43 @@ Assembly AssembleIn(const char* pipeline, const Strings& source, bool run) {
 
 // --- Entries of rows
 
-// The best case that raises a row: the fewest other rows, then the first in the books.
+// The case that shows a row.
 struct Example {
     const Case* c = nullptr;
     const char* pipeline = nullptr;
-    std::size_t others = 0;
+    std::size_t rows = 0; // that are said of it
     Severity severity{};
     int line = -1;
     bool shownByConsole = true;
     Pair said;
 };
+
+Example ExampleOf(const Msg* row, const Case& c, const char* pipeline, const Assembly& a) {
+    const auto record = std::ranges::find(a.said, row, &MsgRec::row);
+    const bool queued = row->ofOperands && !FindPipeline(pipeline)->printsOperandsAtOnce;
+    std::set<const Msg*> rows;
+    for (const MsgRec& each : a.said)
+        rows.insert(each.row);
+    return {&c,
+            pipeline,
+            rows.size(),
+            record->severity,
+            record->place.line,
+            !queued || a.counters[0] > 0,
+            InBoth([&](int language) { return Said(a, language); })};
+}
+
+// The one of which the fewest rows are said; of several, one of whose own line it is said, under the rule where it is
+// said most often, in the shortest source.
+const Example& BestOf(const std::vector<Example>& examples) {
+    const auto sameRule = [&](const Example& example) {
+        return std::ranges::count_if(examples, [&](const Example& e) { return e.c->rule == example.c->rule; });
+    };
+    return *std::ranges::min_element(examples, {}, [&](const Example& example) {
+        return std::tuple(example.rows, example.line != LineInFrame(*example.c), -sameRule(example),
+                          SourceOf(*example.c).size());
+    });
+}
 
 std::size_t Distance(const std::string& a, const std::string& b) {
     std::vector<std::size_t> row(b.size() + 1);
@@ -131,15 +165,27 @@ std::size_t Distance(const std::string& a, const std::string& b) {
     return row.back();
 }
 
-// The line of the same rule of which nothing is said and that is the nearest; empty if there is none.
+// The word behind the label.
+std::string OpcodeOf(const std::string& line) {
+    const std::size_t begin = std::min(line.find_first_not_of(' ', line.find(' ')), line.size());
+    return line.substr(begin, line.find(' ', begin) - begin);
+}
+
+// The nearest line of which nothing is said: of the same instruction, of the same rule; empty if there is none.
 std::string SoundTwin(const Example& example, const std::vector<const Case*>& sound) {
     const Case* best = nullptr;
-    const auto distance = [&](const Case& c) { return Distance(c.source[0], example.c->source[0]); };
+    const std::string& faulty = example.c->source[0];
+    const auto distance = [&](const Case& c) {
+        const auto parts = std::ranges::mismatch(faulty, c.source[0]);
+        return std::tuple(OpcodeOf(faulty) != OpcodeOf(c.source[0]), c.rule != example.c->rule,
+                          faulty.begin() - parts.in1, Distance(c.source[0], faulty));
+    };
     for (const Case* c : sound) {
-        const bool beside = c->rule == example.c->rule && c->frame == example.c->frame && !c->frame.empty();
+        const bool beside = c->frame == example.c->frame && !c->frame.empty() &&
+                            (c->rule == example.c->rule || OpcodeOf(faulty) == OpcodeOf(c->source[0]));
         if (beside && (best == nullptr || distance(*c) < distance(*best))) best = c;
     }
-    return best == nullptr ? "" : Joined(Split(Unescaped(best->source[0]), '\n'));
+    return best == nullptr ? "" : SourceText(Split(Unescaped(best->source[0]), '\n'));
 }
 
 std::string OtherWordings(const Msg& row, int language, Wording shown) {
@@ -202,37 +248,25 @@ std::string WordsOf(const char* text) {
 }
 
 std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books) {
-    std::map<const Msg*, Example> examples;
+    std::map<const Msg*, std::vector<Example>> examples;
     std::map<std::string, std::vector<const Case*>> sound;
     for (const char* pipeline : PipelineOrder) {
-        std::map<const Msg*, Example> found;
+        std::map<const Msg*, std::vector<Example>> found;
         for (const Book& book : books)
             for (const Case& c : book.cases) {
                 const Assembly a = AssembleIn(pipeline, SourceOf(c), c.run);
                 if (a.good && a.said.empty()) sound[pipeline].push_back(&c);
                 std::set<const Msg*> rows;
                 for (const MsgRec& record : a.said)
-                    rows.insert(record.row);
-                for (const MsgRec& record : a.said) {
-                    if (examples.contains(record.row)) continue;
-                    Example& best = found[record.row];
-                    if (best.c != nullptr && best.others <= rows.size()) continue;
-                    const bool queued = record.row->ofOperands && !FindPipeline(pipeline)->printsOperandsAtOnce;
-                    best = {&c,
-                            pipeline,
-                            rows.size(),
-                            record.severity,
-                            record.place.line,
-                            !queued || a.counters[0] > 0,
-                            InBoth([&](int language) { return Said(a, language); })};
-                }
+                    if (!examples.contains(record.row) && rows.insert(record.row).second)
+                        found[record.row].push_back(ExampleOf(record.row, c, pipeline, a));
             }
         examples.merge(found);
     }
     std::vector<Entry> entries;
     for (const Msg* row : AllRows())
         if (const auto at = examples.find(row); at != examples.end())
-            entries.push_back(EntryOf(*row, at->second, sound[at->second.pipeline]));
+            entries.push_back(EntryOf(*row, BestOf(at->second), sound[at->second.front().pipeline]));
     return entries;
 }
 
