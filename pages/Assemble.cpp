@@ -96,8 +96,11 @@ Assembly Assemble(const std::vector<std::string>& lines, const Pipeline& pipelin
     result.said = store->Records;
     for (const int each : {0, 1}) {
         modeFlags->Lang = each;
-        for (const MsgRec& record : result.said)
-            result.lines[static_cast<std::size_t>(each)].push_back(record.Lines());
+        for (const MsgRec& record : result.said) {
+            Strings shown = record.Lines();
+            result.composes = result.composes && !shown.empty();
+            if (each == language) result.lines.push_back(std::move(shown));
+        }
     }
     *modeFlags = before;
     return result;

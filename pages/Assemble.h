@@ -15,17 +15,18 @@ struct Pipeline;
 using Strings = std::vector<std::string>;
 
 struct Assembly {
-    std::deque<MsgRec> said;                   // their arguments are kept until the next assembly
-    std::array<int, 4> counters{};             // of the application, in the order of Severity
-    bool good = false;                         // stages and link have ended well
-    std::vector<int> words;                    // the image, if it is good
-    std::vector<int> addresses;                // of the lines, if it is good
-    std::vector<int> registers;                // GR0 to GR7 behind a run
-    std::string flags;                         // " OF", " SF", " ZF" behind a run, those that are on
-    Stop stop = Stop::None;                    // why the run has ended
-    std::string out;                           // what OUT has written; IN finds no input
-    std::string printed;                       // on the console
-    std::array<std::vector<Strings>, 2> lines; // of each diagnostic as the console shows it, in Japanese and in English
+    std::deque<MsgRec> said;       // their arguments are kept until the next assembly
+    std::array<int, 4> counters{}; // of the application, in the order of Severity
+    bool good = false;             // stages and link have ended well
+    std::vector<int> words;        // the image, if it is good
+    std::vector<int> addresses;    // of the lines, if it is good
+    std::vector<int> registers;    // GR0 to GR7 behind a run
+    std::string flags;             // " OF", " SF", " ZF" behind a run, those that are on
+    Stop stop = Stop::None;        // why the run has ended
+    std::string out;               // what OUT has written; IN finds no input
+    std::string printed;           // on the console
+    std::vector<Strings> lines;    // of each diagnostic, as the console shows it in the language
+    bool composes = true;          // every diagnostic has text in both languages
 };
 
 enum class Then { Nothing, Run };

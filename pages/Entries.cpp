@@ -66,8 +66,9 @@ std::string TitleOf(std::string words) {
 // --- Sources and what is said of them
 
 std::string Joined(const Strings& lines) {
-    return std::accumulate(lines.begin(), lines.end(), std::string(),
-                           [](const std::string& all, const std::string& line) { return all + line + "\n"; });
+    return std::accumulate(
+        lines.begin(), lines.end(), std::string(),
+        [](const std::string& all, const std::string& line) { return all + WithoutBlanksBehind(line) + "\n"; });
 }
 
 std::string Cut(const std::string& line) {
@@ -90,10 +91,10 @@ std::string SourceText(const Strings& source) {
     return text;
 }
 
-// The diagnostics in a language, each once.
-std::string Said(const Assembly& assembly, int language) {
+// The diagnostics, each once.
+std::string Said(const Assembly& assembly) {
     Strings texts;
-    for (const Strings& lines : assembly.lines[static_cast<std::size_t>(language)]) {
+    for (const Strings& lines : assembly.lines) {
         const std::string text = Joined(lines);
         if (std::ranges::find(texts, text) == texts.end()) texts.push_back(text);
     }
@@ -107,8 +108,8 @@ Pair InBoth(const words::Word& word) {
     return {word[0], word[1]};
 }
 
-Assembly AssembleIn(const char* pipeline, const Strings& source, bool run) {
-    return Assemble(source, *FindPipeline(pipeline), 1, run ? Then::Run : Then::Nothing);
+Assembly AssembleCase(const Case& c, const char* pipeline, int language) {
+    return Assemble(SourceOf(c), *FindPipeline(pipeline), language, c.run ? Then::Run : Then::Nothing);
 }
 
 // --- Entries of rows
@@ -121,7 +122,6 @@ struct Example {
     Severity severity{};
     int line = -1;
     bool shownByConsole = true;
-    Pair said;
 };
 
 Example ExampleOf(const Msg* row, const Case& c, const char* pipeline, const Assembly& a) {
@@ -130,13 +130,7 @@ Example ExampleOf(const Msg* row, const Case& c, const char* pipeline, const Ass
     std::set<const Msg*> rows;
     for (const MsgRec& each : a.said)
         rows.insert(each.row);
-    return {&c,
-            pipeline,
-            rows.size(),
-            record->severity,
-            record->place.line,
-            !queued || a.counters[0] > 0,
-            InBoth([&](int language) { return Said(a, language); })};
+    return {&c, pipeline, rows.size(), record->severity, record->place.line, !queued || a.counters[0] > 0};
 }
 
 // The one of which the fewest rows are said; of several, one of whose own line it is said, under the rule where it is
@@ -207,7 +201,7 @@ Entry EntryOf(const Msg& row, const Example& example, const std::vector<const Ca
     const Wording wording = FindPipeline(example.pipeline)->wording;
     const auto words = [&](int language) { return TitleOf(WordsOf(row.For(language, wording))); };
     const bool ofRun = NameOf(row).starts_with("MachineMsg.") && example.severity == Severity::Error;
-    Entry entry{&row, NameOf(row), InBoth(words), {}, {}, {}};
+    Entry entry{&row, NameOf(row), InBoth(words), {}, {}, {}, {}};
     entry.severity = InBoth(ofRun ? words::Stop : words::Severities[static_cast<int>(example.severity)]);
 
     entry.pieces.push_back({Piece::Kind::Text, {}, {example.c->rule.at(1), example.c->rule.at(0)}});
@@ -216,15 +210,17 @@ Entry EntryOf(const Msg& row, const Example& example, const std::vector<const Ca
         return inWP ? words::Example[l]
                     : std::string(words::Example[l]) + words::Pipeline[l] + example.pipeline + words::PipelineEnd[l];
     };
+    const auto said = [&](int l) { return Said(AssembleCase(*example.c, example.pipeline, l)); };
     const std::string source = SourceText(SourceOf(*example.c));
     const bool cut = SourceOf(*example.c).size() > MostLines;
     entry.pieces.push_back({Piece::Kind::Source, InBoth(heading), {source, source}, cut ? -1 : example.line});
-    entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Output), example.said});
+    entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Output), InBoth(said)});
     if (!example.shownByConsole) entry.pieces.push_back({Piece::Kind::Text, {}, InBoth(words::NotShown)});
     if (const std::string twin = SoundTwin(example, sound); !twin.empty())
         entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Sound), {twin, twin}});
     const Pair others = InBoth([&](int language) { return OtherWordings(row, language, wording); });
     if (others != Pair()) entry.pieces.push_back({Piece::Kind::Text, InBoth(words::Others), others});
+    entry.sample = TrimZenBlankUtf8(example.c->source[0]);
     return entry;
 }
 
@@ -254,7 +250,7 @@ std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books) {
         std::map<const Msg*, std::vector<Example>> found;
         for (const Book& book : books)
             for (const Case& c : book.cases) {
-                const Assembly a = AssembleIn(pipeline, SourceOf(c), c.run);
+                const Assembly a = AssembleCase(c, pipeline, 1);
                 if (a.good && a.said.empty()) sound[pipeline].push_back(&c);
                 std::set<const Msg*> rows;
                 for (const MsgRec& record : a.said)
@@ -264,9 +260,17 @@ std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books) {
         examples.merge(found);
     }
     std::vector<Entry> entries;
+    std::array<std::map<std::string, int>, 2> titles;
     for (const Msg* row : AllRows())
         if (const auto at = examples.find(row); at != examples.end())
             entries.push_back(EntryOf(*row, BestOf(at->second), sound[at->second.front().pipeline]));
+    // Titles that several rows have are told apart by the faulty lines.
+    for (const std::size_t l : {0U, 1U}) {
+        for (const Entry& entry : entries)
+            ++titles[l][entry.title[l]];
+        for (Entry& entry : entries)
+            if (titles[l][entry.title[l]] > 1) entry.title[l] += " (" + entry.sample + ")";
+    }
     return entries;
 }
 
@@ -276,9 +280,9 @@ namespace {
 
 // What is said of a source and what is left behind its run.
 Pair Happened(const Strings& source) {
-    const Assembly a = AssembleIn("WP", source, true);
     return InBoth([&](int l) {
-        std::string text = Said(a, l) + a.out;
+        const Assembly a = Assemble(source, *FindPipeline("WP"), l, Then::Run);
+        std::string text = Said(a) + a.out;
         std::string limit;
         const KeptArg instructions{{}, RunLimit, nullptr, true};
         Compose(limit, RunMsg.LimitReached.For(l, WordingWP),
@@ -292,7 +296,7 @@ Pair Happened(const Strings& source) {
             std::snprintf(cell, sizeof cell, "GR%zu=#%04X ", i, static_cast<unsigned>(a.registers[i]) & 0xFFFFU);
             if (a.registers[i] != 0) registers += cell;
         }
-        return text + (registers.empty() ? words::NoRegisters[l] : registers) + "\n";
+        return text + words::Registers[l] + (registers.empty() ? words::NoRegisters[l] : registers) + "\n";
     });
 }
 

@@ -25,7 +25,8 @@ struct Entry {
     std::string id;           // the row's name, or a word
     Pair title;
     Pair severity;
-    std::string keys; // words beside the title under which it is found
+    std::string sample; // the line of the example
+    std::string keys;   // words beside the title under which it is found
     std::vector<Piece> pieces;
 };
 

@@ -67,12 +67,13 @@ std::string PlainText(const Entry& entry, std::size_t language) {
     std::string text = entry.severity[language] + ": " + entry.title[language] + "\n";
     for (const Piece& piece : entry.pieces) {
         const std::string& body = piece.text[language];
+        if (body.empty()) continue;
         text += "\n";
         if (!piece.heading[language].empty()) text += piece.heading[language] + ":\n";
         if (piece.kind == Piece::Kind::Text)
             text += body + (body.ends_with('\n') ? "" : "\n");
         else
-            text += Indented(body, piece.kind == Piece::Kind::Source && piece.marked >= -1);
+            text += Indented(body, piece.kind == Piece::Kind::Source);
     }
     return text;
 }
@@ -110,13 +111,14 @@ h1 { font-size: 1.5rem; } h2 { font-size: 1.25rem; margin-top: 2.5rem; } h3 { fo
 pre { background: var(--code); padding: .6rem .8rem; border-radius: .3rem; white-space: pre-wrap; margin: .2rem 0 .8rem;
   font: .875rem/1.45 ui-monospace, monospace; tab-size: 8; }
 pre.source { counter-reset: line; }
-pre.source span { display: block; padding-left: 2.2rem; min-height: 1.45em; }
-pre.source span::before { counter-increment: line; content: counter(line); float: left; margin-left: -2.2rem;
-  width: 1.5rem; text-align: right; opacity: .6; }
+pre i { outline: 1px dotted var(--bad); }
+pre.source span { display: block; padding-left: 1.9rem; min-height: 1.45em; }
+pre.source span::before { counter-increment: line; content: counter(line); float: left; margin-left: -1.9rem;
+  width: 1.2rem; text-align: right; opacity: .6; }
 pre.source span.faulty { box-shadow: inset 3px 0 var(--bad); font-weight: bold; }
 article { border-top: 1px solid var(--line); padding-top: .8rem; margin-top: 1.6rem; }
 .kind, .label { font-size: .85rem; opacity: .75; margin: .6rem 0 .1rem; }
-nav ul { padding-left: 1.1rem; columns: 20rem; } nav li { margin: .15rem 0; break-inside: avoid; }
+nav ul { padding-left: 1.1rem; columns: 20rem; column-gap: 2.5rem; } nav li { margin: .15rem 0; break-inside: avoid; }
 )";
 
 std::string Escaped(const std::string& text) {
@@ -126,8 +128,18 @@ std::string Escaped(const std::string& text) {
     return out;
 }
 
+// A line of a source, with full-width blanks in a frame of their own.
+std::string Code(const std::string& line) {
+    constexpr std::string_view blank = "　";
+    std::string out = Escaped(line);
+    for (std::size_t at = 0; (at = out.find(blank, at)) != std::string::npos; at += blank.size() + 7)
+        out.replace(at, blank.size(), "<i>" + std::string(blank) + "</i>");
+    return out;
+}
+
 std::string Html(const Piece& piece, std::size_t language) {
     std::string html;
+    if (piece.text[language].empty()) return html;
     if (!piece.heading[language].empty()) html += "<p class=\"label\">" + Escaped(piece.heading[language]) + "</p>\n";
     const std::string& body = piece.text[language];
     if (piece.kind == Piece::Kind::Verbatim) {
@@ -139,7 +151,7 @@ std::string Html(const Piece& piece, std::size_t language) {
     int number = 0;
     for (const std::string& line : Split(body, '\n'))
         if (source)
-            html += (number++ == piece.marked ? "<span class=\"faulty\">" : "<span>") + Escaped(line) + "</span>";
+            html += (number++ == piece.marked ? "<span class=\"faulty\">" : "<span>") + Code(line) + "</span>";
         else
             html += "<p>" + Escaped(line) + "</p>\n";
     return html + (source ? "</pre>\n" : "");
@@ -191,10 +203,13 @@ int Make(const fs::path& root, const fs::path& folder) {
         std::cerr << fault << "\n";
     if (!faults.empty()) return 1;
     std::ranges::move(EntriesOfFaults(root / "pages/faults.txt"), std::back_inserter(entries));
-    std::ofstream(folder / "explain.ja.html") << Page(entries, 0);
-    std::ofstream(folder / "explain.en.html") << Page(entries, 1);
-    std::ofstream(folder / "Explanations.cpp") << Explanations(entries);
-    return 0;
+    const auto write = [&folder](const char* name, const std::string& text) {
+        std::ofstream out(folder / name, std::ios::binary);
+        return static_cast<bool>(out << text << std::flush);
+    };
+    const bool written = write("explain.ja.html", Page(entries, 0)) && write("explain.en.html", Page(entries, 1)) &&
+                         write("Explanations.cpp", Explanations(entries));
+    return written ? 0 : 1;
 }
 
 } // namespace

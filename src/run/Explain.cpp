@@ -19,8 +19,8 @@ constexpr std::size_t ShortestLine = 8;
 constexpr Wording Wordings[] = {WordingNWW, WordingWP, WordingNA, WordingAP, WordingNH};
 
 // What stands in front of a text by itself says nothing about which one it is.
-constexpr std::string_view Heads[] = {"error",  "warning", "runtime error", "note",  "line",
-                                      "エラー", "警告",    "実行時エラー",  "--> os"};
+constexpr std::string_view Heads[] = {"error",  "warning", "runtime error", "note",       "line",
+                                      "エラー", "警告",    "実行時エラー",  "番目の定数", "--> os"};
 
 struct Found {
     const Explanation* entry;
