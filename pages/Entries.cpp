@@ -10,15 +10,14 @@
 #include <fstream>
 #include <map>
 #include <numeric>
+#include <set>
 #include <stdexcept>
 #include <tuple>
-#include <utility>
 
 namespace tolvane {
 
 namespace {
 
-constexpr int Languages[] = {0, 1};
 // WP is what a learner sees; where WP does not say a row, the first of the others that does.
 constexpr std::array<const char*, 7> PipelineOrder = {"WP", "NWW", "NwW", "NaW", "AP", "NA", "NH"};
 constexpr std::size_t LongestLine = 110;
@@ -43,6 +42,31 @@ std::string WithoutHeads(std::string text) {
     return (text.starts_with("の") ? "“…” " : "") + text;
 }
 
+// A text of a row with "…" for its arguments and without its heads, on one line.
+std::string WordsOf(const char* text) {
+    std::string words;
+    for (const char* c = text; *c != '\0'; ++c) {
+        if (*c != '{') {
+            const char sign = *c == '\n' ? ' ' : *c;
+            if (sign != ' ' || !words.ends_with(' ')) words += sign;
+            continue;
+        }
+        const std::string tag(c, std::find(c, c + std::string_view(c).size(), '}'));
+        if (IsDigit(tag[1])) words += tag.ends_with('q') ? " “…” " : "…";
+        c += tag.size();
+    }
+    for (std::size_t at = 0; (at = words.find("  ", at)) != std::string::npos;)
+        words.erase(at, 1);
+    return WithoutHeads(words);
+}
+
+// The last place up to `at` where a character begins.
+std::size_t BoundaryAt(const std::string& text, std::size_t at) {
+    while ((static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U)
+        --at;
+    return at;
+}
+
 // The first sentence, or as much of it as a line holds.
 std::string TitleOf(std::string words) {
     // A sentence that begins behind the name of what it is about; words that go on with it begin in small or hiragana.
@@ -56,9 +80,7 @@ std::string TitleOf(std::string words) {
     for (const char* stop : {". ", "! ", "。", "！", ".  "})
         if (const std::size_t found = words.find(stop, shortest); found < end) end = found + (*stop == '.' ? 1 : 3);
     if (end <= longest) return TrimZenBlankUtf8(words.substr(0, end));
-    end = longest;
-    while ((static_cast<unsigned char>(words[end]) & 0xC0U) == 0x80U)
-        --end;
+    end = BoundaryAt(words, longest);
     const std::size_t blank = words.rfind(' ', end);
     return words.substr(0, blank > longest / 2 && blank < end ? blank : end) + "…";
 }
@@ -73,12 +95,7 @@ std::string Joined(const Strings& lines) {
 
 std::string Cut(const std::string& line) {
     if (line.size() <= LongestLine) return line;
-    const auto boundary = [&](std::size_t i) {
-        while ((static_cast<unsigned char>(line[i]) & 0xC0U) == 0x80U)
-            --i;
-        return i;
-    };
-    return line.substr(0, boundary(LongestLine - 40)) + " … " + line.substr(boundary(line.size() - 20));
+    return line.substr(0, BoundaryAt(line, LongestLine - 40)) + " … " + line.substr(BoundaryAt(line, line.size() - 20));
 }
 
 std::string SourceText(const Strings& source) {
@@ -124,13 +141,10 @@ struct Example {
     bool shownByConsole = true;
 };
 
-Example ExampleOf(const Msg* row, const Case& c, const char* pipeline, const Assembly& a) {
+Example ExampleOf(const Msg* row, const Case& c, const char* pipeline, const Assembly& a, std::size_t rows) {
     const auto record = std::ranges::find(a.said, row, &MsgRec::row);
     const bool queued = row->ofOperands && !FindPipeline(pipeline)->printsOperandsAtOnce;
-    std::set<const Msg*> rows;
-    for (const MsgRec& each : a.said)
-        rows.insert(each.row);
-    return {&c, pipeline, rows.size(), record->severity, record->place.line, !queued || a.counters[0] > 0};
+    return {&c, pipeline, rows, record->severity, record->place.line, !queued || a.counters[0] > 0};
 }
 
 // The one of which the fewest rows are said; of several, one of whose own line it is said, under the rule where it is
@@ -145,23 +159,10 @@ const Example& BestOf(const std::vector<Example>& examples) {
     });
 }
 
-std::size_t Distance(const std::string& a, const std::string& b) {
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), 0U);
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t corner = std::exchange(row[0], i + 1);
-        for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t replaced = corner + (a[i] == b[j] ? 0 : 1);
-            corner = row[j + 1];
-            row[j + 1] = std::min({replaced, row[j] + 1, corner + 1});
-        }
-    }
-    return row.back();
-}
-
-// The word behind the label.
+// The instruction of a line without a label, else nothing: a fault of a label has nothing to do with it.
 std::string OpcodeOf(const std::string& line) {
-    const std::size_t begin = std::min(line.find_first_not_of(' ', line.find(' ')), line.size());
+    if (line[0] != ' ') return {};
+    const std::size_t begin = std::min(line.find_first_not_of(' '), line.size());
     return line.substr(begin, line.find(' ', begin) - begin);
 }
 
@@ -169,15 +170,17 @@ std::string OpcodeOf(const std::string& line) {
 std::string SoundTwin(const Example& example, const std::vector<const Case*>& sound) {
     const Case* best = nullptr;
     const std::string& faulty = example.c->source[0];
+    const auto sameOpcode = [&](const Case& c) {
+        return !OpcodeOf(faulty).empty() && OpcodeOf(faulty) == OpcodeOf(c.source[0]);
+    };
     const auto distance = [&](const Case& c) {
-        const auto parts = std::ranges::mismatch(faulty, c.source[0]);
-        return std::tuple(OpcodeOf(faulty) != OpcodeOf(c.source[0]), c.rule != example.c->rule,
-                          faulty.begin() - parts.in1, Distance(c.source[0], faulty));
+        const auto alike = std::ranges::mismatch(faulty, c.source[0]).in1 - faulty.begin();
+        return std::tuple(!sameOpcode(c), c.rule != example.c->rule, -alike, c.source[0].size());
     };
     for (const Case* c : sound) {
-        const bool beside = c->frame == example.c->frame && !c->frame.empty() &&
-                            (c->rule == example.c->rule || OpcodeOf(faulty) == OpcodeOf(c->source[0]));
-        if (beside && (best == nullptr || distance(*c) < distance(*best))) best = c;
+        const bool beside = c->frame == example.c->frame && (c->rule == example.c->rule || sameOpcode(*c));
+        if (c->frame.empty() || !beside) continue;
+        if (best == nullptr || distance(*c) < distance(*best)) best = c;
     }
     return best == nullptr ? "" : SourceText(Split(Unescaped(best->source[0]), '\n'));
 }
@@ -226,23 +229,6 @@ Entry EntryOf(const Msg& row, const Example& example, const std::vector<const Ca
 
 } // namespace
 
-std::string WordsOf(const char* text) {
-    std::string words;
-    for (const char* c = text; *c != '\0'; ++c) {
-        if (*c != '{') {
-            const char sign = *c == '\n' ? ' ' : *c;
-            if (sign != ' ' || !words.ends_with(' ')) words += sign;
-            continue;
-        }
-        const std::string tag(c, std::find(c, c + std::string_view(c).size(), '}'));
-        if (IsDigit(tag[1])) words += tag.ends_with('q') ? " “…” " : "…";
-        c += tag.size();
-    }
-    for (std::size_t at = 0; (at = words.find("  ", at)) != std::string::npos;)
-        words.erase(at, 1);
-    return WithoutHeads(words);
-}
-
 std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books) {
     std::map<const Msg*, std::vector<Example>> examples;
     std::map<std::string, std::vector<const Case*>> sound;
@@ -250,12 +236,15 @@ std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books) {
         std::map<const Msg*, std::vector<Example>> found;
         for (const Book& book : books)
             for (const Case& c : book.cases) {
+                if (c.rule.size() != 2)
+                    throw std::runtime_error(book.path.string() + ": no rule in both languages: " + c.source.at(0));
                 const Assembly a = AssembleCase(c, pipeline, 1);
                 if (a.good && a.said.empty()) sound[pipeline].push_back(&c);
                 std::set<const Msg*> rows;
                 for (const MsgRec& record : a.said)
-                    if (!examples.contains(record.row) && rows.insert(record.row).second)
-                        found[record.row].push_back(ExampleOf(record.row, c, pipeline, a));
+                    rows.insert(record.row);
+                for (const Msg* row : rows)
+                    if (!examples.contains(row)) found[row].push_back(ExampleOf(row, c, pipeline, a, rows.size()));
             }
         examples.merge(found);
     }
@@ -283,11 +272,10 @@ Pair Happened(const Strings& source) {
     return InBoth([&](int l) {
         const Assembly a = Assemble(source, *FindPipeline("WP"), l, Then::Run);
         std::string text = Said(a) + a.out;
-        std::string limit;
-        const KeptArg instructions{{}, RunLimit, nullptr, true};
-        Compose(limit, RunMsg.LimitReached.For(l, WordingWP),
-                {l, WordingWP, Severity::Error, NoLine, {&instructions, 1}});
-        if (a.stop == Stop::LimitReached) text += limit + "\n";
+        const KeptArg limit{{}, RunLimit, nullptr, true};
+        if (a.stop == Stop::LimitReached)
+            Compose(text, RunMsg.LimitReached.For(l, WordingWP), {l, WordingWP, Severity::Error, NoLine, {&limit, 1}});
+        if (a.stop == Stop::LimitReached) text += "\n";
         if (text.empty()) text = words::NothingSaid[l] + std::string("\n");
         if (!a.good) return text;
         std::string registers;

@@ -5,8 +5,6 @@
 #include "Book.h"
 #include "messages/Msg.h"
 
-#include <set>
-
 namespace tolvane {
 
 // A text in Japanese and in English, as the languages are numbered.
@@ -34,8 +32,5 @@ struct Entry {
 std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books);
 // The entries of a file of faults; a comment at its head tells its form.
 std::vector<Entry> EntriesOfFaults(const std::filesystem::path& file);
-
-// A text of a row with "…" for its arguments and without its heads, on one line.
-std::string WordsOf(const char* text);
 
 } // namespace tolvane

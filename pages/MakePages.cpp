@@ -10,10 +10,10 @@
 #include "PageWords.h"
 
 #include <algorithm>
+#include <exception>
 #include <fstream>
 #include <iostream>
-#include <map>
-#include <sstream>
+#include <set>
 
 namespace tolvane {
 
@@ -217,5 +217,10 @@ int Make(const fs::path& root, const fs::path& folder) {
 } // namespace tolvane
 
 int main(int argc, char** argv) {
-    return argc == 3 ? tolvane::Make(argv[1], argv[2]) : 2;
+    try {
+        return argc == 3 ? tolvane::Make(argv[1], argv[2]) : 2;
+    } catch (const std::exception& fault) {
+        std::cerr << fault.what() << "\n";
+        return 1;
+    }
 }
