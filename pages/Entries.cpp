@@ -196,7 +196,7 @@ std::string OtherWordings(const Msg& row, int language, Wording shown) {
     pipelinesOf.erase(WordsOf(row.For(language, shown)));
     std::string text;
     for (const auto& [words, pipelines] : pipelinesOf)
-        text += pipelines + ": " + words + "\n";
+        text += Cat(pipelines, ": ", words, "\n");
     return text;
 }
 
@@ -211,7 +211,7 @@ Entry EntryOf(const Msg& row, const Example& example, const std::vector<const Ca
     const bool inWP = std::string(example.pipeline) == "WP";
     const auto heading = [&](int l) {
         return inWP ? words::Example[l]
-                    : std::string(words::Example[l]) + words::Pipeline[l] + example.pipeline + words::PipelineEnd[l];
+                    : Cat(words::Example[l], words::Pipeline[l], example.pipeline, words::PipelineEnd[l]);
     };
     const auto said = [&](int l) { return Said(AssembleCase(*example.c, example.pipeline, l)); };
     const std::string source = SourceText(SourceOf(*example.c));
@@ -222,7 +222,7 @@ Entry EntryOf(const Msg& row, const Example& example, const std::vector<const Ca
     if (const std::string twin = SoundTwin(example, sound); !twin.empty())
         entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Sound), {twin, twin}});
     const Pair others = InBoth([&](int language) { return OtherWordings(row, language, wording); });
-    if (others != Pair()) entry.pieces.push_back({Piece::Kind::Text, InBoth(words::Others), others});
+    if (!Cat(others[0], others[1]).empty()) entry.pieces.push_back({Piece::Kind::Text, InBoth(words::Others), others});
     entry.sample = TrimZenBlankUtf8(example.c->source[0]);
     return entry;
 }

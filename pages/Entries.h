@@ -7,6 +7,13 @@
 
 namespace tolvane {
 
+// The parts, one behind the other.
+template <class... Parts> std::string Cat(const Parts&... parts) {
+    std::string text;
+    ((text += parts), ...);
+    return text;
+}
+
 // A text in Japanese and in English, as the languages are numbered.
 using Pair = std::array<std::string, 2>;
 

@@ -54,9 +54,10 @@ std::string Indented(const std::string& text, bool numbered) {
     std::string out;
     int number = 0;
     for (const std::string& line : Split(text, '\n')) {
-        const std::string digits = numbered ? std::to_string(++number) + "  " : "";
-        if (!line.empty()) out += std::string(numbered && number < 10 ? 3 : numbered ? 2 : 4, ' ') + digits + line;
-        out += "\n";
+        ++number;
+        const std::string head =
+            numbered ? Cat(number < 10 ? "   " : "  ", std::to_string(number), "  ") : std::string("    ");
+        out += line.empty() ? "\n" : Cat(head, line, "\n");
     }
     while (out.ends_with("\n\n"))
         out.pop_back();
@@ -95,9 +96,9 @@ std::string Explanations(const std::vector<Entry>& entries) {
     std::string text = "// Written by tolvane-pages.\n#include \"run/Explain.h\"\n\n#include \"AllCatalogues.h\"\n\n"
                        "namespace tolvane::run {\nstatic constexpr Explanation all[] = {\n";
     for (const Entry& entry : entries)
-        text += "   {" + (entry.row != nullptr ? "&" + entry.id : "nullptr") + ", " + Literal(entry.keys) + ",\n   " +
-                Literals(entry.title[0], entry.title[1]) + ",\n   " +
-                Literals(PlainText(entry, 0), PlainText(entry, 1)) + "},\n";
+        text += Cat("   {", entry.row != nullptr ? Cat("&", entry.id) : "nullptr", ", ", Literal(entry.keys), ",\n   ",
+                    Literals(entry.title[0], entry.title[1]), ",\n   ",
+                    Literals(PlainText(entry, 0), PlainText(entry, 1)), "},\n");
     return text + "};\nconstinit const std::span<const Explanation> Explanations = all;\n}\n";
 }
 
@@ -179,21 +180,20 @@ std::string Page(std::vector<Entry> entries, std::size_t language) {
     for (const Entry& entry : entries) {
         const std::string id = Escaped(entry.id);
         const std::string title = Escaped(entry.title[language]);
-        (entry.row == nullptr ? faults : index) += "<li><a href=\"#" + id + "\">" + title + "</a></li>\n";
-        bodies += "<article id=\"" + id + "\">\n<p class=\"kind\">" + Escaped(entry.severity[language]) + "</p>\n<h3>" +
-                  title + "</h3>\n";
+        (entry.row == nullptr ? faults : index) += Cat("<li><a href=\"#", id, "\">", title, "</a></li>\n");
+        bodies += Cat("<article id=\"", id, "\">\n<p class=\"kind\">", Escaped(entry.severity[language]), "</p>\n<h3>",
+                      title, "</h3>\n");
         for (const Piece& piece : entry.pieces)
             bodies += Html(piece, language);
-        bodies += "<p class=\"kind\"><a href=\"#top\">" + word(words::Top) + "</a></p>\n</article>\n";
+        bodies += Cat("<p class=\"kind\"><a href=\"#top\">", word(words::Top), "</a></p>\n</article>\n");
     }
-    const std::string list = "<ul>\n";
-    return "<!DOCTYPE html>\n<html lang=\"" + std::string(language == 0 ? "ja" : "en") +
-           "\">\n<head>\n<meta charset=\"utf-8\">\n"
-           "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>" +
-           word(words::Title) + "</title>\n<style>" + Style + "</style>\n</head>\n<body id=\"top\">\n<h1>" +
-           word(words::Title) + "</h1>\n<p>" + word(words::Intro) + "</p>\n<nav>\n<h2>" + word(words::FaultsTitle) +
-           "</h2>\n" + list + faults + "</ul>\n<h2>" + word(words::Index) + "</h2>\n" + list + index +
-           "</ul>\n</nav>\n<main>\n" + bodies + "</main>\n</body>\n</html>\n";
+    return Cat("<!DOCTYPE html>\n<html lang=\"", language == 0 ? "ja" : "en",
+               "\">\n<head>\n<meta charset=\"utf-8\">\n"
+               "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>",
+               word(words::Title), "</title>\n<style>", Style, "</style>\n</head>\n<body id=\"top\">\n<h1>",
+               word(words::Title), "</h1>\n<p>", word(words::Intro), "</p>\n<nav>\n<h2>", word(words::FaultsTitle),
+               "</h2>\n<ul>\n", faults, "</ul>\n<h2>", word(words::Index), "</h2>\n<ul>\n", index,
+               "</ul>\n</nav>\n<main>\n", bodies, "</main>\n</body>\n</html>\n");
 }
 
 int Make(const fs::path& root, const fs::path& folder) {
