@@ -209,6 +209,7 @@ int Make(const fs::path& root, const fs::path& folder) {
     };
     const bool written = write("explain.ja.html", Page(entries, 0)) && write("explain.en.html", Page(entries, 1)) &&
                          write("Explanations.cpp", Explanations(entries));
+    if (!written) std::cerr << folder.string() << " cannot be written\n";
     return written ? 0 : 1;
 }
 
