@@ -19,9 +19,11 @@ namespace tolvane::run {
 namespace {
 
 constexpr const char* ShortOptions = ":cd:hi:l:n:p:tVw";
+constexpr int ExplainOption = 256;
 constexpr option LongOptions[] = {
     {"check", no_argument, nullptr, 'c'},
     {"dump", required_argument, nullptr, 'd'},
+    {"explain", required_argument, nullptr, ExplainOption},
     {"help", no_argument, nullptr, 'h'},
     {"input", required_argument, nullptr, 'i'},
     {"lang", required_argument, nullptr, 'l'},
@@ -35,7 +37,7 @@ constexpr option LongOptions[] = {
 
 // The words of the command line as they stand there.
 struct CommandLine {
-    std::optional<std::string> lang, pipeline, limit, dump, input;
+    std::optional<std::string> lang, pipeline, limit, dump, input, explain;
     bool check = false, trace = false, words = false, help = false, version = false;
     const Msg* fault = nullptr; // the first that getopt_long has found
     std::string faulty;
@@ -66,6 +68,9 @@ CommandLine ReadWords(int argc, char** argv) {
             break;
         case 'd':
             line.dump = optarg;
+            break;
+        case ExplainOption:
+            line.explain = optarg;
             break;
         case 'h':
             line.help = true;
@@ -141,6 +146,12 @@ std::optional<Options> ReadOptions(int argc, char** argv, int& status) {
 
     if (line.lang && *line.lang != "en" && *line.lang != "ja")
         return Wrong(status, RunMsg.NotALanguage, {Utf8Arg{*line.lang}});
+    if (line.explain) {
+        options.explain = line.explain;
+        for (const std::string& word : line.files)
+            *options.explain += " " + word;
+        return options;
+    }
     const std::string pipeline = line.pipeline.value_or("WP");
     options.pipeline = FindPipeline(pipeline);
     if (options.pipeline == nullptr) return Wrong(status, RunMsg.NotAPipeline, {Utf8Arg{pipeline}});

@@ -11,7 +11,15 @@
 namespace tolvane::run {
 
 // The exit statuses. Of several files the highest counts.
-enum Status { AllEnded = 0, SourceErrors = 1, MachineStopped = 2, LimitWasReached = 3, WrongUse = 4, CtrlC = 130 };
+enum Status {
+    AllEnded = 0,
+    SourceErrors = 1,
+    NothingFound = 1,
+    MachineStopped = 2,
+    LimitWasReached = 3,
+    WrongUse = 4,
+    CtrlC = 130
+};
 
 inline constexpr const char* StandardInput = "-";
 
@@ -21,9 +29,10 @@ struct Options {
     bool check = false;
     bool trace = false;
     bool words = false;
-    std::int64_t limit = 100'000'000; // 0: none
-    std::optional<std::string> dump;  // the folder
-    std::optional<std::string> input; // the text that IN reads
+    std::int64_t limit = 100'000'000;   // 0: none
+    std::optional<std::string> dump;    // the folder
+    std::optional<std::string> input;   // the text that IN reads
+    std::optional<std::string> explain; // words; then nothing else is done
     std::vector<std::string> files;
 };
 

@@ -12,6 +12,7 @@ struct RunCatalogue {
              "\n"
              "  -c, --check           do not run\n"
              "  -d, --dump DIR        write both dumps into DIR: NAME.assembled.txt, NAME.result.txt\n"
+             "      --explain WORDS   explain a message: paste it, or give some of its words\n"
              "  -h, --help            show this text\n"
              "  -i, --input FILE      what IN reads, for each program from its beginning\n"
              "  -l, --lang en|ja      the language of the diagnostics (default: the locale's)\n"
@@ -29,6 +30,7 @@ struct RunCatalogue {
              "\n"
              "  -c, --check           実行しない\n"
              "  -d, --dump DIR        二つのダンプを DIR に書く: 名前.assembled.txt, 名前.result.txt\n"
+             "      --explain 言葉    メッセージを説明する。メッセージ全体でも、その中の言葉でもよい\n"
              "  -h, --help            この説明を表示する\n"
              "  -i, --input FILE      IN が読むファイル。プログラムごとに先頭から読む\n"
              "  -l, --lang en|ja      メッセージの言語（既定値はロケールによる）\n"
@@ -62,6 +64,12 @@ struct RunCatalogue {
     Msg TooLarge{"it is too large", "大きすぎる"};
     Msg NotAssembled{"The source was not assembled.", "アセンブルできなかった。"};
     Msg OutputLost{"tolvane-run: the output cannot be written: {0}\n", "tolvane-run: 出力できない: {0}\n"};
+
+    // --explain. {0} the words, the number of titles that are left out
+    Msg NothingExplained{"tolvane-run: no message has these words: {0}\n",
+                         "tolvane-run: この言葉を含むメッセージはない: {0}\n"};
+    Msg AlsoExplained{"\nThese fit, too; give more of their words:\n", "\nほかの候補（言葉を足すと絞り込める）:\n"};
+    Msg MoreExplained{"  and {0} more\n", "  ほか {0} 件\n"};
 
     // The ends of a run that are not the machine's. {0} the limit
     Msg LimitReached{"The limit of {0} instructions was reached.", "命令数の上限 {0} に達した。"};

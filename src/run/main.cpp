@@ -3,6 +3,7 @@
 #include "messages/TMsgBase.h"
 #include "platform/Console.h"
 #include "run/Errors.h"
+#include "run/Explain.h"
 #include "run/Options.h"
 #include "run/RunMsgs.h"
 #include "run/Sources.h"
@@ -24,7 +25,9 @@ int Main(int argc, char** argv) {
     console::Start(EndWithoutOutput);
     int status = AllEnded;
     const auto options = ReadOptions(argc, argv, status);
-    if (options) {
+    if (options && options->explain) {
+        status = Explain(*options->explain);
+    } else if (options) {
         for (const std::string& file : options->files) {
             status = std::max(status, RunFile(*options, file));
             FlushErr();

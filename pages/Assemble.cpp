@@ -2,7 +2,6 @@
 
 #include "Catalogues.h"
 #include "input/TMoziCode.h"
-#include "machine/Tcomet2.h"
 #include "platform/Console.h"
 #include "records/Records.h"
 #include "stages/Stages.h"
@@ -11,7 +10,7 @@
 #include <map>
 #include <stdexcept>
 
-namespace tolvane::tests {
+namespace tolvane {
 
 namespace {
 
@@ -31,8 +30,22 @@ template <class Ch> std::vector<int> Addresses() {
     return addresses;
 }
 
+// The OS in a run: what it says of an SVC becomes a diagnostic.
+void WriteOut(void* out, const std::string& line) {
+    *static_cast<std::string*>(out) += line;
+}
+std::optional<MachineIo::Line> NoInput(void*, std::size_t) {
+    return std::nullopt;
+}
+void SayOfService(void*, const Msg& msg, Args args) {
+    Tell(Severity::Note, NoLine, msg, args);
+}
+
 void Run(Assembly& result) {
-    comet2->Run3();
+    const MachineIo io{WriteOut, NoInput, SayOfService, &result.out};
+    comet2->Io = &io;
+    result.stop = comet2->RunLimited(RunLimit);
+    comet2->Io = &DialogueIo;
     result.registers.assign(comet2->GR.begin(), comet2->GR.end());
     if (comet2->Fovf != 0) result.flags += " OF";
     if (comet2->Fsign != 0) result.flags += " SF";
@@ -83,8 +96,11 @@ Assembly Assemble(const std::vector<std::string>& lines, const Pipeline& pipelin
     result.said = store->Records;
     for (const int each : {0, 1}) {
         modeFlags->Lang = each;
-        for (const MsgRec& record : result.said)
-            result.composes = result.composes && !record.Lines().empty();
+        for (const MsgRec& record : result.said) {
+            Strings shown = record.Lines();
+            result.composes = result.composes && !shown.empty();
+            if (each == language) result.lines.push_back(std::move(shown));
+        }
     }
     *modeFlags = before;
     return result;
@@ -98,4 +114,4 @@ const std::vector<const Msg*>& AllRows() {
     return AllNames().rows;
 }
 
-} // namespace tolvane::tests
+} // namespace tolvane

@@ -1,0 +1,35 @@
+#pragma once
+// What the pages say by themselves, in Japanese and in English.
+
+namespace tolvane::words {
+
+using Word = const char* [2];
+
+inline constexpr Word Severities[] = {{"エラー", "Error"}, {"警告", "Warning"}, {"注意", "Note"}, {"メモ", "Note"}};
+inline constexpr Word Stop = {"実行の停止", "Stop of the run"};
+inline constexpr Word Fault = {"誤り", "Fault"};
+inline constexpr Word Example = {"誤りのある例", "A faulty example"};
+inline constexpr Word Pipeline = {"（パイプライン ", " (pipeline "};
+inline constexpr Word PipelineEnd = {"）", ")"};
+inline constexpr Word Output = {"表示されるメッセージ", "What is said of it"};
+inline constexpr Word NotShown = {
+    "tolvane は WP ではこの行を数えるだけで、表示しない（エラーもあるときは表示する）。tolvane-run は表示する。",
+    "In WP tolvane counts it and shows it only beside an error; tolvane-run shows it."};
+inline constexpr Word Sound = {"正しい行", "Sound"};
+inline constexpr Word SoundSource = {"正しいプログラム", "A sound program"};
+inline constexpr Word Result = {"実行結果", "What happens"};
+inline constexpr Word NothingSaid = {"（メッセージは出ない）", "(nothing is said)"};
+inline constexpr Word Registers = {"実行後のレジスタ: ", "Registers after the run: "};
+inline constexpr Word NoRegisters = {"すべて 0", "all 0"};
+inline constexpr Word Others = {"ほかの文面", "Other wordings"};
+inline constexpr Word Title = {"Tolvane のメッセージ", "The messages of Tolvane"};
+inline constexpr Word Intro = {
+    "メッセージごとに、規則、誤りのある例とその表示、正しい書き方を示す。目次はメッセージの言葉の順に並べてある。"
+    "“…” の所には、ソースの語や数が入る。",
+    "For each message: the rule, a faulty example with what is said of it, and the sound line. The index is in the "
+    "order of the messages' words; “…” stands for words and numbers of your source."};
+inline constexpr Word FaultsTitle = {"メッセージだけでは直せない誤り", "Faults that the messages do not lead out of"};
+inline constexpr Word Index = {"目次", "Index"};
+inline constexpr Word Top = {"先頭へ", "To the top"};
+
+} // namespace tolvane::words
