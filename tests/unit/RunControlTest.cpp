@@ -18,9 +18,9 @@ protected:
     // at its end. Neither a program that hangs nor one that prints without end lasts.
     static std::string Status(const std::string& typed, const std::string& shown, const std::string& act) {
         WriteFile("typed", typed);
-        WriteFile("script", "ulimit -f 9999; rm -f in aa* *.ini; mkfifo in; exec 3<>in; cat typed >in\n"
+        WriteFile("script", "ulimit -f 9999; rm -f in out aa* *.ini; mkfifo in; exec 3<>in; cat typed >in\n"
                             "env --default-signal=INT,HUP " TOLVANE_PROGRAM " <in 3>&- >out 2>told &\n"
-                            "until grep -q '" +
+                            "until grep -qs '" +
                                 shown + "' out; do sleep 0.01; done\n" + act + "\nwait $!; echo $?");
         EXPECT_EQ(std::system("timeout -s KILL 30 sh script >status"), 0);
         return ReadFile("status");
