@@ -281,7 +281,7 @@ Pair Happened(const Strings& source) {
         std::string registers;
         for (std::size_t i = 0; i < a.registers.size(); ++i) {
             char cell[32];
-            std::snprintf(cell, sizeof cell, "GR%zu=#%04X ", i, static_cast<unsigned>(a.registers[i]) & 0xFFFFU);
+            std::snprintf(cell, sizeof cell, " GR%zu=#%04X", i, static_cast<unsigned>(a.registers[i]) & 0xFFFFU);
             if (a.registers[i] != 0) registers += cell;
         }
         return text + words::Registers[l] + (registers.empty() ? words::NoRegisters[l] : registers) + "\n";

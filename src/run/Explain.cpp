@@ -16,6 +16,7 @@ namespace {
 constexpr std::size_t MostEntries = 2; // shown whole
 constexpr std::size_t MostTitles = 15; // of the others
 constexpr std::size_t ShortestLine = 8;
+constexpr std::size_t ScoreOfWord = 4;
 constexpr Wording Wordings[] = {WordingNWW, WordingWP, WordingNA, WordingAP, WordingNH};
 
 // What stands in front of a text by itself says nothing about which one it is.
@@ -46,7 +47,9 @@ std::vector<std::string> WordsOf(const std::string& folded) {
     std::size_t end = 0;
     for (std::size_t begin = 0; begin < folded.size(); begin = end + 1) {
         end = std::min(folded.find(' ', begin), folded.size());
-        if (end > begin) words.push_back(folded.substr(begin, end - begin));
+        const std::size_t first = std::min(folded.find_first_not_of("\"'.,:;!?()", begin), end);
+        const std::size_t last = first == end ? end : folded.find_last_not_of("\"'.,:;!?()", end - 1) + 1;
+        if (last > first) words.push_back(folded.substr(first, last - first));
     }
     return words;
 }
@@ -90,18 +93,21 @@ std::size_t ScoreOfPasted(const Msg& row, const std::string& pasted) {
     return best;
 }
 
-// 0 if a word is missing; the title counts more than the words behind it, and a fault's own words most.
+// How many of the words an entry has, if it has more than half of them; then the title counts more than the words
+// behind it, and a fault's own words most.
 std::size_t ScoreOfWords(const Explanation& entry, const std::vector<std::string>& words) {
-    const auto hasAll = [&words](const std::string& text) {
-        return std::ranges::all_of(words, [&text](const std::string& word) { return HasWord(text, word); });
+    const auto count = [&words](const std::string& text) {
+        const auto has = [&text](const std::string& word) { return HasWord(text, word); };
+        return static_cast<std::size_t>(std::ranges::count_if(words, has));
     };
     const std::string title = Folded(entry.title[0]) + " " + Folded(entry.title[1]) + " ";
-    if (entry.row == nullptr) return hasAll(title + Folded(entry.keys)) ? 3 : 0;
-    if (hasAll(title)) return 2;
+    const std::size_t inTitle = count(title + Folded(entry.keys));
+    std::size_t found = inTitle;
     for (const Wording wording : Wordings)
         for (const int language : {0, 1})
-            if (hasAll(Folded(entry.row->For(language, wording)))) return 1;
-    return 0;
+            if (entry.row != nullptr) found = std::max(found, count(Folded(entry.row->For(language, wording))));
+    if (2 * found <= words.size()) return 0;
+    return ScoreOfWord * found + (entry.row == nullptr ? 2U : 0U) + (inTitle == found ? 1U : 0U);
 }
 
 // The entries with a score, the best first.
@@ -117,12 +123,14 @@ template <class Score> std::vector<Found> Search(Score score) {
 
 int Explain(const std::string& words) {
     const std::string folded = Folded(words);
-    const std::vector<std::string> single = WordsOf(folded);
     auto found =
         Search([&](const Explanation& entry) { return entry.row == nullptr ? 0 : ScoreOfPasted(*entry.row, folded); });
-    const bool pasted = !found.empty();
-    if (!pasted && !single.empty())
-        found = Search([&](const Explanation& entry) { return ScoreOfWords(entry, single); });
+    if (found.empty()) {
+        found = Search([&](const Explanation& entry) { return ScoreOfWords(entry, WordsOf(folded)); });
+        // Those that have as many words as the best.
+        const std::size_t most = found.empty() ? 0 : found[0].score / ScoreOfWord;
+        std::erase_if(found, [most](const Found& each) { return each.score / ScoreOfWord < most; });
+    }
     if (found.empty()) {
         console::WriteError(TextOf(RunMsg.NothingExplained, {Utf8Arg{words}}));
         return NothingFound;
