@@ -20,11 +20,11 @@ struct DriverCatalogue {
                               "TBasicData::SetTextEdIndex(int)\n"};
 
     // Title
-    Msg Title{"\nTolvane  Ver. 4.4.4  x64  R_{0}\n\n"
+    Msg Title{"\nTolvane  Ver. " TOLVANE_VERSION "  x64  R_{0}\n\n"
               "Assembler, Linker, and Simulator\n"
               "Built for {1}\n"
               "The Tolvane developers\n\n"};
-    Msg SimpleTitle{"\nTolvane  Ver. 4.4.4  x64  R_{0}\n\n"
+    Msg SimpleTitle{"\nTolvane  Ver. " TOLVANE_VERSION "  x64  R_{0}\n\n"
                     "Assembler & Simulator\n"
                     "Built for {1}\n"
                     "The Tolvane developers\n\n"};

@@ -6,7 +6,7 @@
 namespace tolvane {
 
 struct RunCatalogue {
-    Msg Version{"tolvane-run 4.4.4\n"};
+    Msg Version{"tolvane-run " TOLVANE_VERSION "\n"};
     Msg Help{"Usage: tolvane-run [OPTIONS] FILE...\n"
              "Assembles, links and runs each FILE, a source in CASL II. FILE - is the standard input.\n"
              "\n"
