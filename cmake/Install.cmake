@@ -18,7 +18,7 @@ file(GLOB TOLVANE_DOCS CONFIGURE_DEPENDS docs/*.md)
 install(FILES ${TOLVANE_READMES} CHANGELOG.md DESTINATION ${TOLVANE_DOC})
 install(FILES ${TOLVANE_DOCS} DESTINATION ${TOLVANE_DOC}/docs)
 foreach(language IN ITEMS en ja)
-  install(FILES ${CMAKE_BINARY_DIR}/explain.${language}.html DESTINATION ${TOLVANE_DOC}/docs OPTIONAL)
+  install(FILES ${CMAKE_BINARY_DIR}/pages/explain.${language}.html DESTINATION ${TOLVANE_DOC}/docs OPTIONAL)
 endforeach()
 
 install(DIRECTORY examples/src DESTINATION ${TOLVANE_DOC}/examples)
