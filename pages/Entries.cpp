@@ -223,7 +223,7 @@ Entry EntryOf(const Msg& row, const Example& example, const std::vector<const Ca
         entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Sound), {twin, twin}});
     const Pair others = InBoth([&](int language) { return OtherWordings(row, language, wording); });
     if (!Cat(others[0], others[1]).empty()) entry.pieces.push_back({Piece::Kind::Text, InBoth(words::Others), others});
-    entry.sample = TrimZenBlankUtf8(example.c->source[0]);
+    entry.sample = TrimZenBlankUtf8(Split(Unescaped(example.c->source[0]), '\n').at(0));
     return entry;
 }
 
@@ -258,7 +258,7 @@ std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books) {
         for (const Entry& entry : entries)
             ++titles[l][entry.title[l]];
         for (Entry& entry : entries)
-            if (titles[l][entry.title[l]] > 1) entry.title[l] += " (" + entry.sample + ")";
+            if (titles[l][entry.title[l]] > 1 && !entry.sample.empty()) entry.title[l] += " (" + entry.sample + ")";
     }
     return entries;
 }
