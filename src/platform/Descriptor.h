@@ -2,7 +2,6 @@
 // An open file of the system, closed with its owner. For the sources of this room only.
 
 #include <string_view>
-#include <unistd.h>
 #include <utility>
 
 namespace tolvane::platform {
@@ -22,10 +21,7 @@ public:
 
     int Get() const { return number; } // below 0 if the file did not open
     // False if the system could not keep what was written.
-    bool Close() {
-        const int closing = std::exchange(number, -1);
-        return closing < 0 || close(closing) == 0;
-    }
+    bool Close();
 
 private:
     int number;

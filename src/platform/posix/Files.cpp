@@ -90,6 +90,11 @@ ReadResult ReadBytes(const Descriptor& file, std::size_t size, std::string& byte
 
 } // namespace
 
+bool Descriptor::Close() {
+    const int closing = std::exchange(number, -1);
+    return closing < 0 || close(closing) == 0;
+}
+
 bool WriteBytes(int file, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = write(file, bytes.data(), bytes.size());
