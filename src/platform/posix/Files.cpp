@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <new>
@@ -105,18 +106,6 @@ bool WriteBytes(int file, std::string_view bytes) {
     return true;
 }
 
-std::string SystemPath(const std::string& path) {
-    std::string_view name = path;
-    if (name.size() >= 2 && name.front() == '"' && name.back() == '"') name = name.substr(1, name.size() - 2);
-    std::string out;
-    for (std::size_t i = 0; i < name.size(); ++i) {
-        const bool separator = name[i] == '\\';
-        if (separator && i + 1 < name.size() && name[i + 1] == '\\') ++i;
-        out += separator ? '/' : name[i];
-    }
-    return out;
-}
-
 std::optional<std::string> CurrentDirectory() {
     const std::filesystem::path directory = std::filesystem::current_path(directoryFailure);
     if (directoryFailure) return std::nullopt;
@@ -125,6 +114,16 @@ std::optional<std::string> CurrentDirectory() {
 
 std::string LastSystemMessage() {
     return directoryFailure.message();
+}
+
+std::optional<std::string> WhyNotOpened(const std::string& path) {
+    const std::string name = SystemPath(path);
+    struct stat status {};
+    if (stat(name.c_str(), &status) != 0) return SystemMessage(errno);
+    if (S_ISDIR(status.st_mode)) return SystemMessage(EISDIR);
+    if (!S_ISREG(status.st_mode)) return std::nullopt;
+    const Descriptor file(open(name.c_str(), O_RDONLY | O_CLOEXEC));
+    return file.Get() < 0 ? std::optional(SystemMessage(errno)) : std::nullopt;
 }
 
 bool IsFileThere(const std::string& path) {
@@ -147,18 +146,26 @@ ReadResult ReadFile(const std::string& path, std::string& bytes) {
     }
 }
 
-std::optional<std::string> ReadFile(const std::string& path) {
-    std::string bytes;
-    if (ReadFile(path, bytes) != ReadResult::Read) return std::nullopt;
-    return bytes;
-}
-
 std::optional<std::string> WriteFile(const std::string& path, std::string_view bytes) {
     const std::string name = SystemPath(path);
     if (!IsSystemName(name)) return SystemMessage(ENOENT);
     Descriptor file = OpenToWrite(name);
     if (file.Get() < 0 || !WriteBytes(file.Get(), bytes) || !file.Close()) return SystemMessage(errno);
     return std::nullopt;
+}
+
+std::string InputAsFile() {
+    std::error_code error;
+    std::string name = (std::filesystem::temp_directory_path(error) / "tolvane-run-XXXXXX").string();
+    const Descriptor file(mkstemp(name.data()));
+    if (file.Get() < 0) return {};
+    std::string block(65536, '\0');
+    for (;;) {
+        const ssize_t got = read(STDIN_FILENO, block.data(), block.size());
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) return name;
+        WriteBytes(file.Get(), std::string_view(block).substr(0, static_cast<std::size_t>(got)));
+    }
 }
 
 std::string SystemAndMachine() {
