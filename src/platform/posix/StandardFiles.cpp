@@ -1,6 +1,7 @@
 #include "platform/StandardFiles.h"
 
 #include "platform/Signals.h"
+#include "platform/posix/Waiting.h"
 
 #include <algorithm>
 #include <cerrno>
