@@ -196,8 +196,9 @@ void RegisterBooks(bool rewrite) {
     for (const Book& book : AllBooks())
         for (const Case& c : book.cases) {
             const int line = static_cast<int>(c.begin) + 1;
-            testing::RegisterTest(book.path.stem().c_str(), std::to_string(line).c_str(), nullptr, nullptr,
-                                  book.path.c_str(), line, [c]() -> testing::Test* { return new BookCase(c); });
+            testing::RegisterTest(book.path.stem().string().c_str(), std::to_string(line).c_str(), nullptr, nullptr,
+                                  book.path.string().c_str(), line,
+                                  [c]() -> testing::Test* { return new BookCase(c); });
         }
 }
 

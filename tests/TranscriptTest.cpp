@@ -197,7 +197,8 @@ private:
     }
 
     void Compare(std::string& body, const std::string& text) {
-        std::string found = Marked(Masked(Replaced(text, work.string(), "<folder>")), marks);
+        const std::string plain = Replaced(text, "Z:" + Replaced(work.string(), "/", "\\"), "<folder>"); // under Wine
+        std::string found = Marked(Masked(Replaced(plain, work.string(), "<folder>")), marks);
         if (!found.empty() && found.back() != '\n') found += NoLineEnd;
         if (rewrite)
             body = found;

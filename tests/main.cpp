@@ -16,9 +16,11 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         if (std::string(argv[i]) == "--rewrite") rewrite = true;
     }
+    tolvane::tests::RegisterBooks(rewrite);
+#ifndef _WIN32
     if (rewrite) setenv("TOLVANE_REWRITE", "1", 1);
     std::signal(SIGPIPE, SIG_IGN);
-    tolvane::tests::RegisterBooks(rewrite);
     tolvane::tests::RegisterTranscripts(rewrite);
+#endif
     return RUN_ALL_TESTS();
 }

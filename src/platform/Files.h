@@ -21,10 +21,14 @@ enum class ReadResult { Read, NoFile, TooLarge, Endless };
 // Reads all bytes of a file; none unless they could all be read.
 ReadResult ReadFile(const std::string& path, std::string& bytes);
 std::optional<std::string> ReadFile(const std::string& path);
+// The system's message for a file that does not open for reading; nothing for one that opens and for what is no file.
+std::optional<std::string> WhyNotOpened(const std::string& path);
 // Writes the file anew; the system's message on failure, else nothing. What is there and is no file is not opened.
 std::optional<std::string> WriteFile(const std::string& path, std::string_view bytes);
 // The system's message for the last failure of CurrentDirectory.
 std::string LastSystemMessage();
+// Copies the rest of the standard input into a new file and gives its name; empty if the system has no room for one.
+std::string InputAsFile();
 // The name of the system and of its machine, as in "Linux x86_64".
 std::string SystemAndMachine();
 

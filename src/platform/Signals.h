@@ -38,7 +38,4 @@ void EndIfAsked();
 // Pulls LoopLimit down a tenth of a second from now, unless that is on its way.
 void SetTimer();
 
-// Waits until a file can be read. False as soon as EndAsked or InterruptAsked.
-bool WaitReadable(int file);
-
 } // namespace tolvane::signals

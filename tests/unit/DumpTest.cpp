@@ -78,7 +78,8 @@ TEST_F(DumpTest, LabelsOfOneAddressAreJoinedAndWidenTheColumn) {
 TEST_F(DumpTest, MemoryAndStackEndWhereTheyEnd) {
     const auto ends = [this] { return std::pair{Rows("#00").size(), Rows("#F").size()}; };
     machine->Stack[4] = 7; // the zeros 0 to 3 hide it
-    EXPECT_EQ(ends(), std::pair(10UL, 5UL)) << "ten rows behind the image; the stack up to the fourth zero";
+    EXPECT_EQ(ends(), (std::pair<std::size_t, std::size_t>(10, 5)))
+        << "ten rows behind the image; the stack up to the fourth zero";
     machine->Stack[1] = machine->Stack[8] = 1; // three zeros between 4 and 8
     EXPECT_EQ(ends().second, 14UL);
     machine->Stack.fill(1);

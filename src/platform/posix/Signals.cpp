@@ -1,5 +1,7 @@
 #include "platform/Signals.h"
 
+#include "platform/posix/Waiting.h"
+
 #include <array>
 #include <cerrno>
 #include <csignal>

@@ -1,0 +1,118 @@
+#include "platform/StandardFiles.h"
+
+#include "platform/Signals.h"
+#include "platform/posix/Waiting.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+namespace tolvane::console {
+
+namespace {
+
+bool outputIsClosed = false; // since the program's start
+
+const CharacterCode& ConsoleCode() {
+    static const CharacterCode* const code = CodeOfLocale();
+    return code != nullptr ? *code : Utf8Code;
+}
+
+// Whether a file is ready within some milliseconds; -1 waits for ever.
+bool WaitFor(int file, short event, int milliseconds) {
+    pollfd waiting{file, event, 0};
+    return poll(&waiting, 1, milliseconds) > 0;
+}
+
+// The last bytes of a program that a signal ends: as many of them as the reader takes without making it wait.
+void WriteLast(std::string_view bytes) {
+    constexpr std::size_t alwaysFits = 512; // into a pipe that takes anything
+    constexpr int patience = 100;
+    while (!bytes.empty() && WaitFor(STDOUT_FILENO, POLLOUT, patience)) {
+        const ssize_t written = write(STDOUT_FILENO, bytes.data(), std::min(bytes.size(), alwaysFits));
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        else if (errno != EINTR && errno != EAGAIN)
+            return;
+    }
+}
+
+} // namespace
+
+void OpenStandardFiles() {
+    std::signal(SIGPIPE, SIG_IGN);
+    // A file that is opened later must not get the number of a closed standard file.
+    outputIsClosed = fcntl(STDOUT_FILENO, F_GETFD) < 0;
+    int file = STDIN_FILENO;
+    while (0 <= file && file <= STDERR_FILENO)
+        file = open("/dev/null", O_RDWR);
+    if (file >= 0) close(file);
+}
+
+const CharacterCode& InputCode() {
+    return ConsoleCode();
+}
+
+const CharacterCode& OutputCode() {
+    return ConsoleCode();
+}
+
+const CharacterCode& ErrorCode() {
+    return ConsoleCode();
+}
+
+const CharacterCode& TextFileCode() {
+    return ConsoleCode();
+}
+
+std::size_t ReadInput(char* bytes, std::size_t size) {
+    for (;;) {
+        if (!signals::WaitReadable(STDIN_FILENO)) {
+            signals::EndIfAsked();
+            return 0;
+        }
+        const ssize_t got = read(STDIN_FILENO, bytes, size);
+        if (got < 0 && (errno == EINTR || errno == EAGAIN)) continue;
+        return got > 0 ? static_cast<std::size_t>(got) : 0;
+    }
+}
+
+std::optional<std::string> WriteOutput(std::string_view bytes) {
+    if (outputIsClosed && !bytes.empty()) return std::strerror(EBADF);
+    while (!bytes.empty()) {
+        if (signals::EndAsked()) {
+            WriteLast(bytes);
+            break;
+        }
+        const ssize_t written = write(STDOUT_FILENO, bytes.data(), bytes.size());
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        else if (written < 0 && errno == EAGAIN)
+            WaitFor(STDOUT_FILENO, POLLOUT, -1);
+        else if (written == 0 || errno != EINTR)
+            return std::strerror(errno);
+    }
+    return std::nullopt;
+}
+
+void WriteErrorOutput(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(STDERR_FILENO, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) return;
+        if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+bool OutputIsTerminal() {
+    return isatty(STDOUT_FILENO) == 1;
+}
+
+bool ErrorIsTerminal() {
+    return isatty(STDERR_FILENO) == 1;
+}
+
+} // namespace tolvane::console

@@ -1,0 +1,115 @@
+#include "platform/Commands.h"
+
+#include "platform/Console.h"
+#include "platform/Files.h"
+#include "platform/StandardFiles.h"
+#include "platform/windows/System.h"
+#include "platform/windows/Waiting.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace tolvane::platform {
+
+namespace {
+
+constexpr std::string_view DefaultEditor = "notepad.exe";
+
+// A name is text up to the first zero.
+std::string UpToZero(const std::string& text) {
+    return text.c_str();
+}
+
+// The name of a file or folder as no program takes it for an option.
+std::wstring PlainName(const std::string& path) {
+    std::wstring name = Wide(SystemPath(UpToZero(path)));
+    std::replace(name.begin(), name.end(), L'/', L'\\');
+    return name.starts_with(L'-') ? L".\\" + name : name;
+}
+
+// One word of a command line: backslashes count double in front of a quotation mark.
+std::wstring Quoted(std::wstring_view word) {
+    std::wstring text = L"\"";
+    std::size_t backslashes = 0;
+    for (const wchar_t c : word) {
+        if (c == L'"') text.append(backslashes + 1, L'\\');
+        backslashes = c == L'\\' ? backslashes + 1 : 0;
+        text += c;
+    }
+    return text.append(backslashes, L'\\') + L"\"";
+}
+
+// Starts a program and waits for its end. An empty name is the first word of the command line.
+bool RunAndWait(const std::wstring& program, std::wstring commandLine) {
+    console::Flush();
+    const signals::Elsewhere elsewhere;
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    const wchar_t* const name = program.empty() ? nullptr : program.c_str();
+    if (CreateProcessW(name, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process) == 0)
+        return false;
+    CloseHandle(process.hThread);
+    WaitForSingleObject(process.hProcess, INFINITE);
+    CloseHandle(process.hProcess);
+    return true;
+}
+
+// A program of the system; none of that name in the user's folder is taken for it.
+std::wstring SystemProgram(const wchar_t* name) {
+    return SystemText([](wchar_t* room, DWORD length) { return GetSystemDirectoryW(room, length); }) + L"\\" + name;
+}
+
+std::wstring Setting(const wchar_t* variable) {
+    return SystemText([&](wchar_t* room, DWORD length) { return GetEnvironmentVariableW(variable, room, length); });
+}
+
+// Where nobody sits in front of the console, an editor would wait for somebody who never comes.
+bool IsDialogue() {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != 0 && console::OutputIsTerminal();
+}
+
+void PrintFile(const std::string& file) {
+    console::Flush();
+    if (const auto bytes = ReadFile(UpToZero(file))) console::WriteOutput(*bytes);
+}
+
+// A command that is the name of a program, blanks and all, is one word. Any other one can hold options.
+void RunOwnEditor(const std::string& command, const std::wstring& name) {
+    std::wstring text = Wide(command);
+    if (text.size() >= 2 && text.front() == L'"' && text.back() == L'"') text = text.substr(1, text.size() - 2);
+    for (std::size_t i = text.find(L"\\\\"); i != std::wstring::npos; i = text.find(L"\\\\", i + 1))
+        text.erase(i, 1);
+    const std::wstring found = SystemText([&](wchar_t* room, DWORD length) {
+        return SearchPathW(nullptr, text.c_str(), L".exe", length, room, nullptr);
+    });
+    if (!found.empty() && RunAndWait(found, Quoted(found) + L" " + Quoted(name))) return;
+    RunAndWait({}, text + L" " + Quoted(name));
+}
+
+} // namespace
+
+void RunEditor(const std::string& command, const std::string& file) {
+    const std::string own = UpToZero(command);
+    const std::wstring name = PlainName(file);
+    if (!own.empty() && own != DefaultEditor) return RunOwnEditor(own, name);
+    if (!IsDialogue()) return PrintFile(file);
+    for (const wchar_t* variable : {L"VISUAL", L"EDITOR"}) {
+        const std::wstring editor = Setting(variable);
+        if (!editor.empty() && RunAndWait({}, editor + L" " + Quoted(name))) return;
+    }
+    RunAndWait(SystemProgram(L"notepad.exe"), L"notepad.exe " + Quoted(name));
+}
+
+// The command processor finds the name in a variable, so that it never reads a character of it as a part of its text.
+void ListFolder(const std::string& folder) {
+    constexpr const wchar_t* variable = L"TOLVANE_FOLDER";
+    const std::wstring name = PlainName(folder);
+    const std::wstring words = name.empty() ? L"dir" : L"dir \"!TOLVANE_FOLDER!\"";
+    SetEnvironmentVariableW(variable, name.empty() ? nullptr : name.c_str());
+    RunAndWait(SystemProgram(L"cmd.exe"), L"cmd.exe /d /v:on /s /c \"" + words + L"\"");
+    SetEnvironmentVariableW(variable, nullptr);
+}
+
+} // namespace tolvane::platform

@@ -1,0 +1,172 @@
+#include "platform/Files.h"
+
+#include "platform/Descriptor.h"
+#include "platform/StandardFiles.h"
+#include "platform/windows/System.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+
+namespace tolvane::platform {
+
+namespace {
+
+// How much more than its state says a file may give: it may have grown meanwhile.
+constexpr std::size_t MostSurplus = std::size_t{64} << 20;
+
+DWORD directoryFailure = 0;
+
+bool IsSystemName(const std::string& name) {
+    return !name.empty() && name.find('\0') == std::string::npos;
+}
+
+bool IsFolder(const std::string& name) {
+    const DWORD attributes = GetFileAttributesW(Wide(name).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+HANDLE HandleOf(FileNumber file) {
+    return reinterpret_cast<HANDLE>(file);
+}
+
+// Opens what has that name, a device as well; the system's number says why it does not open.
+Descriptor Open(const std::string& name, DWORD access, DWORD how) {
+    constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE file = CreateFileW(Wide(name).c_str(), access, shared, nullptr, how, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE && GetLastError() == ERROR_ACCESS_DENIED && IsFolder(name))
+        SetLastError(DirectoryNotSupported);
+    return Descriptor(reinterpret_cast<FileNumber>(file));
+}
+
+// "NUL" and the other devices have names in every folder.
+bool IsRegular(const Descriptor& file) {
+    return file.Get() >= 0 && GetFileType(HandleOf(file.Get())) == FILE_TYPE_DISK;
+}
+
+Descriptor OpenToRead(const std::string& path) {
+    const std::string name = SystemPath(path);
+    if (!IsSystemName(name)) return Descriptor(-1);
+    Descriptor file = Open(name, GENERIC_READ, OPEN_EXISTING);
+    return IsRegular(file) ? std::move(file) : Descriptor(-1);
+}
+
+std::size_t SizeOf(const Descriptor& file) {
+    LARGE_INTEGER size{};
+    return GetFileSizeEx(HandleOf(file.Get()), &size) != 0 ? static_cast<std::size_t>(size.QuadPart) : 0;
+}
+
+bool FitsInMemory(std::size_t size) {
+    MEMORYSTATUSEX memory{};
+    memory.dwLength = sizeof memory;
+    return GlobalMemoryStatusEx(&memory) == 0 || size < memory.ullTotalPhys;
+}
+
+DWORD OneStep(std::size_t size) {
+    return static_cast<DWORD>(std::min<std::size_t>(size, std::size_t{1} << 30));
+}
+
+// Reads to the end of a file of `size` bytes, as its state says.
+ReadResult ReadBytes(const Descriptor& file, std::size_t size, std::string& bytes) {
+    constexpr std::size_t leastRoom = 64 * 1024;
+    const std::size_t most = size + std::max(size, MostSurplus);
+    std::size_t end = 0;
+    bytes.resize(size > 0 ? size + 1 : leastRoom); // one byte more, so that the end is seen without making room
+    for (;;) {
+        DWORD got = 0;
+        const DWORD room = OneStep(bytes.size() - end);
+        if (::ReadFile(HandleOf(file.Get()), bytes.data() + end, room, &got, nullptr) == 0) return ReadResult::NoFile;
+        if (got == 0) break;
+        end += got;
+        if (end > most) return ReadResult::Endless;
+        if (end == bytes.size()) bytes.resize(std::min(2 * end, most + leastRoom));
+    }
+    bytes.resize(end);
+    return ReadResult::Read;
+}
+
+std::string LastMessage() {
+    return SystemMessage(GetLastError());
+}
+
+} // namespace
+
+bool Descriptor::Close() {
+    const FileNumber closing = std::exchange(number, -1);
+    return closing < 0 || CloseHandle(HandleOf(closing)) != 0;
+}
+
+bool WriteBytes(FileNumber file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        if (::WriteFile(HandleOf(file), bytes.data(), OneStep(bytes.size()), &written, nullptr) == 0) return false;
+        bytes.remove_prefix(written);
+    }
+    return true;
+}
+
+std::optional<std::string> CurrentDirectory() {
+    const std::wstring directory =
+        SystemText([](wchar_t* room, DWORD length) { return GetCurrentDirectoryW(length, room); });
+    directoryFailure = directory.empty() ? GetLastError() : 0;
+    if (directoryFailure != 0) return std::nullopt;
+    return FromWide(directory);
+}
+
+std::string LastSystemMessage() {
+    return SystemMessage(directoryFailure);
+}
+
+std::optional<std::string> WhyNotOpened(const std::string& path) {
+    if (Open(SystemPath(path), GENERIC_READ, OPEN_EXISTING).Get() >= 0) return std::nullopt;
+    return LastMessage();
+}
+
+bool IsFileThere(const std::string& path) {
+    return OpenToRead(path).Get() >= 0;
+}
+
+ReadResult ReadFile(const std::string& path, std::string& bytes) {
+    bytes.clear();
+    const Descriptor file = OpenToRead(path);
+    if (file.Get() < 0) return ReadResult::NoFile;
+    const std::size_t size = SizeOf(file);
+    if (!FitsInMemory(size)) return ReadResult::TooLarge;
+    try {
+        const ReadResult result = ReadBytes(file, size, bytes);
+        if (result != ReadResult::Read) bytes = std::string();
+        return result;
+    } catch (const std::bad_alloc&) {
+        bytes = std::string();
+        return ReadResult::TooLarge;
+    }
+}
+
+std::optional<std::string> WriteFile(const std::string& path, std::string_view bytes) {
+    const std::string name = SystemPath(path);
+    if (!IsSystemName(name)) return SystemMessage(ERROR_FILE_NOT_FOUND);
+    Descriptor file = Open(name, GENERIC_WRITE, OPEN_ALWAYS);
+    if (file.Get() < 0) return LastMessage();
+    if (!IsRegular(file)) return SystemMessage(ERROR_INVALID_NAME);
+    const bool written = SetEndOfFile(HandleOf(file.Get())) != 0 && WriteBytes(file.Get(), bytes) && file.Close();
+    return written ? std::nullopt : std::optional(LastMessage());
+}
+
+std::string InputAsFile() {
+    const std::wstring folder = SystemText([](wchar_t* room, DWORD length) { return GetTempPathW(length, room); });
+    wchar_t name[MAX_PATH + 1];
+    if (GetTempFileNameW(folder.c_str(), L"tol", 0, name) == 0) return {};
+    std::string bytes;
+    std::string block(65536, '\0');
+    while (const std::size_t got = console::ReadInput(block.data(), block.size()))
+        bytes.append(block, 0, got);
+    std::string path = FromWide(name);
+    WriteFile(path, bytes);
+    return path;
+}
+
+std::string SystemAndMachine() {
+    return "Windows x86_64";
+}
+
+} // namespace tolvane::platform

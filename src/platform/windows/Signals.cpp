@@ -1,0 +1,119 @@
+#include "platform/Signals.h"
+
+#include "platform/windows/System.h"
+#include "platform/windows/Waiting.h"
+
+namespace tolvane::signals {
+
+namespace {
+
+constexpr std::int64_t TimerUnits = 1'000'000; // of 100 nanoseconds
+
+static_assert(std::atomic<int>::is_always_lock_free && std::atomic<std::size_t>::is_always_lock_free);
+std::atomic<bool> ending{false};
+std::atomic<bool> interrupt{false};
+std::atomic<bool> timerIsSet{false};
+std::atomic<bool> running{false};
+std::atomic<bool> noted{false}; // something that the loop has not attended to
+std::atomic<bool> reading{false};
+std::atomic<bool> elsewhere{false};
+HANDLE reader = nullptr; // the thread that reads the standard input
+PTP_TIMER timer = nullptr;
+
+void Pull() {
+    noted = true;
+    LoopLimit = 0;
+}
+
+void CALLBACK NoteTimer(PTP_CALLBACK_INSTANCE, void*, PTP_TIMER) {
+    timerIsSet = false;
+    Pull();
+}
+
+// The system calls this in a thread of its own. Ctrl + C and Ctrl + Break mean the same; at the end of the session the
+// system ends the program as soon as this comes back. Who waits for something else than input has a moment for the end.
+BOOL WINAPI Note(DWORD event) {
+    constexpr int patience = 200;
+    constexpr DWORD pause = 10;
+    const bool isKey = event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT;
+    if (isKey && elsewhere) return TRUE;
+    (isKey ? interrupt : ending) = true;
+    Pull();
+    for (int i = 0; i < patience && (reading || EndAsked()); ++i) {
+        if (reading) CancelSynchronousIo(reader); // once more, because the read may just have been about to begin
+        Sleep(pause);
+    }
+    EndIfAsked();
+    return TRUE;
+}
+
+} // namespace
+
+void Install() {
+    DuplicateHandle(GetCurrentProcess(), GetCurrentThread(), GetCurrentProcess(), &reader, 0, FALSE,
+                    DUPLICATE_SAME_ACCESS);
+    SetConsoleCtrlHandler(Note, TRUE);
+    timer = CreateThreadpoolTimer(NoteTimer, nullptr, nullptr);
+}
+
+Running::Running() {
+    running = true;
+}
+
+Running::~Running() {
+    running = false;
+}
+
+void SetLoopLimit(std::size_t limit) {
+    LoopLimit = limit;
+    if (noted) LoopLimit = 0;
+}
+
+bool InterruptAsked() {
+    return interrupt && running;
+}
+
+bool TakeInterrupt() {
+    noted = false;
+    return running && interrupt.exchange(false);
+}
+
+bool EndAsked() {
+    return ending || (interrupt && !running);
+}
+
+void EndIfAsked() {
+    if (EndAsked()) ExitProcess(static_cast<UINT>(STATUS_CONTROL_C_EXIT));
+}
+
+void SetTimer() {
+    if (timer == nullptr || timerIsSet.exchange(true)) return;
+    ULARGE_INTEGER units{};
+    units.QuadPart = static_cast<ULONGLONG>(-TimerUnits); // from now on
+    FILETIME due{units.LowPart, units.HighPart};
+    SetThreadpoolTimer(timer, &due, 0, 0);
+}
+
+Reading::Reading() {
+    reading = true;
+}
+
+Reading::~Reading() {
+    reading = false;
+}
+
+Elsewhere::Elsewhere() {
+    elsewhere = true;
+}
+
+Elsewhere::~Elsewhere() {
+    elsewhere = false;
+}
+
+void WaitForAsking() {
+    constexpr int patience = 100;
+    for (int i = 0; i < patience && !EndAsked() && !InterruptAsked(); ++i)
+        Sleep(1);
+}
+
+} // namespace tolvane::signals
