@@ -20,9 +20,10 @@ std::string UpToZero(const std::string& text) {
     return text.c_str();
 }
 
-// The name of a file or folder as no program takes it for an option.
+// The name of a file or folder as no program takes it for an option. No name holds a quotation mark.
 std::wstring PlainName(const std::string& path) {
     std::wstring name = Wide(SystemPath(UpToZero(path)));
+    std::erase(name, L'"');
     std::replace(name.begin(), name.end(), L'/', L'\\');
     return name.starts_with(L'-') ? L".\\" + name : name;
 }
@@ -60,6 +61,15 @@ std::wstring SystemProgram(const wchar_t* name) {
     return SystemText([](wchar_t* room, DWORD length) { return GetSystemDirectoryW(room, length); }) + L"\\" + name;
 }
 
+// A command as the command processor reads it, with "!TOLVANE_NAME!" in the place of the name: it finds the name in a
+// variable, so that it never takes a character of it for a part of the command.
+void RunCommandProcessor(const std::wstring& command, const std::wstring& name) {
+    constexpr const wchar_t* variable = L"TOLVANE_NAME";
+    SetEnvironmentVariableW(variable, name.empty() ? nullptr : name.c_str());
+    RunAndWait(SystemProgram(L"cmd.exe"), L"cmd.exe /d /v:on /s /c \"" + command + L"\"");
+    SetEnvironmentVariableW(variable, nullptr);
+}
+
 std::wstring Setting(const wchar_t* variable) {
     return SystemText([&](wchar_t* room, DWORD length) { return GetEnvironmentVariableW(variable, room, length); });
 }
@@ -75,7 +85,8 @@ void PrintFile(const std::string& file) {
     if (const auto bytes = ReadFile(UpToZero(file))) console::WriteOutput(*bytes);
 }
 
-// A command that is the name of a program, blanks and all, is one word. Any other one can hold options.
+// A command that is the name of a program, blanks and all, is one word. Any other one can hold options, or be a batch
+// file.
 void RunOwnEditor(const std::string& command, const std::wstring& name) {
     std::wstring text = Wide(command);
     if (text.size() >= 2 && text.front() == L'"' && text.back() == L'"') text = text.substr(1, text.size() - 2);
@@ -84,8 +95,10 @@ void RunOwnEditor(const std::string& command, const std::wstring& name) {
     const std::wstring found = SystemText([&](wchar_t* room, DWORD length) {
         return SearchPathW(nullptr, text.c_str(), L".exe", length, room, nullptr);
     });
-    if (!found.empty() && RunAndWait(found, Quoted(found) + L" " + Quoted(name))) return;
-    RunAndWait({}, text + L" " + Quoted(name));
+    const std::wstring suffix = found.substr(std::max<std::size_t>(found.size(), 4) - 4);
+    const bool isProgram = CompareStringOrdinal(suffix.c_str(), -1, L".exe", -1, TRUE) == CSTR_EQUAL;
+    if (isProgram && RunAndWait(found, Quoted(found) + L" " + Quoted(name))) return;
+    RunCommandProcessor((found.empty() ? text : L"\"" + found + L"\"") + L" \"!TOLVANE_NAME!\"", name);
 }
 
 } // namespace
@@ -102,14 +115,9 @@ void RunEditor(const std::string& command, const std::string& file) {
     RunAndWait(SystemProgram(L"notepad.exe"), L"notepad.exe " + Quoted(name));
 }
 
-// The command processor finds the name in a variable, so that it never reads a character of it as a part of its text.
 void ListFolder(const std::string& folder) {
-    constexpr const wchar_t* variable = L"TOLVANE_FOLDER";
     const std::wstring name = PlainName(folder);
-    const std::wstring words = name.empty() ? L"dir" : L"dir \"!TOLVANE_FOLDER!\"";
-    SetEnvironmentVariableW(variable, name.empty() ? nullptr : name.c_str());
-    RunAndWait(SystemProgram(L"cmd.exe"), L"cmd.exe /d /v:on /s /c \"" + words + L"\"");
-    SetEnvironmentVariableW(variable, nullptr);
+    RunCommandProcessor(name.empty() ? L"dir" : L"dir \"!TOLVANE_NAME!\"", name);
 }
 
 } // namespace tolvane::platform
