@@ -1,6 +1,7 @@
 // tolvane-run: assembles and runs sources without a dialogue, for scripts, editors and teachers.
 
 #include "messages/TMsgBase.h"
+#include "platform/CommandLine.h"
 #include "platform/Console.h"
 #include "run/Errors.h"
 #include "run/Explain.h"
@@ -43,5 +44,6 @@ int Main(int argc, char** argv) {
 } // namespace tolvane::run
 
 int main(int argc, char** argv) {
-    return tolvane::run::Main(argc, argv);
+    char** const words = tolvane::platform::CommandLineWords(argc, argv);
+    return tolvane::run::Main(argc, words);
 }

@@ -19,6 +19,7 @@ std::string SystemMessage(DWORD number) {
     constexpr DWORD flags = FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS;
     wchar_t room[2048];
     const DWORD length = FormatMessageW(flags, nullptr, number, 0, room, std::size(room), nullptr);
+    if (length == 0 && number == DirectoryNotSupported) return SystemMessage(ERROR_ACCESS_DENIED); // older systems
     const std::wstring_view text(room, length);
     const std::size_t end = text.find_last_not_of(L"\r\n .\u3002");
     if (end == std::wstring_view::npos) return "error " + std::to_string(number);
