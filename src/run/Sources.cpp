@@ -38,6 +38,7 @@ std::string DumpStem(const Options& options, const std::string& file) {
     const auto sameStem = [&](const std::string& other) { return StemOf(other) == stem; };
     if (std::count_if(options.files.begin(), options.files.end(), sameStem) == 1) return stem;
     std::string path = platform::SystemPath(file);
+    path.erase(0, fs::path(path).root_name().string().size()); // a drive
     std::replace(path.begin(), path.end(), '/', '-');
     return path;
 }
