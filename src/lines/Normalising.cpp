@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace tolvane {
 
@@ -73,6 +74,12 @@ template <class Ch, std::size_t N> bool HasBlankBehind(View<Ch> line, const std:
         for (std::size_t at = Find(line, sign); at != npos; at = Find(line, sign, at + 1))
             if (IsBlank(At(line, at + sign.size()))) return true;
     return false;
+}
+
+// Each character is written, so that the compiler turns many of them at once.
+template <class Ch> void BlankTabs(std::span<Ch> text) {
+    for (Ch& c : text)
+        c = c == Ch('\t') ? Ch(' ') : c;
 }
 
 constexpr std::array<std::string_view, 3> LiteralSigns = {"=+", "=-", "=#"};
@@ -151,11 +158,12 @@ template <class Ch> int TabsToBlanks() {
     for (SrcData<Ch>& src : b->Src<Ch>()) {
         if (!Has<Ch>(src.strLine, '\t')) continue;
         const View<Ch> line = src.strLine;
-        const std::size_t first = std::min(line.find(Ch('\'')), line.size());
-        const std::size_t last = std::min(line.rfind(Ch('\'')), line.size());
+        const bool hasConstant = Has(line, '\'');
+        const std::size_t first = hasConstant ? line.find(Ch('\'')) : line.size();
+        const std::size_t last = hasConstant ? line.rfind(Ch('\'')) : line.size();
         const std::span<Ch> text = CopyText(b->Apart<Ch>().texts, line);
-        std::replace(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(first), Ch('\t'), Ch(' '));
-        std::replace(text.begin() + static_cast<std::ptrdiff_t>(last), text.end(), Ch('\t'), Ch(' '));
+        BlankTabs(text.first(first));
+        BlankTabs(text.subspan(last));
         src.strLine = View<Ch>(text.data(), text.size());
     }
     return 0;
