@@ -1,7 +1,11 @@
 #pragma once
-// An open file of the system, closed with its owner. For the sources of this room only.
+// An open file of the system, closed with its owner, and what the system does with it. For the sources of this room
+// only.
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -34,6 +38,16 @@ private:
     FileNumber number;
 };
 
+// Whether the system can have a file of that name at all.
+bool IsSystemName(const std::string& name);
+// Opens a regular file to read it; below 0 for what is none, which is not waited for.
+Descriptor OpenToRead(const std::string& path);
+// The size that the file's state says.
+std::size_t SizeOf(const Descriptor& file);
+// Whether the machine has as much memory. What it does not have is often promised nevertheless.
+bool FitsInMemory(std::size_t size);
+// Reads at most `size` bytes; how many they are, 0 at the end, nothing on failure.
+std::optional<std::size_t> ReadSome(const Descriptor& file, char* room, std::size_t size);
 // Writes all bytes; false, with the system's number for the error, if that fails.
 bool WriteBytes(FileNumber file, std::string_view bytes);
 

@@ -1,5 +1,6 @@
 #include "platform/Signals.h"
 
+#include "platform/SignalState.h"
 #include "platform/posix/Waiting.h"
 
 #include <array>
@@ -15,12 +16,7 @@ namespace {
 constexpr std::array EndingSignals = {SIGTERM, SIGHUP, SIGINT};
 constexpr suseconds_t TimerMicroseconds = 100'000;
 
-static_assert(std::atomic<int>::is_always_lock_free && std::atomic<std::size_t>::is_always_lock_free);
 std::atomic<int> ending{0}; // the signal that asks for the end
-std::atomic<bool> interrupt{false};
-std::atomic<bool> timerIsSet{false};
-std::atomic<bool> running{false};
-std::atomic<bool> noted{false}; // a signal that the loop has not attended to
 bool installed = false;
 
 void Note(int signal) {
@@ -64,28 +60,6 @@ void Install() {
         Handle(signal, 0);
     Handle(SIGALRM, SA_RESTART);
     installed = true;
-}
-
-Running::Running() {
-    running = true;
-}
-
-Running::~Running() {
-    running = false;
-}
-
-void SetLoopLimit(std::size_t limit) {
-    LoopLimit = limit;
-    if (noted) LoopLimit = 0;
-}
-
-bool InterruptAsked() {
-    return interrupt && running;
-}
-
-bool TakeInterrupt() {
-    noted = false;
-    return running && interrupt.exchange(false);
 }
 
 bool EndAsked() {

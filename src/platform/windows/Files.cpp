@@ -5,21 +5,12 @@
 #include "platform/windows/System.h"
 
 #include <algorithm>
-#include <limits>
-#include <new>
 
 namespace tolvane::platform {
 
 namespace {
 
-// How much more than its state says a file may give: it may have grown meanwhile.
-constexpr std::size_t MostSurplus = std::size_t{64} << 20;
-
 DWORD directoryFailure = 0;
-
-bool IsSystemName(const std::string& name) {
-    return !name.empty() && name.find('\0') == std::string::npos;
-}
 
 bool IsFolder(const std::string& name) {
     const DWORD attributes = GetFileAttributesW(Wide(name).c_str());
@@ -44,6 +35,21 @@ bool IsRegular(const Descriptor& file) {
     return file.Get() >= 0 && GetFileType(HandleOf(file.Get())) == FILE_TYPE_DISK;
 }
 
+DWORD OneStep(std::size_t size) {
+    return static_cast<DWORD>(std::min<std::size_t>(size, std::size_t{1} << 30));
+}
+
+std::string LastMessage() {
+    return SystemMessage(GetLastError());
+}
+
+} // namespace
+
+bool Descriptor::Close() {
+    const FileNumber closing = std::exchange(number, -1);
+    return closing < 0 || CloseHandle(HandleOf(closing)) != 0;
+}
+
 Descriptor OpenToRead(const std::string& path) {
     const std::string name = SystemPath(path);
     if (!IsSystemName(name)) return Descriptor(-1);
@@ -62,38 +68,10 @@ bool FitsInMemory(std::size_t size) {
     return GlobalMemoryStatusEx(&memory) == 0 || size < memory.ullTotalPhys;
 }
 
-DWORD OneStep(std::size_t size) {
-    return static_cast<DWORD>(std::min<std::size_t>(size, std::size_t{1} << 30));
-}
-
-// Reads to the end of a file of `size` bytes, as its state says.
-ReadResult ReadBytes(const Descriptor& file, std::size_t size, std::string& bytes) {
-    constexpr std::size_t leastRoom = 64 * 1024;
-    const std::size_t most = size + std::max(size, MostSurplus);
-    std::size_t end = 0;
-    bytes.resize(size > 0 ? size + 1 : leastRoom); // one byte more, so that the end is seen without making room
-    for (;;) {
-        DWORD got = 0;
-        const DWORD room = OneStep(bytes.size() - end);
-        if (::ReadFile(HandleOf(file.Get()), bytes.data() + end, room, &got, nullptr) == 0) return ReadResult::NoFile;
-        if (got == 0) break;
-        end += got;
-        if (end > most) return ReadResult::Endless;
-        if (end == bytes.size()) bytes.resize(std::min(2 * end, most + leastRoom));
-    }
-    bytes.resize(end);
-    return ReadResult::Read;
-}
-
-std::string LastMessage() {
-    return SystemMessage(GetLastError());
-}
-
-} // namespace
-
-bool Descriptor::Close() {
-    const FileNumber closing = std::exchange(number, -1);
-    return closing < 0 || CloseHandle(HandleOf(closing)) != 0;
+std::optional<std::size_t> ReadSome(const Descriptor& file, char* room, std::size_t size) {
+    DWORD got = 0;
+    if (::ReadFile(HandleOf(file.Get()), room, OneStep(size), &got, nullptr) == 0) return std::nullopt;
+    return got;
 }
 
 bool WriteBytes(FileNumber file, std::string_view bytes) {
@@ -120,26 +98,6 @@ std::string LastSystemMessage() {
 std::optional<std::string> WhyNotOpened(const std::string& path) {
     if (Open(SystemPath(path), GENERIC_READ, OPEN_EXISTING).Get() >= 0) return std::nullopt;
     return LastMessage();
-}
-
-bool IsFileThere(const std::string& path) {
-    return OpenToRead(path).Get() >= 0;
-}
-
-ReadResult ReadFile(const std::string& path, std::string& bytes) {
-    bytes.clear();
-    const Descriptor file = OpenToRead(path);
-    if (file.Get() < 0) return ReadResult::NoFile;
-    const std::size_t size = SizeOf(file);
-    if (!FitsInMemory(size)) return ReadResult::TooLarge;
-    try {
-        const ReadResult result = ReadBytes(file, size, bytes);
-        if (result != ReadResult::Read) bytes = std::string();
-        return result;
-    } catch (const std::bad_alloc&) {
-        bytes = std::string();
-        return ReadResult::TooLarge;
-    }
 }
 
 std::optional<std::string> WriteFile(const std::string& path, std::string_view bytes) {

@@ -1,5 +1,6 @@
 #include "platform/Signals.h"
 
+#include "platform/SignalState.h"
 #include "platform/windows/System.h"
 #include "platform/windows/Waiting.h"
 
@@ -9,12 +10,7 @@ namespace {
 
 constexpr std::int64_t TimerUnits = 1'000'000; // of 100 nanoseconds
 
-static_assert(std::atomic<int>::is_always_lock_free && std::atomic<std::size_t>::is_always_lock_free);
 std::atomic<bool> ending{false};
-std::atomic<bool> interrupt{false};
-std::atomic<bool> timerIsSet{false};
-std::atomic<bool> running{false};
-std::atomic<bool> noted{false}; // something that the loop has not attended to
 std::atomic<bool> reading{false};
 std::atomic<bool> elsewhere{false};
 HANDLE reader = nullptr; // the thread that reads the standard input
@@ -54,28 +50,6 @@ void Install() {
                     DUPLICATE_SAME_ACCESS);
     SetConsoleCtrlHandler(Note, TRUE);
     timer = CreateThreadpoolTimer(NoteTimer, nullptr, nullptr);
-}
-
-Running::Running() {
-    running = true;
-}
-
-Running::~Running() {
-    running = false;
-}
-
-void SetLoopLimit(std::size_t limit) {
-    LoopLimit = limit;
-    if (noted) LoopLimit = 0;
-}
-
-bool InterruptAsked() {
-    return interrupt && running;
-}
-
-bool TakeInterrupt() {
-    noted = false;
-    return running && interrupt.exchange(false);
 }
 
 bool EndAsked() {
