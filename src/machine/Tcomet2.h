@@ -69,6 +69,7 @@ struct Step {
         int cells; // 0: nothing
     };
     int word;         // the instruction's first word; its address is before.PR
+    int second;       // the word behind it
     Registers before; // the registers in front of it
     std::array<Stretch, 2> written;
 };

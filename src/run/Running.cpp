@@ -5,7 +5,6 @@
 #include "platform/Console.h"
 #include "run/Errors.h"
 #include "run/Inputs.h"
-#include "run/LineText.h"
 #include "run/RunMsgs.h"
 #include "run/Tracing.h"
 
@@ -17,17 +16,23 @@ namespace tolvane::run {
 
 namespace {
 
+// What is told of: the image, and its source as it is named.
+struct Program {
+    const image::LinkedImage& image;
+    const std::string& file;
+};
+
 struct Streams {
     std::optional<InputLines> input;
     bool standardInput;
-    const std::string& file;
+    const Program& program;
     std::set<int> told;    // the addresses of SVCs of which the OS has said something
     std::string swallowed; // the stop in the words of the console, which are told as diagnostics
 };
 
-void PrintAt(const std::string& file, int address, Severity severity, std::vector<std::string> lines) {
-    lines.push_back(PlaceText(address));
-    PrintDiagnostic(file, LineOfAddress(address), severity, lines);
+void PrintAt(const Program& program, int address, Severity severity, std::vector<std::string> lines) {
+    lines.push_back(program.image.PlaceText(address));
+    PrintDiagnostic(program.file, program.image.LineOf(address), severity, lines);
 }
 
 // Both streams may go to one terminal or file, so that each is written out before the other goes on.
@@ -57,13 +62,8 @@ void SayOnce(void* context, const Msg& msg, Args args) {
     Streams& streams = *static_cast<Streams*>(context);
     if (!streams.told.insert(comet2->PR).second) return;
     const std::vector<KeptArg> kept(args.begin(), args.end());
-    const MsgRec record{&msg, kept, LineOfAddress(comet2->PR), Severity::Note, false, false};
-    PrintAt(streams.file, comet2->PR, record.severity, TextLines(record));
-}
-
-void TraceInOrder(const Step& step) {
-    console::Flush();
-    TraceStep(step);
+    const MsgRec record{&msg, kept, streams.program.image.LineOf(comet2->PR), Severity::Note, false, false};
+    PrintAt(streams.program, comet2->PR, record.severity, TextLines(record));
 }
 
 // Where a run that has left its program behind did so: the last instruction of the image if the machine has gone on
@@ -79,34 +79,34 @@ int LeavingAddress(int address) {
 
 // The diagnostics of the run: a warning of a store at its instruction, and the stop, which may have been told in
 // several records.
-void PrintRunRecords(const std::string& file, std::size_t first, int address) {
+void PrintRunRecords(const Program& program, std::size_t first, int address) {
     std::vector<std::string> stop;
     for (std::size_t i = first; i < store->Records.size(); ++i) {
         const MsgRec& record = store->Records[i];
         const std::vector<std::string> lines = TextLines(record);
         if (record.row == &MachineMsg.StoreWarning)
-            PrintAt(file, static_cast<int>(record.args[2].number), record.severity, lines);
+            PrintAt(program, static_cast<int>(record.args[2].number), record.severity, lines);
         else
             stop.insert(stop.end(), lines.begin(), lines.end());
     }
-    if (!stop.empty()) PrintAt(file, address, Severity::Error, stop);
+    if (!stop.empty()) PrintAt(program, address, Severity::Error, stop);
 }
 
-int TellEnd(const Options& options, const std::string& file, std::size_t firstRecord, Stop stop) {
+int TellEnd(const Options& options, const Program& program, std::size_t firstRecord, Stop stop) {
     const int address = comet2->FaultAddress(stop);
-    PrintRunRecords(file, firstRecord, stop == Stop::PrBeyondMemory ? LeavingAddress(address) : address);
+    PrintRunRecords(program, firstRecord, stop == Stop::PrBeyondMemory ? LeavingAddress(address) : address);
     switch (stop) {
     case Stop::None:
     case Stop::End:
         return AllEnded;
     case Stop::LimitReached:
-        PrintAt(file, address, Severity::Error, {TextOf(RunMsg.LimitReached, {options.limit})});
+        PrintAt(program, address, Severity::Error, {TextOf(RunMsg.LimitReached, {options.limit})});
         return LimitWasReached;
     case Stop::Interrupted:
-        PrintAt(file, address, Severity::Error, {TextOf(RunMsg.Interrupted)});
+        PrintAt(program, address, Severity::Error, {TextOf(RunMsg.Interrupted)});
         return CtrlC;
     case Stop::InputEnded:
-        PrintAt(file, address, Severity::Error, {TextOf(RunMsg.InputEnded)});
+        PrintAt(program, address, Severity::Error, {TextOf(RunMsg.InputEnded)});
         return MachineStopped;
     default:
         return MachineStopped;
@@ -115,21 +115,26 @@ int TellEnd(const Options& options, const std::string& file, std::size_t firstRe
 
 } // namespace
 
-int RunProgram(const Options& options, const std::string& file, bool standardInput) {
-    Streams streams{std::nullopt, standardInput, file, {}, {}};
+int RunProgram(const Options& options, const image::LinkedImage& image, const std::string& file, bool standardInput) {
+    const Program program{image, file};
+    Streams streams{std::nullopt, standardInput, program, {}, {}};
     if (options.input) streams.input.emplace(*options.input);
     const std::size_t firstRecord = store->Records.size();
     const MachineIo io{WriteOut, ReadIn, SayOnce, &streams};
     comet2->Io = &io;
     console::WriteTo(&streams.swallowed);
+    const auto traceInOrder = [&image](const Step& step) {
+        console::Flush();
+        TraceStep(image, step);
+    };
     const Stop stop =
-        options.trace ? comet2->RunTraced(options.limit, TraceInOrder) : comet2->RunLimited(options.limit);
+        options.trace ? comet2->RunTraced(options.limit, traceInOrder) : comet2->RunLimited(options.limit);
     console::WriteTo(nullptr);
     comet2->Io = &DialogueIo;
     const auto counts = comet2->RunCount.begin();
     comet2->MaxRunCount = *std::max_element(counts, counts + MaxImageWords);
     console::Flush();
-    return TellEnd(options, file, firstRecord, stop);
+    return TellEnd(options, program, firstRecord, stop);
 }
 
 } // namespace tolvane::run

@@ -1,5 +1,6 @@
 #include "run/Sources.h"
 
+#include "image/Listing.h"
 #include "input/Readers.h"
 #include "machine/Tcomet2.h"
 #include "platform/Console.h"
@@ -8,8 +9,6 @@
 #include "reports/Dump.h"
 #include "run/Errors.h"
 #include "run/Inputs.h"
-#include "run/LineText.h"
-#include "run/Listing.h"
 #include "run/RunMsgs.h"
 #include "run/Running.h"
 #include "stages/Stages.h"
@@ -83,13 +82,13 @@ int AssembleAndRun(const Options& options, const std::string& file) {
         if (store->Records.empty()) PrintDiagnostic(told, -1, Severity::Error, {TextOf(RunMsg.NotAssembled)});
         return SourceErrors;
     }
-    PrepareLines();
-    if (options.words) ListWords();
+    const image::LinkedImage image;
+    if (options.words) WriteErr(image::ListedWords(image));
     const int dumped = WriteDump(options, file, ".assembled.txt");
     if (options.check) return dumped;
     const bool inputIsFree =
         std::find(options.files.begin(), options.files.end(), StandardInput) == options.files.end();
-    const int ran = RunProgram(options, told, inputIsFree);
+    const int ran = RunProgram(options, image, told, inputIsFree);
     return std::max({ran, dumped, WriteDump(options, file, ".result.txt")});
 }
 

@@ -1,13 +1,15 @@
 #include "run/Tracing.h"
 
+#include "image/Disassembly.h"
 #include "run/Errors.h"
-#include "run/LineText.h"
 
 #include <string>
 
 namespace tolvane::run {
 
 namespace {
+
+using image::Hex;
 
 constexpr std::size_t LabelWidth = 8;
 constexpr std::size_t CodeWidth = 24;
@@ -46,18 +48,17 @@ std::string Changes(const Step& step) {
 
 } // namespace
 
-// The source text stands at the first word of its line. The instructions behind it in a macro, and those of no line,
-// are shown as the machine reads them.
-void TraceStep(const Step& step) {
+// Only the first instruction of a macro shows its source text; those behind it are shown as the machine reads them.
+void TraceStep(const image::LinkedImage& image, const Step& step) {
     const int address = step.before.PR;
-    const int line = LineOfAddress(address);
-    const LineText text = line < 0 ? LineText() : TextOfLine(line);
+    const int line = image.LineOf(address);
+    const image::LineText text = line < 0 ? image::LineText() : image.TextOf(line);
     const bool isFirst = line >= 0 && text.address == address;
 
     std::string label = isFirst ? text.label : "";
     Pad(label, LabelWidth);
-    std::string code =
-        isFirst ? text.code : Disassembled(step.word, comet2->Memory[static_cast<std::size_t>(address) + 1]);
+    std::string code = isFirst ? image.InstructionText(address, step.word, step.second)
+                               : image::Disassembled(step.word, step.second);
     const std::string changes = Changes(step);
     if (!changes.empty()) Pad(code, CodeWidth);
     WriteErr(Hex(address) + " " + label + " " + code + changes + "\n");

@@ -3,10 +3,11 @@
 //
 //   #0006 LOOP     ADDA GR1, GR2            GR1=#0003 Fzero=0
 
+#include "image/LinkedImage.h"
 #include "machine/Tcomet2.h"
 
 namespace tolvane::run {
 
-void TraceStep(const Step& step);
+void TraceStep(const image::LinkedImage& image, const Step& step);
 
 } // namespace tolvane::run
