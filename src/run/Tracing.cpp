@@ -57,8 +57,8 @@ void TraceStep(const image::LinkedImage& image, const Step& step) {
 
     std::string label = isFirst ? text.label : "";
     Pad(label, LabelWidth);
-    std::string code = isFirst ? image.InstructionText(address, step.word, step.second)
-                               : image::Disassembled(step.word, step.second);
+    std::string code =
+        isFirst ? image.InstructionText(address, step.word, step.second) : image::Disassembled(step.word, step.second);
     const std::string changes = Changes(step);
     if (!changes.empty()) Pad(code, CodeWidth);
     WriteErr(Hex(address) + " " + label + " " + code + changes + "\n");

@@ -57,10 +57,10 @@ TEST_F(DumpTest, LabelsOfOneAddressAreJoinedAndWidenTheColumn) {
         const char* label;   // joined with AB at address 0
         const char* rows[3]; // the head, an address with labels, one without
     };
-    for (const Case& c : {Case{"WP", "CD", {"  Label Char", "    0: AB CD:", "    1:      :"}},
-                          {"WP", "CDEFGHIJ", {"     Label   Char", "    0: AB CDEFGHIJ:", "    1:            :"}},
-                          {"AP", "CDEFGHIJ", {"Label Char", "AB CDEFGHIJ:", "    1:      :"}},
-                          {"AP", "CDEFGHIJK", {"Label   Char", " AB CDEFGHIJK:", "    1:        :"}}}) {
+    for (const Case& c : {Case{"WP", "CD", {"  Label Char", "    0: AB CD:", "    2:      :"}},
+                          {"WP", "CDEFGHIJ", {"     Label   Char", "    0: AB CDEFGHIJ:", "    2:            :"}},
+                          {"AP", "CDEFGHIJ", {"Label Char", "AB CDEFGHIJ:", "    2:      :"}},
+                          {"AP", "CDEFGHIJK", {"Label   Char", " AB CDEFGHIJK:", "    2:        :"}}}) {
         modeFlags->Pipe = FindPipeline(c.pipeline);
         b->Reset();
         machine->ReservedWords = 1;
@@ -68,9 +68,12 @@ TEST_F(DumpTest, LabelsOfOneAddressAreJoinedAndWidenTheColumn) {
             AddLine<char16_t>(0, label);
             AddLine<char>(0, label);
         }
-        AddLine<char16_t>(11, "BEHINDTHEROWS");
+        for (const int behind : {1, 11}) { // the image, and the rows
+            AddLine<char16_t>(behind, "BEHINDTHEIMAGE");
+            AddLine<char>(behind, "BEHINDTHEIMAGE");
+        }
         for (const auto& [begin, row] :
-             {std::pair{"  Address   ", c.rows[0]}, {"#0000:", c.rows[1]}, {"#0001:", c.rows[2]}})
+             {std::pair{"  Address   ", c.rows[0]}, {"#0000:", c.rows[1]}, {"#0002:", c.rows[2]}})
             EXPECT_TRUE(Rows(begin).at(0).starts_with(row)) << Rows(begin).at(0);
     }
 }

@@ -250,7 +250,7 @@ TEST(Machine, InStoresWhatFits) {
         {std::string("a\0b", 3), 1, 'a'},
         {std::string(256, 'x') + "\xFF", 256, 'x'}, // what does not count may be anything
         {Utf8(TextW(129, u'é')), 128, u'é'},        // two bytes each
-        {wide + "𠮷x", 129, 0x65E5},                // none is cut in half
+        {wide + "𠮷", 129, 0x65E5},                 // none is cut in half
         {wide + "x𠮷", 128, 0x65E5},
     };
     for (const auto& [typed, length, first] : cases) {

@@ -89,7 +89,7 @@ TEST_F(Readers, Paths) {
 // The transcripts have the marks.
 TEST_F(Readers, TheCodeOfAFileWithoutMark) {
     for (const auto& [bytes, code] : {std::pair{"LD GR1,A~", 932},
-                                      {"\x93\xFA\x96\x7B\xFC", 932}, // with a lead byte at the end
+                                      {"\x93\xFA\x97\x7B\xFC", 932}, // with a lead byte at the end
                                       {"\x7F", 65001},               // a stray byte,
                                       {"\xB1", 65001},               // as half-width kana
                                       {"\x98\x41", 65001}}) {        // and the higher lead bytes are
