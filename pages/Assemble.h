@@ -5,7 +5,6 @@
 #include "messages/TMsgStore.h"
 
 #include <array>
-#include <deque>
 #include <string>
 #include <vector>
 
@@ -15,7 +14,7 @@ struct Pipeline;
 using Strings = std::vector<std::string>;
 
 struct Assembly {
-    std::deque<MsgRec> said;       // their arguments are kept until the next assembly
+    std::vector<MsgRec> said;       // their arguments are kept until the next assembly
     std::array<int, 4> counters{}; // of the application, in the order of Severity
     bool good = false;             // stages and link have ended well
     std::vector<int> words;        // the image, if it is good

@@ -77,7 +77,7 @@ std::string ToldRun(const Assembly& assembly) {
 // What is told of a case in one pipeline: the diagnostics, the result.
 using Found = std::array<std::string, 2>;
 
-std::string ToldDiagnostics(const Case& c, const std::deque<MsgRec>& said) {
+std::string ToldDiagnostics(const Case& c, const std::vector<MsgRec>& said) {
     std::string text;
     for (std::size_t i = 0, end = 0; i < said.size(); i = end) {
         const int line = said[i].place.line;

@@ -9,7 +9,6 @@
 #include "text/Convert.h"
 
 #include <algorithm>
-#include <array>
 #include <new>
 #include <optional>
 #include <string_view>
@@ -22,8 +21,6 @@ namespace {
 
 constexpr std::size_t FileNameLimit = 246;
 constexpr std::size_t FolderNameLimit = 989;
-
-constexpr std::array<const char*, 6> Suffixes = {"", ".txt", ".asl", ".asm", ".cas", ".casl"};
 
 bool IsQuoted(const std::string& text) {
     return text.size() >= 2 && text.front() == '"' && text.back() == '"';
@@ -103,7 +100,7 @@ std::string GetFilenameStrA(bool& ended) {
     ended = !line.has_value();
     if (ended) return {};
     const std::string typed = TrimZenBlankUtf8(*line);
-    for (const char* suffix : Suffixes) {
+    for (const char* suffix : SourceSuffixes) {
         const std::string name = WithSuffix(typed, suffix);
         std::string path = name;
         EditFilePath(path);

@@ -1,10 +1,14 @@
 #pragma once
 // From a typed name to a path, and from a file to line records.
 
+#include <array>
 #include <string>
 #include <string_view>
 
 namespace tolvane {
+
+// The suffixes of sources, in the order in which they are tried.
+inline constexpr std::array<const char*, 6> SourceSuffixes = {"", ".txt", ".asl", ".asm", ".cas", ".casl"};
 
 // Reads a name from the console and tries the suffixes in turn. `ended` is set at the end of the input. The path that
 // was found, UTF-8; empty, with a message, if there is none. The path found becomes the last source path.

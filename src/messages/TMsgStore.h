@@ -4,7 +4,6 @@
 #include "messages/Msg.h"
 #include "text/Arena.h"
 
-#include <deque>
 #include <string>
 #include <vector>
 
@@ -25,7 +24,7 @@ struct MsgRec {
 
 class TMsgStore {
 public:
-    std::deque<MsgRec> Records;
+    std::vector<MsgRec> Records;
 
     // Makes a record, which keeps copies of the arguments.
     const MsgRec& Append(Severity severity, Place place, const Msg& msg, Args args, bool queued, bool counted);

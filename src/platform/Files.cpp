@@ -1,9 +1,12 @@
 #include "platform/Files.h"
 
+#include "platform/Console.h"
 #include "platform/Descriptor.h"
+#include "platform/Signals.h"
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace tolvane::platform {
 
@@ -28,6 +31,35 @@ ReadResult ReadBytes(const Descriptor& file, std::size_t size, std::string& byte
     }
     bytes.resize(end);
     return ReadResult::Read;
+}
+
+// Reads by `read` to the end.
+template <class Read> Once ReadToEnd(const Read& read, std::size_t most) {
+    constexpr std::size_t leastRoom = 64 * 1024;
+    const signals::Running reading; // so that Ctrl+C is told
+    Once once;
+    std::size_t end = 0;
+    for (;;) {
+        once.bytes.resize(std::max(2 * end, leastRoom));
+        const std::optional<std::size_t> got = read(once.bytes.data() + end, once.bytes.size() - end);
+        std::string why = got ? std::string() : LastFailure();
+        signals::EndIfAsked();
+        if (signals::TakeInterrupt()) return {Once::End::Interrupted, {}, {}, 0};
+        if (!got) return {Once::End::Failed, {}, std::move(why), 0};
+        if (*got == 0) break;
+        end += *got;
+        if (end > most) return {Once::End::TooLarge, {}, {}, 0};
+    }
+    once.bytes.resize(end);
+    return once;
+}
+
+template <class Read> Once ReadWithinMemory(const Read& read, std::size_t most) {
+    try {
+        return ReadToEnd(read, most);
+    } catch (const std::bad_alloc&) {
+        return {Once::End::NoMemory, {}, {}, 0};
+    }
 }
 
 } // namespace
@@ -72,6 +104,20 @@ std::optional<std::string> ReadFile(const std::string& path) {
     std::string bytes;
     if (ReadFile(path, bytes) != ReadResult::Read) return std::nullopt;
     return bytes;
+}
+
+Once ReadOnce(const std::string& path, std::size_t most) {
+    console::Flush();
+    const Descriptor file = OpenToReadOnce(path);
+    if (file.Get() < 0) return {Once::End::Failed, {}, LastFailure(), 0};
+    const std::size_t size = SizeOf(file);
+    if (size > most) return {Once::End::TooLarge, {}, {}, size};
+    return ReadWithinMemory([&file](char* room, std::size_t some) { return ReadWaiting(file, room, some); }, most);
+}
+
+Once ReadStandardInput(std::size_t most) {
+    console::Flush();
+    return ReadWithinMemory([](char* room, std::size_t some) { return ReadStandardInput(room, some); }, most);
 }
 
 } // namespace tolvane::platform

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace tolvane::platform {
 
@@ -21,14 +20,26 @@ enum class ReadResult { Read, NoFile, TooLarge, Endless };
 // Reads all bytes of a file; none unless they could all be read.
 ReadResult ReadFile(const std::string& path, std::string& bytes);
 std::optional<std::string> ReadFile(const std::string& path);
-// The system's message for a file that does not open for reading; nothing for one that opens and for what is no file.
-std::optional<std::string> WhyNotOpened(const std::string& path);
-// Writes the file anew; the system's message on failure, else nothing. What is there and is no file is not opened.
-std::optional<std::string> WriteFile(const std::string& path, std::string_view bytes);
+// What can be read once, from its beginning to its end: a file, a pipe, a device.
+struct Once {
+    enum class End {
+        Read,
+        Failed,   // the system says why
+        TooLarge, // for the limit or for the memory
+        NoMemory,
+        Interrupted, // by Ctrl+C
+    };
+    End end = End::Read;
+    std::string bytes;    // of Read
+    std::string why;      // of Failed
+    std::size_t size = 0; // of TooLarge, where the system tells it
+};
+// Reads all of it, at most `most` bytes, and waits for what is not there yet. SIGTERM and SIGHUP end the program.
+Once ReadOnce(const std::string& path, std::size_t most);
+// The same of the standard input's rest.
+Once ReadStandardInput(std::size_t most);
 // The system's message for the last failure of CurrentDirectory.
 std::string LastSystemMessage();
-// Copies the rest of the standard input into a new file and gives its name; empty if the system has no room for one.
-std::string InputAsFile();
 // The name of the system and of its machine, as in "Linux x86_64".
 std::string SystemAndMachine();
 

@@ -36,7 +36,6 @@ public:
     explicit Output(const DumpPiece& takePiece) : take(takePiece) { text.reserve(PieceSize + 1024); }
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
-    ~Output() { Pass(); }
 
     std::string text; // what has not been passed on
 
@@ -45,13 +44,14 @@ public:
         if (text.size() >= PieceSize) Pass();
     }
 
-private:
-    const DumpPiece& take;
-
+    // Passes on what is left; at the end, too.
     void Pass() {
         take(text);
         text.clear();
     }
+
+private:
+    const DumpPiece& take;
 };
 
 std::string Rule(int pairs) {
@@ -351,6 +351,7 @@ void WriteDump(const Tcomet2& machine, const std::string& fileName, const DumpPi
         Write<char16_t>(machine, output);
     else
         Write<char>(machine, output);
+    output.Pass();
 }
 
 std::string DumpText(const Tcomet2& machine, const std::string& fileName) {
@@ -359,12 +360,16 @@ std::string DumpText(const Tcomet2& machine, const std::string& fileName) {
     return text;
 }
 
-int DspRegMry(const Tcomet2& machine, const std::string& fileName) {
-    platform::FileWriter file(fileName);
+std::optional<std::string> WriteDumpFile(const Tcomet2& machine, const std::string& path, const std::string& fileName) {
+    platform::FileWriter file(path);
     std::string bytes;
     if (file.IsGood())
         WriteDump(machine, fileName, [&](std::string_view piece) { file.Write(console::InUsersCode(piece, bytes)); });
-    const auto failure = file.Close();
+    return file.Close();
+}
+
+int DspRegMry(const Tcomet2& machine, const std::string& fileName) {
+    const auto failure = WriteDumpFile(machine, fileName, fileName);
     if (!failure) return 0;
     Tell(Severity::Error, NoLine, ReportsMsg.DoesNotOpen, {Utf8Arg{fileName}, Utf8Arg{*failure}});
     return 1;

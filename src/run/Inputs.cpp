@@ -1,40 +1,42 @@
 #include "run/Inputs.h"
 
 #include "messages/TMsgBase.h"
-#include "platform/Files.h"
+#include "run/Options.h"
 #include "run/RunMsgs.h"
 #include "text/Convert.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace tolvane::run {
 
-std::string WhyNotRead(const std::string& path) {
-    if (const auto message = platform::WhyNotOpened(path)) return *message;
-    return TextOf(platform::IsFileThere(path) ? RunMsg.TooLarge : RunMsg.NoRegularFile);
+namespace {
+
+constexpr std::size_t MostBytes = std::size_t{64} << 20;
+
+} // namespace
+
+platform::Once ReadInput(const std::string& path) {
+    return path == StandardInput ? platform::ReadStandardInput(MostBytes) : platform::ReadOnce(path, MostBytes);
 }
 
-StandardInputFile::StandardInputFile() : path(platform::InputAsFile()) {}
-
-StandardInputFile::~StandardInputFile() {
-    std::error_code error;
-    if (!path.empty()) std::filesystem::remove(path, error);
+std::string WhyNotRead(const platform::Once& once) {
+    if (once.end == platform::Once::End::Failed) return once.why;
+    if (once.end == platform::Once::End::NoMemory) return TextOf(RunMsg.OutOfMemory);
+    return once.size > 0 ? TextOf(RunMsg.TooLarge, {once.size}) : TextOf(RunMsg.TooLong);
 }
 
 InputLines::InputLines(const std::string& bytes) {
-    const std::string_view text = WithoutUtf8Mark(bytes);
-    const auto wide = WideUtf8(text);
-    rest = wide ? *wide : Wide932(text);
+    const std::string_view unmarked = WithoutUtf8Mark(bytes);
+    const auto wide = WideUtf8(unmarked);
+    text = wide ? *wide : Wide932(unmarked);
 }
 
 std::optional<std::string> InputLines::Next(std::size_t limit) {
-    if (rest.empty()) return std::nullopt;
-    const std::size_t end = std::min(rest.find(u'\n'), rest.size());
-    std::u16string line = rest.substr(0, end);
-    rest.erase(0, end + 1);
-    if (line.ends_with(u'\r')) line.pop_back();
+    if (next >= text.size()) return std::nullopt;
+    const std::size_t end = std::min(text.find(u'\n', next), text.size());
+    std::u16string_view line = std::u16string_view(text).substr(next, end - next);
+    next = end + 1;
+    if (line.ends_with(u'\r')) line.remove_suffix(1);
     return Utf8(line.substr(0, limit));
 }
 

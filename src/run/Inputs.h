@@ -1,29 +1,18 @@
 #pragma once
 // What tolvane-run reads beside the command line: sources and the text for IN.
 
+#include "platform/Files.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
 
 namespace tolvane::run {
 
-// Why a file that platform::ReadFile has refused cannot be read, in the system's words.
-std::string WhyNotRead(const std::string& path);
-
-// The standard input in a file of its own, as the readers want it; the file goes with the object.
-class StandardInputFile {
-public:
-    StandardInputFile();
-    ~StandardInputFile();
-    StandardInputFile(const StandardInputFile&) = delete;
-    StandardInputFile& operator=(const StandardInputFile&) = delete;
-
-    // Empty if the system has no room for it.
-    const std::string& Path() const { return path; }
-
-private:
-    std::string path;
-};
+// What can be read once: a file, a pipe, a device, and "-" for the standard input. At most 64 MB.
+platform::Once ReadInput(const std::string& path);
+// Why it could not be read.
+std::string WhyNotRead(const platform::Once& once);
 
 // The lines of a text for IN. Text that is not UTF-8 is read as Shift_JIS.
 class InputLines {
@@ -33,7 +22,8 @@ public:
     std::optional<std::string> Next(std::size_t limit);
 
 private:
-    std::u16string rest;
+    std::u16string text;
+    std::size_t next = 0; // where the next line begins
 };
 
 } // namespace tolvane::run

@@ -13,6 +13,7 @@
 #include <getopt.h>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace tolvane::run {
 
@@ -165,12 +166,15 @@ std::optional<Options> ReadOptions(int argc, char** argv, int& status) {
     options.words = line.words;
     options.files = line.files;
     if (options.files.empty()) return Wrong(status, RunMsg.NoFile);
-    if (std::count(options.files.begin(), options.files.end(), StandardInput) > 1)
-        return Wrong(status, RunMsg.StandardInputTwice);
-    if (line.input && *line.input != StandardInput) {
-        options.input = platform::ReadFile(*line.input);
-        const std::string why = options.input ? std::string() : WhyNotRead(*line.input);
-        if (!options.input) return Wrong(status, RunMsg.CannotBeRead, {Utf8Arg{*line.input}, Utf8Arg{why}});
+    const auto readers = std::count(options.files.begin(), options.files.end(), StandardInput);
+    if (readers + (line.input == StandardInput ? 1 : 0) > 1) return Wrong(status, RunMsg.StandardInputTwice);
+    if (line.input) {
+        platform::Once once = ReadInput(*line.input);
+        status = once.end == platform::Once::End::Interrupted ? CtrlC : AllEnded;
+        if (status == CtrlC) return std::nullopt;
+        const std::string why = once.end == platform::Once::End::Read ? std::string() : WhyNotRead(once);
+        if (!why.empty()) return Wrong(status, RunMsg.CannotBeRead, {Utf8Arg{*line.input}, Utf8Arg{why}});
+        options.input = std::move(once.bytes);
     }
     if (line.dump) {
         std::error_code error;

@@ -50,7 +50,8 @@ struct RunCatalogue {
     Msg ArgumentMissing{"the option \"{0}\" needs an argument", "オプション「{0}」には引数が必要"};
     Msg NotALanguage{"the language is en or ja, not \"{0}\"", "言語は en か ja で、「{0}」ではない"};
     Msg NotALimit{"\"{0}\" is no number of instructions", "「{0}」は命令数ではない"};
-    Msg NotAPipeline{"there is no pipeline \"{0}\"", "パイプライン「{0}」は存在しない"};
+    Msg NotAPipeline{"there is no pipeline \"{0}\"; there are WP, NWW, NwW, NaW, NA, AP and NH",
+                     "パイプライン「{0}」は存在しない。WP, NWW, NwW, NaW, NA, AP, NH のどれか"};
     Msg NoFile{"no file is given", "ファイルの指定がない"};
     Msg StandardInputTwice{"the standard input is read but once", "標準入力は一度しか読めない"};
     // {0} a name, {1} the system's reason
@@ -60,8 +61,10 @@ struct RunCatalogue {
     // About a file, behind its name
     Msg NotRead{"The file cannot be read: {0}", "ファイルを読めない: {0}"};
     Msg NotWritten{"The file cannot be written: {0}", "ファイルに書けない: {0}"};
-    Msg NoRegularFile{"it is no regular file", "通常のファイルではない"};
-    Msg TooLarge{"it is too large", "大きすぎる"};
+    Msg TooLarge{"it has {0} bytes, more than 64 MB", "{0} バイトあり、64 MB を超えている"};
+    Msg TooLong{"it has more than 64 MB", "64 MB を超えている"};
+    Msg MemoryEnded{"tolvane-run: out of memory\n", "tolvane-run: メモリ不足\n"};
+    Msg OutOfMemory{"out of memory", "メモリ不足"};
     Msg NotAssembled{"The source was not assembled.", "アセンブルできなかった。"};
     Msg OutputLost{"tolvane-run: the output cannot be written: {0}\n", "tolvane-run: 出力できない: {0}\n"};
 

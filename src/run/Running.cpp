@@ -7,10 +7,12 @@
 #include "run/Inputs.h"
 #include "run/RunMsgs.h"
 #include "run/Tracing.h"
+#include "text/Convert.h"
 
 #include <algorithm>
 #include <optional>
 #include <set>
+#include <utility>
 
 namespace tolvane::run {
 
@@ -21,6 +23,8 @@ struct Program {
     const image::LinkedImage& image;
     const std::string& file;
 };
+
+bool inputIsFresh = true; // nothing of the standard input has been read
 
 struct Streams {
     std::optional<InputLines> input;
@@ -44,16 +48,22 @@ void WriteOut(void* context, const std::string& line) {
     console::WriteTo(&static_cast<Streams*>(context)->swallowed);
 }
 
+// A line of the standard input; a mark of UTF-8 at its front is no character.
+std::optional<MachineIo::Line> ReadTyped(bool isFirst, std::size_t limit) {
+    std::optional<std::string> line = console::ReadLine(limit);
+    if (!line) return std::nullopt;
+    const std::size_t mark = isFirst ? line->size() - WithoutUtf8Mark(*line).size() : 0;
+    const std::size_t valid = console::LastLineValidLength();
+    return MachineIo::Line{line->substr(mark), valid - std::min(valid, mark)};
+}
+
 std::optional<MachineIo::Line> ReadIn(void* context, std::size_t limit) {
     Streams& streams = *static_cast<Streams*>(context);
     FlushErr();
-    std::optional<std::string> line;
-    if (streams.input)
-        line = streams.input->Next(limit);
-    else if (streams.standardInput)
-        line = console::ReadLine(limit);
+    if (streams.standardInput && !streams.input) return ReadTyped(std::exchange(inputIsFresh, false), limit);
+    std::optional<std::string> line = streams.input ? streams.input->Next(limit) : std::nullopt;
     if (!line) return std::nullopt;
-    const std::size_t valid = streams.input ? line->size() : console::LastLineValidLength();
+    const std::size_t valid = line->size();
     return MachineIo::Line{std::move(*line), valid};
 }
 

@@ -7,6 +7,8 @@
 
 namespace tolvane::run {
 
+// How a file is named in diagnostics.
+std::string Told(const std::string& file);
 // Assembles, links and runs one file; the exit status.
 int RunFile(const Options& options, const std::string& file);
 

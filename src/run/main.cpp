@@ -1,8 +1,11 @@
 // tolvane-run: assembles and runs sources without a dialogue, for scripts, editors and teachers.
 
+#include "machine/Tcomet2.h"
 #include "messages/TMsgBase.h"
+#include "messages/TMsgStore.h"
 #include "platform/CommandLine.h"
 #include "platform/Console.h"
+#include "records/Records.h"
 #include "run/Errors.h"
 #include "run/Explain.h"
 #include "run/Options.h"
@@ -11,6 +14,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <new>
 
 namespace tolvane::run {
 
@@ -22,21 +26,45 @@ namespace {
     std::_Exit(WrongUse);
 }
 
-int Main(int argc, char** argv) {
-    console::Start(EndWithoutOutput);
+// One file; where the memory does not suffice for it, there may be enough for the next.
+int RunOne(const Options& options, const std::string& file) {
+    try {
+        return RunFile(options, file);
+    } catch (const std::bad_alloc&) {
+        console::WriteTo(nullptr);
+        comet2->Io = &DialogueIo;
+        b->Reset();
+        store->ClearMsgStore();
+        PrintDiagnostic(Told(file), -1, Severity::Error, {TextOf(RunMsg.OutOfMemory)});
+        return WrongUse;
+    }
+}
+
+int Run(int argc, char** argv) {
     int status = AllEnded;
     const auto options = ReadOptions(argc, argv, status);
     if (options && options->explain) {
         status = Explain(*options->explain);
     } else if (options) {
         for (const std::string& file : options->files) {
-            status = std::max(status, RunFile(*options, file));
+            status = std::max(status, RunOne(*options, file));
             FlushErr();
             if (status == CtrlC) break;
         }
     }
     console::Flush();
     return status;
+}
+
+int Main(int argc, char** argv) {
+    console::Start(EndWithoutOutput);
+    try {
+        return Run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        console::WriteTo(nullptr);
+        console::WriteError(RunMsg.MemoryEnded.For(modeFlags->Lang, WordingNWW));
+        return WrongUse;
+    }
 }
 
 } // namespace

@@ -37,10 +37,8 @@ TEST_F(Trust, AFileIsReplacedWhenTheNewOneIsWhole) {
     FileWriter("old").Write("given up");
     EXPECT_EQ(ReadFile("old"), "old");
     const platform::Descriptor reader(open("fifo", O_RDONLY | O_NONBLOCK | O_CLOEXEC)); // it would take bytes
-    for (const char* none : {"fifo", "folder", "", "no/such/folder"}) {
+    for (const char* none : {"fifo", "folder", "", "no/such/folder"})
         EXPECT_TRUE(FileWriter(none).Close().has_value()) << none;
-        EXPECT_TRUE(platform::WriteFile(none, "x").has_value()) << none;
-    }
 
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit limit{};
@@ -59,8 +57,6 @@ TEST_F(Trust, AFileIsReplacedWhenTheNewOneIsWhole) {
     whole.Write(big);
     EXPECT_FALSE(whole.Close().has_value());
     EXPECT_EQ(ReadFile("old"), big);
-    EXPECT_FALSE(platform::WriteFile("link", "x").has_value());
-    EXPECT_EQ(ReadFile("old"), "x");
     EXPECT_TRUE(fs::is_symlink("link"));
 }
 

@@ -1,6 +1,7 @@
 #include "platform/Files.h"
 
 #include "platform/Descriptor.h"
+#include "platform/posix/Waiting.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -27,19 +28,6 @@ bool IsRegular(const Descriptor& file) {
     return fstat(file.Get(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-// Opens a regular file to write it anew; errno says why there is none. A pipe without a reader would never come back.
-Descriptor OpenToWrite(const std::string& name) {
-    struct stat status {};
-    if (stat(name.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
-        errno = S_ISDIR(status.st_mode) ? EISDIR : ENXIO;
-        return Descriptor(-1);
-    }
-    Descriptor file(open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_CLOEXEC, 0666));
-    if (file.Get() < 0 || IsRegular(file)) return file;
-    errno = ENXIO;
-    return Descriptor(-1);
-}
-
 } // namespace
 
 bool Descriptor::Close() {
@@ -54,6 +42,13 @@ Descriptor OpenToRead(const std::string& path) {
     if (!IsSystemName(name) || stat(name.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return Descriptor(-1);
     Descriptor file(open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     return IsRegular(file) ? std::move(file) : Descriptor(-1);
+}
+
+Descriptor OpenToReadOnce(const std::string& path) {
+    const std::string name = SystemPath(path);
+    errno = ENOENT;
+    if (!IsSystemName(name)) return Descriptor(-1);
+    return Descriptor(open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
 }
 
 std::size_t SizeOf(const Descriptor& file) {
@@ -76,6 +71,24 @@ std::optional<std::size_t> ReadSome(const Descriptor& file, char* room, std::siz
     return got < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(got));
 }
 
+// What was opened without waiting says so where a writer is still to come.
+std::optional<std::size_t> ReadWaiting(const Descriptor& file, char* room, std::size_t size) {
+    while (signals::WaitReadable(file.Get())) {
+        const std::optional<std::size_t> got = ReadSome(file, room, size);
+        if (got || errno != EAGAIN) return got;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::size_t> ReadStandardInput(char* room, std::size_t size) {
+    static const Descriptor file(STDIN_FILENO);
+    return ReadWaiting(file, room, size);
+}
+
+std::string LastFailure() {
+    return SystemMessage(errno);
+}
+
 bool WriteBytes(int file, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = write(file, bytes.data(), bytes.size());
@@ -94,38 +107,6 @@ std::optional<std::string> CurrentDirectory() {
 
 std::string LastSystemMessage() {
     return directoryFailure.message();
-}
-
-std::optional<std::string> WhyNotOpened(const std::string& path) {
-    const std::string name = SystemPath(path);
-    struct stat status {};
-    if (stat(name.c_str(), &status) != 0) return SystemMessage(errno);
-    if (S_ISDIR(status.st_mode)) return SystemMessage(EISDIR);
-    if (!S_ISREG(status.st_mode)) return std::nullopt;
-    const Descriptor file(open(name.c_str(), O_RDONLY | O_CLOEXEC));
-    return file.Get() < 0 ? std::optional(SystemMessage(errno)) : std::nullopt;
-}
-
-std::optional<std::string> WriteFile(const std::string& path, std::string_view bytes) {
-    const std::string name = SystemPath(path);
-    if (!IsSystemName(name)) return SystemMessage(ENOENT);
-    Descriptor file = OpenToWrite(name);
-    if (file.Get() < 0 || !WriteBytes(file.Get(), bytes) || !file.Close()) return SystemMessage(errno);
-    return std::nullopt;
-}
-
-std::string InputAsFile() {
-    std::error_code error;
-    std::string name = (std::filesystem::temp_directory_path(error) / "tolvane-run-XXXXXX").string();
-    const Descriptor file(mkstemp(name.data()));
-    if (file.Get() < 0) return {};
-    std::string block(65536, '\0');
-    for (;;) {
-        const ssize_t got = read(STDIN_FILENO, block.data(), block.size());
-        if (got < 0 && errno == EINTR) continue;
-        if (got <= 0) return name;
-        WriteBytes(file.Get(), std::string_view(block).substr(0, static_cast<std::size_t>(got)));
-    }
 }
 
 std::string SystemAndMachine() {

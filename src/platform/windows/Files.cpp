@@ -57,6 +57,12 @@ Descriptor OpenToRead(const std::string& path) {
     return IsRegular(file) ? std::move(file) : Descriptor(-1);
 }
 
+Descriptor OpenToReadOnce(const std::string& path) {
+    const std::string name = SystemPath(path);
+    SetLastError(ERROR_FILE_NOT_FOUND);
+    return IsSystemName(name) ? Open(name, GENERIC_READ, OPEN_EXISTING) : Descriptor(-1);
+}
+
 std::size_t SizeOf(const Descriptor& file) {
     LARGE_INTEGER size{};
     return GetFileSizeEx(HandleOf(file.Get()), &size) != 0 ? static_cast<std::size_t>(size.QuadPart) : 0;
@@ -72,6 +78,20 @@ std::optional<std::size_t> ReadSome(const Descriptor& file, char* room, std::siz
     DWORD got = 0;
     if (::ReadFile(HandleOf(file.Get()), room, OneStep(size), &got, nullptr) == 0) return std::nullopt;
     return got;
+}
+
+// A pipe whose writer has gone is at its end.
+std::optional<std::size_t> ReadWaiting(const Descriptor& file, char* room, std::size_t size) {
+    const std::optional<std::size_t> got = ReadSome(file, room, size);
+    return !got && GetLastError() == ERROR_BROKEN_PIPE ? std::optional<std::size_t>(0) : got;
+}
+
+std::optional<std::size_t> ReadStandardInput(char* room, std::size_t size) {
+    return console::ReadInput(room, size);
+}
+
+std::string LastFailure() {
+    return LastMessage();
 }
 
 bool WriteBytes(FileNumber file, std::string_view bytes) {
@@ -93,34 +113,6 @@ std::optional<std::string> CurrentDirectory() {
 
 std::string LastSystemMessage() {
     return SystemMessage(directoryFailure);
-}
-
-std::optional<std::string> WhyNotOpened(const std::string& path) {
-    if (Open(SystemPath(path), GENERIC_READ, OPEN_EXISTING).Get() >= 0) return std::nullopt;
-    return LastMessage();
-}
-
-std::optional<std::string> WriteFile(const std::string& path, std::string_view bytes) {
-    const std::string name = SystemPath(path);
-    if (!IsSystemName(name)) return SystemMessage(ERROR_FILE_NOT_FOUND);
-    Descriptor file = Open(name, GENERIC_WRITE, OPEN_ALWAYS);
-    if (file.Get() < 0) return LastMessage();
-    if (!IsRegular(file)) return SystemMessage(ERROR_INVALID_NAME);
-    const bool written = SetEndOfFile(HandleOf(file.Get())) != 0 && WriteBytes(file.Get(), bytes) && file.Close();
-    return written ? std::nullopt : std::optional(LastMessage());
-}
-
-std::string InputAsFile() {
-    const std::wstring folder = SystemText([](wchar_t* room, DWORD length) { return GetTempPathW(length, room); });
-    wchar_t name[MAX_PATH + 1];
-    if (GetTempFileNameW(folder.c_str(), L"tol", 0, name) == 0) return {};
-    std::string bytes;
-    std::string block(65536, '\0');
-    while (const std::size_t got = console::ReadInput(block.data(), block.size()))
-        bytes.append(block, 0, got);
-    std::string path = FromWide(name);
-    WriteFile(path, bytes);
-    return path;
 }
 
 std::string SystemAndMachine() {

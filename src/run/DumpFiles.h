@@ -1,0 +1,17 @@
+#pragma once
+// The dumps of a source below the folder of --dump: its own folders are kept, and no two sources share a name.
+//
+//   anna/ex1.txt -> DIR/anna/ex1.assembled.txt, DIR/anna/ex1.result.txt
+
+#include <string>
+
+namespace tolvane::run {
+
+enum class Dumped { Assembled, Result };
+
+// Writes a dump of the machine as it stands; the exit status.
+int WriteDump(const std::string& folder, const std::string& source, Dumped dumped);
+// Removes both dumps of the source that an earlier call has left.
+void RemoveDumps(const std::string& folder, const std::string& source);
+
+} // namespace tolvane::run
