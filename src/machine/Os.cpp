@@ -89,9 +89,11 @@ void Tcomet2::OsOut() const {
     Io->write(Io->context, Utf8(text) + "\n");
 }
 
+// Where a line is there before it is asked for, nobody has waited for it, and a signal is left to the run loop.
 Stop Tcomet2::OsIn() {
+    if (Io->isReady != nullptr && !Io->isReady(Io->context)) return Stop::InputWanted;
     const std::optional<MachineIo::Line> line = Io->read(Io->context, ReadLimit);
-    if (signals::TakeInterrupt()) return Stop::Interrupted;
+    if (Io->isReady == nullptr && signals::TakeInterrupt()) return Stop::Interrupted;
     InputEnds = line ? 0 : InputEnds + 1;
     if (InputEnds == MostInputEnds) return Stop::InputEnded;
 

@@ -190,6 +190,15 @@ Stop Tcomet2::RunTraced(std::int64_t instructions, const Observer& observe) {
     return Stop::LimitReached;
 }
 
+Stop Tcomet2::GoOn(std::int64_t instructions) {
+    const Stop stop = Execute<true>(instructions);
+    if (stop == Stop::LimitReached)
+        Left = 0;
+    else
+        DspStop(stop);
+    return stop;
+}
+
 // What the instruction at PR is going to write.
 Step Tcomet2::NextStep() const {
     const auto cell = [this](int address) { return Memory[static_cast<std::size_t>(address)]; };
@@ -276,9 +285,15 @@ template <bool limited> Stop Tcomet2::Execute(std::int64_t instructions) {
         RunCount[pr] = static_cast<int>(static_cast<unsigned>(RunCount[pr]) + 1U);                                     \
         r = static_cast<unsigned>(w >> 4) & 7U;                                                                        \
         x = static_cast<unsigned>(w) & 7U;
+#define EFFECTIVE_ADDRESS() e = static_cast<std::uint16_t>(Unsigned(Memory[pr + 1]) + (x == 0 ? 0 : Unsigned(GR[x])))
 #define TWO_WORDS(code, nibbles)                                                                                       \
     ONE_WORD(code, nibbles)                                                                                            \
-        e = static_cast<std::uint16_t>(Unsigned(Memory[pr + 1]) + (x == 0 ? 0 : Unsigned(GR[x])));
+        EFFECTIVE_ADDRESS();
+// For those who are called in the middle of a run.
+#define KEEP_LEFT()                                                                                                    \
+    do {                                                                                                               \
+        if constexpr (limited) Left = instructions;                                                                    \
+    } while (false)
 // Refuses a memory operand that may not be read.
 #define READABLE if (e >= limit) [[unlikely]] STOP(Stop::OperandBeyondMemory)
 // How an operation ends. A jump that is taken ends in a branch of its own: PR then follows from what the processor
@@ -312,6 +327,7 @@ again:
         if (const int a = static_cast<int>(e); x != 0 && (a >= storeGuard || (a >= reserved && !StoreWarned))) {
             StoreWarned = true;
             PR = static_cast<int>(pr) + 1;
+            KEEP_LEFT();
             if (st511(a) == StoreRefused) STOP(Stop::StoreBeyondMemory);
         }
         Memory[e] = GR[r];
@@ -425,9 +441,14 @@ again:
     ONE_WORD(88, NibbleR | NibbleX) // EXIT
         ++pr;
         STOP(Stop::End);
-    TWO_WORDS(F0, NibbleX) // SVC
+    ONE_WORD(F0, NibbleX) // SVC
+        EffAdr = static_cast<int>(e); // for an IN that is taken back
+        EFFECTIVE_ADDRESS();
         PR = static_cast<int>(pr); // for what the OS says
+        KEEP_LEFT();
         stop = OsSvc(static_cast<int>(e));
+        if constexpr (limited) instructions = Left; // OUT may have made them fewer
+        if (stop == Stop::InputWanted) goto wanting;
         if (stop != Stop::None) goto out;
         NEXT(2);
     ONE_WORD(unknown, NibbleR | NibbleX)
@@ -436,6 +457,8 @@ again:
 #undef STOP
 #undef ONE_WORD
 #undef TWO_WORDS
+#undef EFFECTIVE_ADDRESS
+#undef KEEP_LEFT
 #undef READABLE
 #undef GO_TO
 #undef NEXT
@@ -444,18 +467,25 @@ again:
     // clang-format on
 
 beyond:
-    if (pr < limit) stop = Attend();
-    if (pr < limit && stop == Stop::None) {
-        if constexpr (limited) ++instructions; // this turn has not been one
-        goto again;
+    if (pr >= limit) {
+        stop = Stop::PrBeyondMemory;
+        goto out;
     }
-    if (stop == Stop::None) stop = Stop::PrBeyondMemory;
+    if constexpr (limited) ++instructions; // this turn has not been one
+    stop = Attend();
+    if (stop == Stop::None) goto again;
+    goto out;
+wanting:
+    if constexpr (limited) ++instructions;
+    RunCount[pr] = static_cast<int>(static_cast<unsigned>(RunCount[pr]) - 1U);
+    e = static_cast<std::size_t>(EffAdr);
     goto out;
 badRegister:
     stop = Stop::BadRegister;
 out:
     PR = static_cast<int>(pr) + (StandsOnSecondWord(stop) ? 1 : 0);
     EffAdr = static_cast<int>(e);
+    if constexpr (limited) Left = instructions;
     Fovf = flags.fovf;
     Fsign = flags.result < 0 ? 1 : 0;
     Fzero = flags.result == 0 ? 1 : 0;
@@ -467,7 +497,7 @@ int Tcomet2::FaultAddress(Stop stop) const {
 }
 
 // The guard of an indexed store: refuses it from the limit on, else warns. PR stands on the second word.
-int Tcomet2::st511(int address) {
+int Tcomet2::st511(int address) const {
     const int a = PR - 1;
     if (address >= modeFlags->Pipe->storeLimit) {
         TellStop(MachineMsg.StoreBeyondMemory, {modeFlags->Pipe->storeLimit, a});
@@ -524,6 +554,7 @@ void Tcomet2::DspStop(Stop stop) const {
     case Stop::LimitReached:
     case Stop::Interrupted:
     case Stop::InputEnded:
+    case Stop::InputWanted:
     case Stop::None:
         return;
     }

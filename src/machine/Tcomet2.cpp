@@ -26,14 +26,44 @@ void Tcomet2::Print(const Msg& msg, Args args) {
     console::FlushSoon();
 }
 
-void Tcomet2::TellStop(const Msg& msg, Args args) {
-    Tell(Severity::Error, NoLine, msg, args);
+void Tcomet2::TellStop(const Msg& msg, Args args) const {
+    Io->tell(Io->context, Severity::Error, msg, args);
+}
+
+void Tcomet2::TellWarning(const Msg& msg, Args args) const {
+    Io->tell(Io->context, Severity::Warning, msg, args);
+}
+
+void MachineIo::TellDiagnostic(void*, Severity severity, const Msg& msg, Args args) {
+    Tell(severity, NoLine, msg, args);
     console::FlushSoon();
 }
 
-void Tcomet2::TellWarning(const Msg& msg, Args args) {
-    Tell(Severity::Warning, NoLine, msg, args);
-    console::FlushSoon();
+void Tcomet2::Keep(RunState& state) const {
+    state.OS = OS;
+    state.Memory = Memory;
+    state.RunCount = RunCount;
+    state.Stack = Stack;
+    state.registers = {GR, PR, SP, Fovf, Fsign, Fzero};
+    state.EffAdr = EffAdr;
+    state.StoreWarned = StoreWarned;
+    state.InputEnds = InputEnds;
+}
+
+void Tcomet2::TakeUp(const RunState& state) {
+    OS = state.OS;
+    Memory = state.Memory;
+    RunCount = state.RunCount;
+    Stack = state.Stack;
+    GR = state.registers.GR;
+    PR = state.registers.PR;
+    SP = state.registers.SP;
+    Fovf = state.registers.Fovf;
+    Fsign = state.registers.Fsign;
+    Fzero = state.registers.Fzero;
+    EffAdr = state.EffAdr;
+    StoreWarned = state.StoreWarned;
+    InputEnds = state.InputEnds;
 }
 
 } // namespace tolvane

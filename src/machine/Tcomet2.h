@@ -34,6 +34,7 @@ enum class Stop : std::uint8_t {
     LimitReached,        // of RunLimited and RunTraced
     Interrupted,         // Ctrl+C
     InputEnded,          // IN has met the end of the input again and again
+    InputWanted,         // GoOn: IN has no line yet. The machine stands in front of it and has counted nothing
 };
 
 // Where the text of OUT goes and that of IN comes from. `context` is handed on.
@@ -48,6 +49,13 @@ struct MachineIo {
     // What the virtual OS has to say of the SVC at PR.
     void (*say)(void* context, const Msg& msg, Args args);
     void* context;
+    // A stop or a warning of the machine; a stop may be told in several rows.
+    void (*tell)(void* context, Severity severity, const Msg& msg, Args args) = TellDiagnostic;
+    // Whether `read` may be called now; else the run stops in front of the IN. Null: always.
+    bool (*isReady)(void* context) = nullptr;
+
+    // Into the store, and printed.
+    static void TellDiagnostic(void* context, Severity severity, const Msg& msg, Args args);
 };
 // The console, with a head in front of each text and each question.
 extern const MachineIo DialogueIo;
@@ -74,6 +82,18 @@ struct Step {
     std::array<Stretch, 2> written;
 };
 using Observer = std::function<void(const Step&)>;
+
+// All that a run goes on from, between two instructions. What a run does not change is left out.
+struct RunState {
+    int OS;
+    std::array<int, MemoryCells> Memory;
+    std::array<int, MemoryCells> RunCount;
+    std::array<int, StackCells> Stack;
+    Registers registers;
+    int EffAdr;
+    bool StoreWarned;
+    int InputEnds;
+};
 
 class Tcomet2 {
 public:
@@ -109,6 +129,16 @@ public:
     Stop RunLimited(std::int64_t instructions);
     // The same, slower, and the observer is called behind each instruction that was executed.
     Stop RunTraced(std::int64_t instructions, const Observer& observe);
+    // A run in pieces: what a run begins with, and at most so many instructions (1 or more) of it from where it stands.
+    // Signals are noted for it while a signals::Running lives. Nothing goes on behind a stop but LimitReached,
+    // Interrupted and InputWanted.
+    void BeginRun();
+    Stop GoOn(std::int64_t instructions);
+    // Of the instructions that GoOn was given, those that are left: behind it, and while the Io is called, whose
+    // `write` may make them fewer. An instruction that meets a stop is one that was executed.
+    std::int64_t Left = 0;
+    void Keep(RunState& state) const;
+    void TakeUp(const RunState& state);
     // The address of the instruction at which a stop was met.
     int FaultAddress(Stop stop) const;
 
@@ -116,12 +146,11 @@ private:
     static constexpr int ServiceIn = 1;
     static constexpr int ServiceOut = 2;
 
-    void BeginRun();
     // The run loop. Leaves registers and flags as the last instruction left them.
     template <bool limited> Stop Execute(std::int64_t instructions);
     Stop Attend();
     Step NextStep() const;
-    int st511(int address);
+    int st511(int address) const;
     int ret581();
     bool PushWord(int word);
     void DspStop(Stop stop) const;
@@ -131,10 +160,10 @@ private:
     Stop OsIn();
     void OsOut() const;
 
-    // Print a row, as Say and Tell do; a person who watches sees it at once.
+    // Prints a row, as Say does; a person who watches sees it at once.
     static void Print(const Msg& msg, Args args = {});
-    static void TellStop(const Msg& msg, Args args = {});
-    static void TellWarning(const Msg& msg, Args args);
+    void TellStop(const Msg& msg, Args args = {}) const;
+    void TellWarning(const Msg& msg, Args args) const;
 
     bool StoreWarned = false; // in this run
     int InputEnds = 0;        // INs in a row that have met the end of the input
