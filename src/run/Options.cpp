@@ -21,10 +21,12 @@ namespace {
 
 constexpr const char* ShortOptions = ":cd:hi:l:n:p:tVw";
 constexpr int ExplainOption = 256;
+constexpr int GradeOption = 257;
 constexpr option LongOptions[] = {
     {"check", no_argument, nullptr, 'c'},
     {"dump", required_argument, nullptr, 'd'},
     {"explain", required_argument, nullptr, ExplainOption},
+    {"grade", required_argument, nullptr, GradeOption},
     {"help", no_argument, nullptr, 'h'},
     {"input", required_argument, nullptr, 'i'},
     {"lang", required_argument, nullptr, 'l'},
@@ -38,7 +40,7 @@ constexpr option LongOptions[] = {
 
 // The words of the command line as they stand there.
 struct CommandLine {
-    std::optional<std::string> lang, pipeline, limit, dump, input, explain;
+    std::optional<std::string> lang, pipeline, limit, dump, input, explain, grade;
     bool check = false, trace = false, words = false, help = false, version = false;
     const Msg* fault = nullptr; // the first that getopt_long has found
     std::string faulty;
@@ -72,6 +74,9 @@ CommandLine ReadWords(int argc, char** argv) {
             break;
         case ExplainOption:
             line.explain = optarg;
+            break;
+        case GradeOption:
+            line.grade = optarg;
             break;
         case 'h':
             line.help = true;
@@ -164,6 +169,7 @@ std::optional<Options> ReadOptions(int argc, char** argv, int& status) {
     options.check = line.check;
     options.trace = line.trace;
     options.words = line.words;
+    options.grade = line.grade;
     options.files = line.files;
     if (options.files.empty()) return Wrong(status, RunMsg.NoFile);
     const auto readers = std::count(options.files.begin(), options.files.end(), StandardInput);

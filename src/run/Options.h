@@ -18,6 +18,7 @@ enum Status {
     MachineStopped = 2,
     LimitWasReached = 3,
     WrongUse = 4,
+    WrongOutput = 5,
     CtrlC = 130
 };
 
@@ -32,6 +33,7 @@ struct Options {
     std::int64_t limit = 100'000'000;   // 0: none
     std::optional<std::string> dump;    // the folder
     std::optional<std::string> input;   // the text that IN reads
+    std::optional<std::string> grade;   // the folder of the cases
     std::optional<std::string> explain; // words; then nothing else is done
     std::vector<std::string> files;
 };

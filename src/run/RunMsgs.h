@@ -13,6 +13,7 @@ struct RunCatalogue {
              "  -c, --check           do not run\n"
              "  -d, --dump DIR        write both dumps into DIR: NAME.assembled.txt, NAME.result.txt\n"
              "      --explain WORDS   explain a message: paste it, or give some of its words\n"
+             "      --grade FOLDER    run with each input-N.txt of FOLDER, compare with output-N.txt\n"
              "  -h, --help            show this text\n"
              "  -i, --input FILE      what IN reads, for each program from its beginning\n"
              "  -l, --lang en|ja      the language of the diagnostics (default: the locale's)\n"
@@ -24,13 +25,14 @@ struct RunCatalogue {
              "\n"
              "Standard output has what OUT writes, standard error all else.\n"
              "Exit status: 0 all ran to their end, 1 errors in a source, 2 stopped by the machine, 3 limit reached,\n"
-             "4 wrong use or a file that cannot be read or written, 130 Ctrl+C. Of several files the highest.\n",
+             "4 wrong use or a file that cannot be read or written, 5 graded as wrong, 130 Ctrl+C. Of several the highest.\n",
              "使い方: tolvane-run [オプション] ファイル...\n"
              "CASL II のソースファイルを順にアセンブル、リンク、実行する。ファイル名 - は標準入力。\n"
              "\n"
              "  -c, --check           実行しない\n"
              "  -d, --dump DIR        二つのダンプを DIR に書く: 名前.assembled.txt, 名前.result.txt\n"
              "      --explain 言葉    メッセージを説明する。メッセージ全体でも、その中の言葉でもよい\n"
+             "      --grade FOLDER    FOLDER の input-N.txt で実行し、出力を output-N.txt と比べる\n"
              "  -h, --help            この説明を表示する\n"
              "  -i, --input FILE      IN が読むファイル。プログラムごとに先頭から読む\n"
              "  -l, --lang en|ja      メッセージの言語（既定値はロケールによる）\n"
@@ -42,7 +44,7 @@ struct RunCatalogue {
              "\n"
              "標準出力には OUT の出力だけを、ほかはすべて標準エラー出力に書く。\n"
              "終了ステータス: 0 すべて最後まで実行、1 ソースの誤り、2 COMET II による停止、3 上限に達した、\n"
-             "4 使い方の誤り、または読み書きできないファイル、130 Ctrl+C。複数のファイルではその最大値。\n"};
+             "4 使い方の誤り、または読み書きできないファイル、5 採点して不正解、130 Ctrl+C。複数のときはその最大値。\n"};
 
     // Wrong use, on one line. {0} of UseError one of the rows behind it
     Msg UseError{"tolvane-run: {0} (see --help)\n", "tolvane-run: {0}（--help を参照）\n"};

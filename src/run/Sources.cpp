@@ -7,6 +7,7 @@
 #include "records/Records.h"
 #include "run/DumpFiles.h"
 #include "run/Errors.h"
+#include "run/Grading.h"
 #include "run/Inputs.h"
 #include "run/RunMsgs.h"
 #include "run/Running.h"
@@ -22,18 +23,6 @@ namespace {
 void PrintRecords(const std::string& file) {
     for (const MsgRec& record : store->Records)
         PrintDiagnostic(file, record.place.line, record.severity, TextLines(record));
-}
-
-// Assembles and links. What the steps say beside their diagnostics is nobody's here.
-bool Assemble(const Options& options, const std::string& told, const std::string& source) {
-    TMsgBase game;
-    BeginAssembly(game, *options.pipeline, options.lang);
-    po->LastAssembledSrcFilePath = told;
-    std::string swallowed;
-    console::WriteTo(&swallowed);
-    const bool assembled = ReadSourceBytes(told, &source) == 0 && RunStages(game) && RunLink(game) >= 0;
-    console::WriteTo(nullptr);
-    return assembled;
 }
 
 int AssembleAndRun(const Options& options, const std::string& file, const std::string& source) {
@@ -58,13 +47,25 @@ int AssembleAndRun(const Options& options, const std::string& file, const std::s
 
 } // namespace
 
+bool Assemble(const Options& options, const std::string& told, const std::string& source) {
+    TMsgBase game;
+    BeginAssembly(game, *options.pipeline, options.lang);
+    po->LastAssembledSrcFilePath = told;
+    std::string swallowed;
+    console::WriteTo(&swallowed);
+    const bool assembled = ReadSourceBytes(told, &source) == 0 && RunStages(game) && RunLink(game) >= 0;
+    console::WriteTo(nullptr);
+    return assembled;
+}
+
 std::string Told(const std::string& file) {
     return file == StandardInput ? "<stdin>" : file;
 }
 
 int RunFile(const Options& options, const std::string& file) {
     const platform::Once source = ReadInput(file);
-    if (source.end == platform::Once::End::Read) return AssembleAndRun(options, file, source.bytes);
+    if (source.end == platform::Once::End::Read)
+        return options.grade ? Grade(options, Told(file), source.bytes) : AssembleAndRun(options, file, source.bytes);
     if (source.end == platform::Once::End::Interrupted) return CtrlC;
     const std::string why = WhyNotRead(source);
     PrintDiagnostic(Told(file), -1, Severity::Error, {TextOf(RunMsg.NotRead, {Utf8Arg{why}})});

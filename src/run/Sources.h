@@ -9,7 +9,9 @@ namespace tolvane::run {
 
 // How a file is named in diagnostics.
 std::string Told(const std::string& file);
-// Assembles, links and runs one file; the exit status.
+// Assembles and links the bytes of a source. What the steps say beside their diagnostics is nobody's here.
+bool Assemble(const Options& options, const std::string& told, const std::string& source);
+// Assembles, links and runs or grades one file; the exit status.
 int RunFile(const Options& options, const std::string& file);
 
 } // namespace tolvane::run
