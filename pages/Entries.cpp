@@ -52,6 +52,7 @@ std::string WordsOf(const char* text) {
             continue;
         }
         const std::string tag(c, std::find(c, c + std::string_view(c).size(), '}'));
+        if (tag == "{join") words += ' ';
         if (IsDigit(tag[1])) words += tag.ends_with('q') ? " “…” " : "…";
         c += tag.size();
     }

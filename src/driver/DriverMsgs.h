@@ -12,7 +12,7 @@ struct DriverCatalogue {
     Msg NoCurrentDirectory{"iRt=0: Fail to TGame::SetCurrentDirChH()\n"};
     Msg GetcwdError{"_getcwd error: {0}\n"};
     Msg PipelineByDefault{"FightNwW(); by default.\n"};
-    Msg EditorFlagOutOfRange{"Error: TextEditorFlag is out of range. \n"
+    Msg EditorFlagOutOfRange{"Error: {body}TextEditorFlag is out of range. \n"
                              "TextEditorIndex={0}\n"
                              "TextEditorIndex is corrected to be 0. \n"};
     Msg EditorIndexOutOfRange{"PrgError: index < 0 || 2 < index\n"

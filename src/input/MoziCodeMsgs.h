@@ -8,7 +8,7 @@ namespace tolvane {
 
 struct MoziCodeCatalogue {
     Msg FnameEmpty{"fname is empty."};
-    Msg BomFailToOpen{"Error: Fail to open {0}."};
+    Msg BomFailToOpen{"Error: {body}Fail to open {0}."};
     Msg FailToOpen{"Fail to open {0}.\n"};
     Msg MoziKazu{"MoziKazu(ascii, sjis, non)=({0}, {1}, {2})\n"};
     Msg Reading{"\nReading {0}   {1}\n", "\n'{0}'    {1}"};

@@ -18,7 +18,7 @@ template <class Ch> int CkLabelDouble(int prg, const std::vector<int>& labelled)
         againLine = line;
     }
     if (firstLine < 0) return 0;
-    cs->Error(NoLine, LinesMsg.LabelDouble, {LineAt<Ch>(firstLine).strLabel, firstLine + 1, againLine + 1});
+    cs->Error(againLine, LinesMsg.LabelDouble, {LineAt<Ch>(firstLine).strLabel, firstLine + 1, againLine + 1});
     return -1;
 }
 
@@ -29,7 +29,7 @@ template <class Ch> int CkPrgNameDouble() {
             const PrgData<Ch>& one = PrgAt<Ch>(i);
             const PrgData<Ch>& other = PrgAt<Ch>(j);
             if (one.strPrgName != other.strPrgName) continue;
-            b->Error(NoLine, LinesMsg.PrgNameDouble,
+            b->Error(other.StartLine, LinesMsg.PrgNameDouble,
                      {one.strPrgName, i + 1, one.StartLine + 1, j + 1, other.StartLine + 1});
             return -b->ErrorKazu;
         }

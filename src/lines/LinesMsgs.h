@@ -8,8 +8,8 @@ namespace tolvane {
 
 struct LinesCatalogue {
     // Normalising
-    Msg EmptySource{"Error: The source code is empty.  The assembler is ready to go!",
-                    "エラー：　アセンブラは準備完了、 ソースコードの記述がない。 ",
+    Msg EmptySource{"Error: {body}The source code is empty.  The assembler is ready to go!",
+                    "エラー：　{body}アセンブラは準備完了、 ソースコードの記述がない。 ",
                     {WordingNH, "{prefix}The assembler is ready to go! But the source code is empty. ",
                      "{prefix}アセンブラは準備完了、 ソースコードの記述がない。 "}};
     Msg SpaceBehindLiteralSign{"{line}{0q}: There is a space just after =+, =-, or =#. "
@@ -20,23 +20,23 @@ struct LinesCatalogue {
                         "Remove off the space at the left side of the figure.",
                         "{line}{0q}: +, -, # 記号の直後に空白がある。\n"
                         "記号の直後、数字の直前にある空白を取り除くこと。"};
-    Msg CommentTouchesOp{"{prefix}{0q}: \n"
+    Msg CommentTouchesOp{"{prefix}{0q}: {join}"
                          "NOP, RPUSH, RPOP, RET, and END do not take any operand, but a space at the right side. \n"
                          "One space or more are expected between the opcode and a comment mark(;).\n"
                          "Example 1: RPUSH ;Comments (Good)\n"
                          "Example 2: RPUSH;Comments  (Error)\n"
                          "Spec. 2. 1, Table (4) Row 3.",
-                         "{prefix}{0q}\n"
+                         "{prefix}{0q}{join}"
                          "オペランドをとらない命令（NOP, RPUSH, RPOP, RET, END）の右に記述する\n"
                          "コメントには、命令の直後にひとつ以上の空白と セミコロン; が必要。\n"
                          "例１： RPUSH; GR1 - GR7　の内容をスタックへ格納(正）\n"
                          "例２： RPUSH;GR1-GR7　の内容をスタックへ格納 (誤）\n"
                          "仕様２．１（４）表の３行目"};
-    Msg OperandOfNoOperandOp{"{line}{0q}\n"
+    Msg OperandOfNoOperandOp{"{line}{0q}{join}"
                              "NOP, RET, and END do not take any operand. One space and a comment mark(;) are expected "
                              "between the instruction code and a comment description. \n"
                              "Good Example: RET ;Comment (Spec. of CASL2 2.1 (4)) ",
-                             "{line}{0q}\n"
+                             "{line}{0q}{join}"
                              "オペランドをとらない命令（NOP, RET, END）の右のコメントには"
                              "必ず一個の空白とセミコロン（；）が必要。 \n"
                              "例： RET ;コメント (仕様２．１の（４）)   "};
@@ -48,12 +48,12 @@ struct LinesCatalogue {
         "A 2-byte space should be replaced with 1-byte space.  Remove off the 2-byte space in the word. ",
         "{line}{0q} の中に全角の空白がある。 CASL2には全角の空白は使えない。　"
         " CASL2では半角の空白を使う。"};
-    Msg ZenMoziInWord{"{line}{0q}: \n"
+    Msg ZenMoziInWord{"{line}{0q}: {join}"
                       "There is a 2-byte character in the word. \n"
                       "This character is not allowed in CASL2. \n"
                       "Remove off the 2-byte character. \n"
                       "A 1-byte space is allowed in CASL2.  ",
-                      "{line}{0q}: \n"
+                      "{line}{0q}: {join}"
                       " の中に全角の文字がある。\n"
                       " CASL2では全角の文字は使えない。\n"
                       " CASL2では半角の空白を使う。"};
@@ -98,16 +98,16 @@ struct LinesCatalogue {
                         "It should be replaced with a 1-byte space, or deleted. ",
                         "{line}END の文字はある。けれども、 "
                         " ENDの左に全角の空白がある。 全角の空白文字は使えない。　"};
-    Msg StartWithSemicolon{"{prefix}line {nr}  A space is expected at the right side of START instruction. "
+    Msg StartWithSemicolon{"{prefix}line {nr}  {body}A space is expected at the right side of START instruction. "
                            "(Spec. 4.2 (4) in a case of Without operand.)  ",
                            "{line}START の文字はある。けれども、  START の右に１個以上の空白が必要です。 "
                            "（４．２　言語の仕様（４）オペランドなしの命令の場合） "};
-    Msg StartThenZenSpace{"{prefix}line {nr}  There is a 2-byte space at the right side of START instruction. "
+    Msg StartThenZenSpace{"{prefix}line {nr}  {body}There is a 2-byte space at the right side of START instruction. "
                           "The 2-byte space is not allowed for use in CASL2. "
                           "It should be replaced with a 1-byte space, or deleted. ",
                           "{line}START の文字はある。けれども、 "
                           " START の右に全角の空白がある。 全角の空白文字は使えない。　"};
-    Msg ZenSpaceThenStart{"{prefix}line {nr}  There is a 2-byte space at the left side of START instruction. "
+    Msg ZenSpaceThenStart{"{prefix}line {nr}  {body}There is a 2-byte space at the left side of START instruction. "
                           "The 2-byte space is not allowed for use in CASL2. "
                           "It should be replaced with a 1-byte space, or deleted. ",
                           "{line}START の文字はある。けれども、 "
@@ -201,10 +201,10 @@ struct LinesCatalogue {
     // Program boundaries, program by program
     Msg StartWithoutLabel{"{line}A label is expected at the left side of the START assembler instruction. ",
                           "{line}START アセンブラ命令の左にラベルが必要"};
-    Msg EndWithLabel{"{line}{0q}\n"
+    Msg EndWithLabel{"{line}{0q}{join}"
                      "There is a label at the left side of the END assembler instruction. \n"
                      "It is of no use. ",
-                     "{line}{0q}\n"
+                     "{line}{0q}{join}"
                      "END アセンブラ命令の左にラベルがある。 \n"
                      "END アセンブラ命令の左のラベルは不要です。（CASL2 の仕様） "};
     Msg SrcBetweenPrgs{"{line}{0q}: There are some unknown string between two programs. "
@@ -301,12 +301,12 @@ struct LinesCatalogue {
                                                "Becasue it is not called by any other program. "}};
 
     // The opcode word
-    Msg UnknownOp{"{prefix}line {nr}{0q} is not either assembler instruction, machine instruction, "
+    Msg UnknownOp{"{prefix}line {nr}{body}{0q} is not either assembler instruction, machine instruction, "
                   "or macro instruction.  ",
                   "{line}{0q} は アセンブラ命令 でも 機械語命令 でも マクロ命令 でもない。 "
                   " 正しい 命令語 の記述が必要です。 "};
-    Msg ZenSpaceInOp{"Error: 2-Byte Space", "Error: 全角の空白文字がある。"};
-    Msg SmallMoziInOp{"{line}There is a small letter in {0}. ", "{line}: 演算子 {0} の中に小文字がある。"};
+    Msg ZenSpaceInOp{"Error: {body}2-Byte Space", "Error: {body}全角の空白文字がある。"};
+    Msg SmallMoziInOp{"{line}There is a small letter in {0}. ", "{line}: {body}演算子 {0} の中に小文字がある。"};
     // {0} the word, {1} the limit
     Msg OpTooLong{"{line}{0q}: There does not exist any operator which consists of more than {1} characters. ",
                   "{line}{1} 文字を超える演算子は存在しない。{0q} "};
@@ -322,11 +322,11 @@ struct LinesCatalogue {
                      "Ｃ言語でも同様の理由で関数の前半に定義文をまとめる。"};
 
     // The length of a line, told once in a program and counted nowhere
-    Msg LongLine{"Warning: line {nr}: There are {0} characters in the line. "
+    Msg LongLine{"Warning: line {nr}: {body}There are {0} characters in the line. "
                  "The Spec. of Tolvane has a length limit for every line. "
                  "The assembler reads 225 characters or less a line. "
                  "This might have caused an error for all your intention. \n",
-                 "警告: {nr}行目：Tolvaneの仕様よりも長い行がある。 {0} 文字ある。"
+                 "警告: {nr}行目：{body}Tolvaneの仕様よりも長い行がある。 {0} 文字ある。"
                  "225 文字まで読取り、それ以降の文字は読み捨てる。\n"};
 };
 inline constexpr LinesCatalogue LinesMsg;

@@ -142,7 +142,7 @@ template <class Ch> int RemoveNoOprndOpSemiColn(int line) {
         const Text<Ch> behindSpace = Ch(' ') + word + Ch(';');
         const Text<Ch> behindTab = Ch('\t') + word + Ch(';');
         if (!ContainsMozi<Ch>(src.strSrc, behindSpace) && !ContainsMozi<Ch>(src.strSrc, behindTab)) return 0;
-        cs->Error(NoLine, LinesMsg.CommentTouchesOp, {behindSpace});
+        cs->Error(line, LinesMsg.CommentTouchesOp, {behindSpace});
         return -1;
     }
     return 0;

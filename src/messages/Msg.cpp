@@ -48,7 +48,7 @@ void AppendAtLine(std::string& out, const Filling& f) {
 
 void AppendAtConst(std::string& out, const Filling& f) {
     AppendAtLine(out, f);
-    if (f.lang != 0) out += ConstantWord[1];
+    if (f.lang != 0) out += ConstantWord[1] + (f.headless && out.ends_with(' ') ? 1 : 0);
     AppendNumber(out, f.place.constant + 1);
     out += f.lang == 0 ? ConstantWord[0] : ": ";
 }
@@ -86,7 +86,8 @@ void AppendArg(std::string& out, const KeptArg& arg, std::string_view form, cons
     if (form == "o") return OrdinalStr(out, arg.number);
     if (form == "x") return AppendHex(out, arg.number, 1);
     if (form == "x4") return AppendHex(out, arg.number, 4);
-    if (form == "q") out += " \""; // a blank, the text in double quotation marks, a blank
+    // a blank, the text in double quotation marks, a blank
+    if (form == "q") out += f.headless && (out.empty() || out.ends_with(' ')) ? "\"" : " \"";
     if (arg.row != nullptr)
         Compose(out, arg.row->For(f.lang, f.wording), f);
     else if (arg.isNumber)
@@ -96,6 +97,15 @@ void AppendArg(std::string& out, const KeptArg& arg, std::string_view form, cons
     else
         out += arg.text;
     if (form == "q") out += "\" ";
+}
+
+void JoinLine(std::string& out, const Filling& f) {
+    if (!f.headless) {
+        out += '\n';
+        return;
+    }
+    out.erase(out.find_last_not_of(' ') + 1);
+    out += out.ends_with(':') ? " " : ": ";
 }
 
 void AppendTag(std::string& out, std::string_view tag, const Filling& f) {
@@ -112,6 +122,24 @@ void AppendTag(std::string& out, std::string_view tag, const Filling& f) {
     if (tag == "atconst") AppendAtConst(out, f);
     if (tag == "nr") AppendNumber(out, f.place.line + 1);
     if (tag == "k") AppendNumber(out, f.place.constant + 1);
+    if (tag == "constbody" && f.headless) AppendAtConst(out, f);
+    if (tag == "join") JoinLine(out, f);
+}
+
+// A row's own words, without a blank behind a blank and in front of a sign behind a quoted text.
+void AppendTidily(std::string& out, std::string_view words) {
+    for (const char c : words) {
+        if (c == ' ' && out.ends_with(' ')) continue;
+        if ((c == ':' || c == '.') && out.ends_with("\" ")) out.pop_back();
+        out += c;
+    }
+}
+
+// What stands behind the head that a text spells out.
+std::string_view WithoutHead(std::string_view text) {
+    for (const std::string_view end : {"{body}", "{constbody}"})
+        if (const std::size_t at = text.find(end); at != npos) return text.substr(at);
+    return text;
 }
 
 } // namespace
@@ -131,10 +159,23 @@ const char* SeverityPrefix(Severity severity, int lang) {
     return Prefixes[static_cast<int>(severity)][lang == 0 ? 0 : 1];
 }
 
+std::string_view TakeLine(std::string_view& text) {
+    constexpr std::string_view join = "{join}";
+    const std::size_t end = std::min({text.find('\n'), text.find(join), text.size()});
+    const std::string_view line = text.substr(0, end);
+    const std::size_t lineBreak = text.substr(end).starts_with(join) ? join.size() : 1;
+    text.remove_prefix(std::min(end + lineBreak, text.size()));
+    return line;
+}
+
 void Compose(std::string& out, std::string_view text, const Filling& filling) {
+    if (filling.headless) text = WithoutHead(text);
     while (!text.empty()) {
         const std::size_t brace = std::min(text.find('{'), text.size());
-        out += text.substr(0, brace);
+        if (filling.headless)
+            AppendTidily(out, text.substr(0, brace));
+        else
+            out += text.substr(0, brace);
         text.remove_prefix(brace);
         if (text.empty()) return;
         const std::size_t end = text.find('}');

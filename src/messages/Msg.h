@@ -10,7 +10,13 @@
 //   {atline}     "line 12: "                      {line}   {prefix}{atline}, the head of most diagnostics
 //   {atconst}    "line 12:  Constant Nr=1: "      {const}  {prefix}{atconst}
 //   {nr}         the line's number alone          {k}      the constant's number alone
+//   {body}       ends a head that the text spells out itself; {constbody} one that has told the constant, too
+//   {join}       a line break behind a line that only names what the next one is about
 // "\n" breaks the console line.
+//
+// Where severity and line are told by other means, a text is composed without its heads: the tags of severity and line
+// and all in front of {body} are left out, {constbody} tells the constant's number, a joined line goes on behind a colon,
+// and blanks never double.
 
 #include "text/Text.h"
 
@@ -128,9 +134,10 @@ struct Filling {
     Place place;
     std::span<const KeptArg> args;
     bool forTerminal = false; // control characters of texts are shown as "^X"
-    bool headless =
-        false; // severity and line are told by other means: of the heads the constant's number alone is left
+    bool headless = false;    // without heads: of them the constant's number alone is left
 };
+// Takes the first console line, without its line break, off a row's text.
+std::string_view TakeLine(std::string_view& text);
 // Appends the text with its tags filled in, as UTF-8. An argument that is not given leaves its tag empty.
 void Compose(std::string& out, std::string_view text, const Filling& filling);
 

@@ -17,10 +17,8 @@ template <class Take> void ForEachLineOf(const MsgRec& record, Take take) {
     int taken = 0;
     std::string_view text = record.row->For(modeFlags->Lang, modeFlags->Pipe->wording);
     while (!text.empty() && taken < most) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
         line.clear();
-        ComposeText(line, text.substr(0, end), record.severity, record.place, record.args, console::IsTerminal());
-        text.remove_prefix(std::min(end + 1, text.size()));
+        ComposeText(line, TakeLine(text), record.severity, record.place, record.args, console::IsTerminal());
         if (line.empty() && taken > 0) return;
         if (line.empty()) continue;
         take(line);

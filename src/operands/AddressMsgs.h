@@ -7,7 +7,7 @@ namespace tolvane {
 
 // The signed and the unsigned decimal number share the text of their Error but for one wording.
 inline constexpr const char* AdrNonNumeralEn = "{line}{0q}: There is a non-numerical character in the decimal number. ";
-inline constexpr const char* AdrNonNumeralJa = "{line}: {0q}: １０進数の中に数字以外の文字がある。";
+inline constexpr const char* AdrNonNumeralJa = "{line}: {body}{0q}: １０進数の中に数字以外の文字がある。";
 
 struct AddressCatalogue {
     static constexpr OperandRows Row{};
@@ -33,7 +33,7 @@ struct AddressCatalogue {
     // {1} its length
     Msg NameTooLong = Row("{line}{0q}: An address constant must be 1 to 8 characters in length. "
                           "There are {1} characters in it. ",
-                          "{line}: {0q}: アドレス定数は８文字以内の制限がある。 {1} 文字ある。 ");
+                          "{line}: {body}{0q}: アドレス定数は８文字以内の制限がある。 {1} 文字ある。 ");
     Msg NameUndefined = Row("{line}{0q} Undefined address constant.  Neither label nor program name it is. "
                             "None of them is identical with {0q}. ",
                             "{line}アドレス定数 {0q} と一致するラベル又はプログラム名"
@@ -50,7 +50,7 @@ struct AddressCatalogue {
                              "（START アセンブラ命令の左にあるラベル）が存在しない。"});
     Msg OutsideProgram = Row("{line}The address constant is a name of the outside program. "
                              "The comet2 might be out of control. Is this your intention? ",
-                             "{line}: アドレス定数として外部のプログラム名を用いている。　暴走の可能性がある。 "
+                             "{line}: {body}アドレス定数として外部のプログラム名を用いている。　暴走の可能性がある。 "
                              "これはあなたの意図ですか？");
 
     // Hexadecimal numbers; {1} the number of digits
@@ -64,19 +64,19 @@ struct AddressCatalogue {
     Msg HexOneDigit =
         Row("{line}{0q} A hexadecimal number should be written in four digits. (Spec. 2.3 (4)) \n"
             "It is only {1} digit. ",
-            "{line}: {0q}:  １６ 進数は ４ 桁で記述する。(仕様2･3 (4)) \n"
+            "{line}: {body}{0q}:  １６ 進数は ４ 桁で記述する。(仕様2･3 (4)) \n"
             "{1} 桁しかない。",
             {WordingNH, "{line}{0q} A hexadecimal number should be written in four digits. (Spec. 2.3 (4)) \n"
                         "It is only {1} digit(s). "});
     Msg HexTooShort =
         Row("{line}{0q} A hexadecimal number should be written in four digits. (Spec. 2.3 (4)) \n"
             "It is only {1} digits. ",
-            "{line}: {0q}:  １６ 進数は ４ 桁で記述する。(仕様2･3 (4)) \n"
+            "{line}: {body}{0q}:  １６ 進数は ４ 桁で記述する。(仕様2･3 (4)) \n"
             "{1} 桁しかない。",
             {WordingNH, "{line}{0q} A hexadecimal number should be written in four digits. (Spec. 2.3 (4)) \n"
                         "It is only {1} digit(s). "});
     Msg HexTooLong = Row("{line}{0q} A hexadecimal nmuber should be written in four digits. (Spec. 2.3 (4)) ",
-                         "{line}: {0q}:  １６ 進数は ４ 桁で記述する。(仕様2･3 (4)) ");
+                         "{line}: {body}{0q}:  １６ 進数は ４ 桁で記述する。(仕様2･3 (4)) ");
     Msg HexTooLongBy = Row("It is only {1} digits. ", "{1} 桁ある。", {WordingNH, "It is only {1} digit(s). "});
 
     // Decimal numbers
@@ -103,16 +103,16 @@ struct AddressCatalogue {
                                   "A decimal number between -32768 and 32767 \n"
                                   "is saved in a memory as a binary data in 16 digits. \n"
                                   "The 15th bit is a sign bit. (Spec. of Tolvane) ",
-                                  "{line}: 10 進数の記述が 0 から 65535 までの範囲外にある。\n"
+                                  "{line}: {body}10 進数の記述が 0 から 65535 までの範囲外にある。\n"
                                   "その下位 16 ビットが格納される。(仕様 １・２、 注の２)  \n"
                                   "10 進数の記述が -32768 から 32767 のとき、\n"
                                   "16ビットの2進数データ（最上位ビットを符号ビットとする ）として格納される。\n"
                                   "その範囲外にあるとき、その下位 16 ビットが格納される。（独自仕様）");
 
     // {1} the position of the character, counted from 1
-    Msg UnsuitableChar = Row("{line}{0q}\n"
+    Msg UnsuitableChar = Row("{line}{0q}{join}"
                              "There is an unsuitable character in the address constant of {0q}.",
-                             "{line}{0q}\n"
+                             "{line}{0q}{join}"
                              "{1}　文字目にアドレス定数で使えない文字がある。");
 
     // The operand of START

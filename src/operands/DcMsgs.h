@@ -7,7 +7,7 @@ namespace tolvane {
 
 // Told in Japanese in either language.
 inline constexpr const char* TooManyDcDsText =
-    "エラー： 仕様：DCとDSの行の数の合計は「最大行数の６分の１」={0} 行に制限されています。　"
+    "エラー： {body}仕様：DCとDSの行の数の合計は「最大行数の６分の１」={0} 行に制限されています。　"
     "DC行が {1} 行あります。 DS行が {2} 行あります。 DCとDSの行の数の合計が {3} 行あります。 "
     "メモリの節約のため削減をお願いします。 ";
 
@@ -41,15 +41,15 @@ struct DcCatalogue {
             {WordingWP, "{line}{0q} The comma is of no use at the end of the constant, "
                         "because there is not any more constant description at the right side of the comma. "});
     Msg ConstantOrComment =
-        Row("{line}: \"{0}\" : Is this a constant or a comment?  You should clarify your intention. "
+        Row("{line}: {body}\"{0}\" : Is this a constant or a comment?  You should clarify your intention. "
             "If \"{0}\" is a constant, a comma is needed at the left side of the constant.  "
             "If this is a comment, a semicolon is needed there. "
             "Multiple operands of DC insturction are separated by a comma.  "
             "Example:  LABEL DC 22, 55, 'abc', 88 ; Comments ",
-            "{line}: \"{0}\" が定数ならば、定数の前にコンマが必要です。 "
+            "{line}: {body}\"{0}\" が定数ならば、定数の前にコンマが必要です。 "
             "定数でないならばセミコロン；を記述して明示的に注釈にすること。（推奨） "
             "定数 DC 命令の複数のオペランドはコンマで区切る。　例： LABEL DC 22, 55, 'abc', 88 ; コメント",
-            {WordingWP, "{line}: \"{0}\" : Is this a constant or a comment?  You should clarify your intention. "
+            {WordingWP, "{line}: {body}\"{0}\" : Is this a constant or a comment?  You should clarify your intention. "
                         "If \"{0}\" is a constant, a comma is needed at the left side of the constant.  "
                         "If this is a comment, a semicolon is needed at the top of the comment. "
                         "Each of the multiple operands of DC insturction is separated by a comma.  "
@@ -81,7 +81,7 @@ struct DcCatalogue {
 
     // Decimal constants
     Msg DecNonNumeral = Row("{const}{0q}: There is non-numerical letter in the decimal constant. ",
-                            "{const}:{0q}: 10進定数の中に数字以外の文字がある。");
+                            "{const}:{constbody}{0q}: 10進定数の中に数字以外の文字がある。");
     Msg NumeralFirst =
         Row("{prefix}{0q}{atconst}A numeral cannot be the 1st letter of a label. "
             "There is a non-numeral character in the decimal number. ",
@@ -120,9 +120,9 @@ struct DcCatalogue {
 
     // The count of the words, English in either language; {1} the constant's number
     Msg EmptyConstant = Row("{line}\"{0}\": The {1o} operand at DC is empty in description.",
-                            "Error : line {nr}: \"{0}\": The {1o} operand at DC is empty in description.");
+                            "Error : line {nr}: {body}\"{0}\": The {1o} operand at DC is empty in description.");
     Msg UnknownKind =
-        Row("{line}\"{0}\": Unknown error of else. ", "Error : line {nr}: \"{0}\": Unknown error of else. ");
+        Row("{line}\"{0}\": Unknown error of else. ", "Error : line {nr}: {body}\"{0}\": Unknown error of else. ");
 
     // The limits of the array pipeline
     // {0} the limit, {1} the constants of the line

@@ -15,7 +15,7 @@ struct DsCatalogue {
     Msg NonNumeral = Row("{line}{0}: {1q}: Non numerical character is detected. "
                          "An operand of DS must be specified in decimal number. And it must be positive or zero. "
                          "It cannot be specified in hexadecimal. Spec. of casl2  2.3 (3) ",
-                         "{line}: {0}: {1q}: DS 命令のオペランドに正の十進数以外の文字がある。 "
+                         "{line}: {body}{0}: {1q}: DS 命令のオペランドに正の十進数以外の文字がある。 "
                          "DS アセンブラ命令のオペランドは、ゼロまたはゼロ以上の正の十進数で指定する。 "
                          "CASL2の仕様：２．３　アセンブラ命令（３）");
     // {0} the count

@@ -23,7 +23,7 @@ struct ExtractionCatalogue {
         Row("{line}{0q}: A literal charcter constant is not correctly closed. ",
             "{line}{0q}: リテラル文字定数が正しく閉じていない。 ",
             {WordingNA, "{line}{0q}: The literal charcter constant is not correctly closed. ", nullptr});
-    Msg StrNotClosed = Row("{line}{0q}: \n"
+    Msg StrNotClosed = Row("{line}{0q}: {join}"
                            "A character constant is not correctly closed. \n"
                            "The both ends of the constant must be enclosed by a pair of apostrophes. \n"
                            "Good Example 1.:  'ABC' \n"
@@ -39,22 +39,22 @@ struct ExtractionCatalogue {
                            "CASL2の仕様：２．３　（４）\n");
     // {0} the limit, {1} the length. Printed as it stands: it is counted nowhere.
     Msg OperandTooLong = Row("（規定の文字の長さ、文字数）＝（{0}, {1}）\n"
-                             "Warning: line {nr}: There are {1} characters in the line. "
+                             "Warning: line {nr}: {body}There are {1} characters in the line. "
                              "The Spec. of Tolvane has a length limit in every line. "
                              "The assembler reads {0} characters or less a line. "
                              "This might have caused an error for all your intention. \n",
                              "（規定の文字の長さ、文字数）＝（{0}, {1}）\n"
-                             "警告: {nr}行目：{1} 文字ある。Tolvaneの仕様の規定よりも長い行がある。 "
+                             "警告: {nr}行目：{body}{1} 文字ある。Tolvaneの仕様の規定よりも長い行がある。 "
                              "{0} 文字まで読取り、それ以降の文字は読み捨てる。\n",
                              {WordingNA,
-                              "Warning: line {nr}: There are {1} characters in the line. "
+                              "Warning: line {nr}: {body}There are {1} characters in the line. "
                               "The Spec. of Tolvane has a length limit in a line. "
                               "The assembler reads {0} characters or less in a line. "
                               "This might have caused an error for all your intention. \n",
-                              "警告: {nr}行目：{1} 文字ある。仕様の規定よりも長い行がある。 "
+                              "警告: {nr}行目：{body}{1} 文字ある。仕様の規定よりも長い行がある。 "
                               "{0} 文字まで読取り、それ以降の文字は読み捨てる。\n"});
     // {0} the zero-based line.
-    Msg LeadSemicolon = Row("Error: line={0}: No description of operands. ");
+    Msg LeadSemicolon = Row("Error: line={0}: {body}No description of operands. ");
     Msg NextOperandExpected = Row("{line}The nextnoperand is expected at the right side of the comma."
                                   "Or no comma is needed.",
                                   "{line}{0}番目のオペランドの後にコンマがあるのに次のオペランドが無い。");

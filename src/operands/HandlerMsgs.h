@@ -24,7 +24,7 @@ struct HandlerCatalogue {
                              "又はアドレス名（ラベル）が必要。",
                              {WordingNA | WordingAP, nullptr,
                               "{line}算術減算命令  SUBA 元を示すレジスター名又はアドレス名（ラベル）が必要。"});
-    Msg NoOperand2Addl = Row("{prefix}line {nr}: ADDL Add Logical: Either a general register or a label "
+    Msg NoOperand2Addl = Row("{prefix}line {nr}: {body}ADDL Add Logical: Either a general register or a label "
                              "(an address constant) is expected as the 2nd operand. ",
                              "{line}論理加算 ADDL 元を示すレジスター名又はアドレス名（ラベル）が必要。");
     Msg NoOperand2Subl = Row(
@@ -91,7 +91,7 @@ struct HandlerCatalogue {
                     "{0} r1,adr または {0} r1, adr, r2(COMET2の仕様 1.2命令(1)）"};
     Msg FormSra = Row("{line}SRA does not take a format of SRA r1, r2. Format1: SRA r1,adr\n"
                       "Format2: SRA r1,adr,r2\n",
-                      "{line}: SRA 命令は SRA r1,r2 形式をとらない。Format1: SRA r1,adr\n"
+                      "{line}: {body}SRA 命令は SRA r1,r2 形式をとらない。Format1: SRA r1,adr\n"
                       "Format2: SRA r1,adr,r2\n");
     Msg FormSrl = Row("{line}SRL instruction does not take a format of SRL r1, r2. ",
                       "{line} SRL 命令は SRL r1,r2 形式をとらない。");

@@ -79,7 +79,7 @@ struct LiteralCatalogue {
     Msg CharsExample = Row("{line}{0q}: A literal charcter constant is not correctly closed.\n"
                            "Good Example 1.:  ='Ruby' \n"
                            "Good Example 2.:  ='Ruby '' 123'",
-                           "{line}{0q}: \n"
+                           "{line}{0q}: {join}"
                            "正例１．：　='Ruby' \n"
                            "正例２．：  ='Ruby '' 123'",
                            {WordingNA,

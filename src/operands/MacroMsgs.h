@@ -40,11 +40,11 @@ struct MacroCatalogue {
                             "{line}マクロ命令のオペランドはラベル で指定する。（CASL2の仕様 2-4）"});
     Msg Digit = Row("{line}An operand of IN must be a label in the program. (Spec. 2-4) "
                     "An operand of OUT must be a label in the program. (Spec. 2-4) ",
-                    "{line}: IN と OUT のオペランドはラベルで指定する。（仕様２・４）");
+                    "{line}: {body}IN と OUT のオペランドはラベルで指定する。（仕様２・４）");
     Msg SignOrLiteral = Row("{line}An operand of IN must be a label in the program. (Spec. 2-4) "
                             "An operand of OUT must be a label in the program. (Spec. 2-4) ",
                             "{line}IN と OUT のオペランドはラベルで指定する。（仕様２・４）");
-    Msg NoOperand = Row("{line}{0} takes two operands. ", "{line}: {0} はオペランドを二つ必要とする。  ");
+    Msg NoOperand = Row("{line}{0} takes two operands. ", "{line}: {body}{0} はオペランドを二つ必要とする。  ");
     Msg Undefined1 = Row("{line}{0q} is an undefined address constant. "
                          "Neither label nor program name "
                          "is identical with the address constant. "
@@ -55,7 +55,7 @@ struct MacroCatalogue {
                          "There is not any label or any programming name "
                          "which is identical with the address contant. ",
                          "{line}アドレス定数 {0q} と一致するラベルが存在しない。");
-    Msg NoAddressConstant = Row("{line}{0q} is not an address constant. ", "{line}: {0q} はアドレス定数ではない。");
+    Msg NoAddressConstant = Row("{line}{0q} is not an address constant. ", "{line}: {body}{0q} はアドレス定数ではない。");
 
     Msg NoInOut = Row("{line}{0} is not a macro instruction in casl2. ", "{line}該当するマクロ命令がない。");
     Msg NoRpushRpop = Row("{line}{0} is not a macro instruction. ", "{line}該当するマクロ命令がない。");

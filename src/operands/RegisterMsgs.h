@@ -26,32 +26,32 @@ struct RegisterCatalogue {
         Row("{line}{0} does not take one of the general registers GR0-GR7 as the 1st operand. ",
             "{line}{0} は、一つ目のオペランドとしてレジスター GR0-GR7 をとらない。",
             {WordingWP, "{line}{0} does not take a general register as the 1st operand. ", nullptr});
-    Msg NoBranchAddress = Row("{prefix}line {nr} {0}:  \n"
+    Msg NoBranchAddress = Row("{prefix}line {nr} {body}{0}:  {join}"
                               "An operand is expected at the right side of the {1}. "
                               "The operand specifies a branching address. ",
-                              "{line}{0}  \n"
+                              "{line}{0}  {join}"
                               "{1} は分岐先を示すアドレス名（ラベル）が必要。");
-    Msg NoCallAddress = Row("{prefix}line {nr} {0}:  \n"
+    Msg NoCallAddress = Row("{prefix}line {nr} {body}{0}:  {join}"
                             "An operand is expected at the right side of the CALL. "
                             "ただし、他のプログラム名は指定できるが、"
                             "他のプログラム内のラベルは指定できない。 ",
-                            "{line}{0}  \n"
+                            "{line}{0}  {join}"
                             "CALL 命令は呼び出し先を示すアドレス（ラベル）が必要。 "
                             "ただし、他のプログラム名は指定できるが、"
                             "他のプログラム内のラベルは指定できない。 ",
                             {WordingWP,
-                             "{prefix}line {nr} {0}:  \n"
+                             "{prefix}line {nr} {body}{0}:  {join}"
                              "An operand is expected at the right side of CALL. "
                              "CALL command calls a subroutine. ",
                              nullptr});
-    Msg NoPushAddress = Row("{prefix}line {nr} {0}:  \n"
+    Msg NoPushAddress = Row("{prefix}line {nr} {body}{0}:  {join}"
                             "PUSH takes an address constant ( or a label) as an operand. "
                             "The stacked contents are stored at the address. ",
-                            "{line}{0}  \n"
+                            "{line}{0}  {join}"
                             "PUSH命令はオペランドとして（スタック内容が格納してある）アドレス名（ラベル）が必要。");
-    Msg NoSvcAddress = Row("{prefix}line {nr} {0}:  \n"
+    Msg NoSvcAddress = Row("{prefix}line {nr} {body}{0}:  {join}"
                            "SVC takes an address constant(or a label) as an operand. ",
-                           "{line}{0}  \n"
+                           "{line}{0}  {join}"
                            "命令 SVC はオペランドとしてアドレス名（ラベル）が必要。");
 
     // The names of the instructions.
@@ -122,7 +122,7 @@ struct RegisterCatalogue {
     Msg NoCommaBehindAddress =
         Row("{line}{0q}: A comma is expected between the 2nd operand and the 3rd one. "
             "2nd operand={1}   3rd operand={0}  ",
-            "{line}:  二つ目のオペランド {1q} の右にコンマが無いのに"
+            "{line}:  {body}二つ目のオペランド {1q} の右にコンマが無いのに"
             "三つ目のオペランド（指標レジスタ）{0q} の記述がある。 ",
             {WordingNH, "{line}{0q}: A comma is expected between the 2nd and the 3rd operands. ", nullptr});
     Msg CommaBehindAddress = Row("{line}There is a comma at the right side of the operand. "
@@ -142,12 +142,12 @@ struct RegisterCatalogue {
                                  "there is no description of an index register follwing the comma. ",
                                  "{line}{0q}:   二つめのオペランドの右にコンマがあるのに"
                                  "コンマの右に指標レジスタの記述がない。 ");
-    Msg NoCommaBeforeIndex = Row("{prefix}line {nr}{0q}: Either a comma or a comment mark(;)is expected "
+    Msg NoCommaBeforeIndex = Row("{prefix}line {nr}{body}{0q}: Either a comma or a comment mark(;)is expected "
                                  "at the right side of the 2nd operand. ",
                                  "{line}{0q}: 第2オペランドの右にコンマが無い。 "
                                  "第２オペランドの右にコンマあるいはコメント記号（；）を明示すること。 ",
                                  {WordingNH,
-                                  "{prefix}line {nr}{0q}:   A comma is expected between the 2nd and the 3rd operand. "
+                                  "{prefix}line {nr}{body}{0q}:   A comma is expected between the 2nd and the 3rd operand. "
                                   "A comma is expected at the left of the index register. ",
                                   "{line}{0q}: コンマの右に指標レジスタの記述がある。 "});
     Msg CommaBehindIndex = Row("{line}A comma is of no use at the right side of the the index register. ",

@@ -83,11 +83,8 @@ std::size_t ScoreOfPasted(const Msg& row, const std::string& pasted) {
         for (const int language : {0, 1}) {
             std::size_t score = 0;
             std::string_view text = row.For(language, wording);
-            while (!text.empty()) {
-                const std::size_t end = std::min(text.find('\n'), text.size());
-                score += ScoreOfLine(text.substr(0, end), pasted);
-                text.remove_prefix(std::min(end + 1, text.size()));
-            }
+            while (!text.empty())
+                score += ScoreOfLine(TakeLine(text), pasted);
             best = std::max(best, score);
         }
     return best;

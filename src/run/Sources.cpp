@@ -14,15 +14,23 @@
 #include "stages/Stages.h"
 
 #include <algorithm>
+#include <set>
+#include <utility>
 
 namespace tolvane::run {
 
 namespace {
 
-// The diagnostics of the assembly, in the order of the checks.
+// The diagnostics of the assembly, in the order of the checks. What two checks say of one line in the same words is
+// told once, and a row that is nothing but a head is not told.
 void PrintRecords(const std::string& file) {
-    for (const MsgRec& record : store->Records)
-        PrintDiagnostic(file, record.place.line, record.severity, TextLines(record));
+    std::set<std::pair<int, std::vector<std::string>>> told;
+    for (const MsgRec& record : store->Records) {
+        const std::vector<std::string> lines = TextLines(record);
+        const int line = record.place.line;
+        if (lines.empty() || (line >= 0 && !told.emplace(line, lines).second)) continue;
+        PrintDiagnostic(file, line, record.severity, lines);
+    }
 }
 
 int AssembleAndRun(const Options& options, const std::string& file, const std::string& source) {

@@ -24,7 +24,7 @@ constexpr Wording Wordings[] = {WordingNWW, WordingWP, WordingNA, WordingAP, Wor
 
 // The text with a line end for each of its tags; braces are left where a tag is not sound.
 std::string WithoutTags(const std::string& text) {
-    static const std::regex Tag(R"(\{(prefix|line|atline|const|atconst|nr|k|\d(q|o|x|x4)?)\})");
+    static const std::regex Tag(R"(\{(prefix|line|atline|const|atconst|nr|k|body|constbody|join|\d(q|o|x|x4)?)\})");
     return std::regex_replace(text, Tag, "\n");
 }
 
@@ -129,6 +129,21 @@ TEST(Messages, OnlyTheRowsOwnBreaksPartTheLinesOfARecord) {
     EXPECT_NE(lines[0].find("E\n\nEND"), std::string::npos);
     EXPECT_EQ(lines[2], "It is of no use. ");
     store->ClearMsgStore();
+}
+
+TEST(Messages, NothingOfAHeadIsLeftWhereItIsToldByOtherMeans) {
+    const KeptArg word{ViewA("X"), false, 7};
+    const std::vector<KeptArg> args(9, word);
+    for (const Msg* msg : AllRows())
+        for (const Wording wording : Wordings)
+            for (const int language : {0, 1}) {
+                std::string text;
+                Compose(text, msg->For(language, wording), {language, wording, Severity::Error, 11, args, false, true});
+                for (const char* head :
+                     {":", "：", "Error:", "Error :", "Warning", "WARNING", "Runtime", "->", "エラー", "警告", "line "})
+                    EXPECT_FALSE(TrimZenBlankUtf8(text).starts_with(head)) << NameOf(*msg) << ": " << text;
+                EXPECT_EQ(text.find("\"  "), std::string::npos) << NameOf(*msg) << ": " << text;
+            }
 }
 
 TEST(Messages, ControlCharactersOfTextsAreShownOnATerminalAlone) {
