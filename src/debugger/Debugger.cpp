@@ -13,7 +13,7 @@ namespace {
 
 constexpr Moment FirstPiece = 1'000; // pieces grow up to the stretch between two checkpoints
 constexpr Moment Growth = 8;
-constexpr Moment ScanCost = 8; // an instruction that is looked at takes as long as so many others
+constexpr Moment ScanCost = 2; // an instruction that is looked at takes as long as so many others
 constexpr int CallCode = 0x80;
 constexpr int RetCode = 0x81;
 
@@ -35,6 +35,31 @@ template <class T> void AddOnce(std::vector<T>& list, const T& value) {
 
 template <class T> void Remove(std::vector<T>& list, const T& value) {
     list.erase(std::remove(list.begin(), list.end(), value), list.end());
+}
+
+Watched WatchedOf(const Tcomet2& machine, const Cell& cell) {
+    const auto index = static_cast<std::size_t>(cell.index);
+    switch (cell.kind) {
+    case Cell::Kind::GR:
+        return {&machine.GR[index], 0xFFFF};
+    case Cell::Kind::SP:
+        return {&machine.SP, -1};
+    case Cell::Kind::Fovf:
+        return {&machine.SP, 0, 1, 0, 0};
+    case Cell::Kind::Fsign:
+        return {&machine.SP, 0, 0, 1, 0};
+    case Cell::Kind::Fzero:
+        return {&machine.SP, 0, 0, 0, 1};
+    case Cell::Kind::Word:
+        break;
+    }
+    return {&machine.Memory[index], 0xFFFF};
+}
+
+// A moment that is near, whatever signals come.
+void NearGoTo(History& past, Moment moment) {
+    while (!past.GoTo(moment))
+        past.TakeInterrupt();
 }
 
 } // namespace
@@ -254,23 +279,49 @@ void Debugger::Rewind(std::int64_t& budget) {
     EndPiece();
 }
 
-// Looks at each moment of the piece for the first hit on the way on, for the last one on the way back.
+// Looks for the first hit of the piece on the way on, for the last one on the way back.
 void Debugger::Scan() {
-    const auto lookForMark = [this] {
-        if (Now() >= pieceEnd || Now() == origin) return false;
-        if (const auto mark = MarkHere()) hit = Hit{Now(), *mark};
-        return hit && way == Way::On;
+    for (const Probe& probe : Probes())
+        ScanFor(probe);
+    if (aim) ScanForAim();
+    NearGoTo(past, pieceEnd);
+}
+
+// An instruction at a breakpoint changes its own count.
+std::vector<Debugger::Probe> Debugger::Probes() const {
+    std::vector<Probe> probes;
+    const Tcomet2& machine = Machine();
+    for (std::size_t i = 0; i < marks.size() && i < breakpoints.size(); ++i)
+        if (CountAt(machine, marks[i]) != counts[i])
+            probes.push_back(
+                {{&machine.RunCount[static_cast<std::size_t>(marks[i])], -1}, 1, {Why::Breakpoint, i, {}}});
+    for (std::size_t i = 0; i < cells.size(); ++i)
+        probes.push_back({WatchedOf(machine, cells[i]), way == Way::On ? 0 : 1, {Why::Watch, i, {}}});
+    return probes;
+}
+
+bool Debugger::IsBetter(Moment moment) const {
+    if (moment == origin) return false;
+    if (!hit) return true;
+    return way == Way::On ? moment < hit->moment : moment > hit->moment;
+}
+
+void Debugger::ScanFor(const Probe& probe) {
+    NearGoTo(past, pieceBegin);
+    while (past.WatchTo(pieceEnd, probe.watched)) {
+        const Moment moment = Now() - probe.back;
+        if (IsBetter(moment)) hit = Hit{moment, probe.outcome};
+        if (Now() == pieceEnd || (hit && way == Way::On)) return;
+    }
+}
+
+void Debugger::ScanForAim() {
+    NearGoTo(past, pieceBegin);
+    const auto look = [this] {
+        if (Now() < pieceEnd && IsAim() && IsBetter(Now())) hit = Hit{Now(), {}};
+        return hit && way == Way::On && Now() >= hit->moment;
     };
-    values.clear();
-    for (const Cell& cell : cells)
-        values.push_back(ValueOf(Machine(), cell));
-    if (lookForMark()) return;
-    past.StepTo(pieceEnd, [&] {
-        if (const auto changed = ChangedCell())
-            hit = Hit{way == Way::On ? Now() : Now() - 1, {Why::Watch, *changed, {}}};
-        if (hit && way == Way::On) return true;
-        return lookForMark();
-    });
+    if (!look()) past.StepTo(pieceEnd, look);
 }
 
 void Debugger::EndPiece() {
@@ -292,15 +343,11 @@ void Debugger::EndPiece() {
     if (way == Way::Back || past.StopHere() == Stop::None) return;
     EndAsStopped();
     if (past.StopHere() != Stop::InputWanted || Now() == origin) return;
-    if (const auto mark = MarkHere()) result = *mark;
-}
-
-// What ends a search in front of the instruction at PR.
-std::optional<Outcome> Debugger::MarkHere() const {
     const auto found = std::find(breakpoints.begin(), breakpoints.end(), Machine().PR);
-    if (IsAim()) return Outcome{};
-    if (isWho || found == breakpoints.end()) return std::nullopt;
-    return Outcome{Why::Breakpoint, static_cast<std::size_t>(found - breakpoints.begin()), {}};
+    if (IsAim())
+        result = {};
+    else if (found != breakpoints.end())
+        result = {Why::Breakpoint, static_cast<std::size_t>(found - breakpoints.begin()), {}};
 }
 
 bool Debugger::IsAim() const {
@@ -308,25 +355,13 @@ bool Debugger::IsAim() const {
     return aim && machine.PR == aim->address && machine.SP >= aim->leastSp && machine.SP <= aim->mostSp;
 }
 
-// The first of the cells that the last instruction has changed. `values` are those in front of it, and then behind it.
-std::optional<std::size_t> Debugger::ChangedCell() {
-    std::optional<std::size_t> changed;
-    for (std::size_t i = cells.size(); i-- > 0;) {
-        const int value = ValueOf(Machine(), cells[i]);
-        if (value != values[i]) changed = i;
-        values[i] = value;
-    }
-    return changed;
-}
-
 // What the instruction at a moment of the past does to a cell. The machine stands behind it then.
 Change Debugger::ChangeFrom(Moment moment, const Cell& cell) {
-    while (!past.GoTo(moment))
-        IsInterrupted();
+    NearGoTo(past, moment);
     const Tcomet2& machine = Machine();
     const auto pr = static_cast<std::size_t>(machine.PR);
     Change change{cell, moment, machine.PR, machine.Memory[pr], machine.Memory[pr + 1], ValueOf(machine, cell), 0};
-    past.StepTo(moment + 1, [] { return false; });
+    NearGoTo(past, moment + 1);
     change.after = ValueOf(machine, cell);
     return change;
 }

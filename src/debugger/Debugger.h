@@ -111,6 +111,12 @@ private:
         Moment moment;
         Outcome outcome;
     };
+    // What a piece is run through for: a change, told by its moment or by the one in front of it.
+    struct Probe {
+        Watched watched;
+        Moment back;
+        Outcome outcome;
+    };
 
     void BeginSearch(Way way, std::optional<Aim> aim);
     void Step(std::int64_t& budget);
@@ -119,15 +125,17 @@ private:
     void Explore(std::int64_t& budget);
     void Rewind(std::int64_t& budget);
     void Scan();
+    void ScanFor(const Probe& probe);
+    void ScanForAim();
+    std::vector<Probe> Probes() const;
+    bool IsBetter(Moment moment) const;
     void EndPiece();
     void Land(std::int64_t& budget);
     void LandAt(Moment target, const Outcome& outcome);
     void EndAsStopped();
 
     std::vector<int> MarkCounts() const;
-    std::optional<Outcome> MarkHere() const;
     bool IsAim() const;
-    std::optional<std::size_t> ChangedCell();
     Change ChangeFrom(Moment moment, const Cell& cell);
     bool IsInterrupted();
 
@@ -148,7 +156,6 @@ private:
     std::optional<Aim> aim;
     std::vector<int> marks;  // addresses
     std::vector<Cell> cells; // watched
-    std::vector<int> values; // of the cells, before the instruction
     Moment pieceBegin = 0;
     Moment pieceEnd = 0;
     Moment pieceLength = 0;

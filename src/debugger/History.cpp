@@ -71,12 +71,20 @@ void History::TakeNearest(Moment target) {
     nextRead = ReadCount();
 }
 
-std::int64_t History::RunPiece(std::int64_t instructions) {
+bool History::WatchTo(Moment to, const Watched& watched) {
+    const int bits = *watched.cell & watched.bits;
+    changed = false;
+    while (now < to && !changed)
+        RunPiece(to - now, &watched);
+    return changed || (*watched.cell & watched.bits) != bits; // by the instruction that ends the run
+}
+
+std::int64_t History::RunPiece(std::int64_t instructions, const Watched* watched) {
     pieceLength = instructions;
     pieceOutput = 0;
     const std::size_t firstNote = notes.size();
     const MachineIo* const others = std::exchange(machine.Io, &io);
-    const Stop stop = machine.GoOn(instructions);
+    const Stop stop = watched == nullptr ? machine.GoOn(instructions) : machine.GoOnWatching(instructions, *watched);
     machine.Io = others;
 
     const std::int64_t executed = pieceLength - machine.Left;
@@ -85,7 +93,9 @@ std::int64_t History::RunPiece(std::int64_t instructions) {
         latest = now;
         end = Stop::None;
     }
-    if (stop == Stop::Interrupted)
+    if (stop == Stop::Changed)
+        changed = true;
+    else if (stop == Stop::Interrupted)
         interrupted = true;
     else if (stop != Stop::LimitReached)
         end = stop;

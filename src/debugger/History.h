@@ -66,8 +66,9 @@ public:
     bool Approach(Moment target, std::int64_t& budget);
     // Without a budget; Ctrl+C alone stops it.
     bool GoTo(Moment target);
-    // Instruction by instruction to a moment that has been reached before, until `done` says so of the machine. True if
-    // it did. The program must not be interrupted here: `to` is near.
+    // To a moment that has been reached before and is near, so that Ctrl+C waits. WatchTo ends behind the first
+    // instruction that changes what is watched, StepTo goes instruction by instruction until `done`; true, if they did.
+    bool WatchTo(Moment to, const Watched& watched);
     template <class Done> bool StepTo(Moment to, Done done);
     // Whether Ctrl+C has come since the last question. The caller lets a signals::Running live.
     bool TakeInterrupt();
@@ -103,7 +104,7 @@ private:
 
     void TakeNearest(Moment target);
     // Executes at most so many instructions. What that has cost: they, and a share for what they have printed.
-    std::int64_t RunPiece(std::int64_t instructions);
+    std::int64_t RunPiece(std::int64_t instructions, const Watched* watched = nullptr);
     void KeepCheckpoint();
     std::unique_ptr<RunState> Thin();
     void ForgetAfterNow();
@@ -128,6 +129,7 @@ private:
     std::int64_t pieceLength = 0; // instructions of the piece that is run
     std::size_t pieceOutput = 0;  // bytes that it has printed
     bool interrupted = false;
+    bool changed = false;                // what was watched, by the last piece
     std::vector<Checkpoint> checkpoints; // by moment, the first at 0
 
     std::vector<InputLine> reads;

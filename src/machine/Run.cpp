@@ -191,7 +191,14 @@ Stop Tcomet2::RunTraced(std::int64_t instructions, const Observer& observe) {
 }
 
 Stop Tcomet2::GoOn(std::int64_t instructions) {
-    const Stop stop = Execute<true>(instructions);
+    return Told(Execute<true>(instructions));
+}
+
+Stop Tcomet2::GoOnWatching(std::int64_t instructions, const Watched& watched) {
+    return Told(Execute<true, true>(instructions, watched));
+}
+
+Stop Tcomet2::Told(Stop stop) {
     if (stop == Stop::LimitReached)
         Left = 0;
     else
@@ -218,7 +225,8 @@ Stop Tcomet2::Attend() {
     return interrupted ? Stop::Interrupted : Stop::None;
 }
 
-template <bool limited> Stop Tcomet2::Execute(std::int64_t instructions) {
+template <bool limited, bool watching>
+Stop Tcomet2::Execute(std::int64_t instructions, [[maybe_unused]] const Watched& watched) {
     const int storeGuard = modeFlags->Pipe->storeGuard;
     const int reserved = ReservedWords;
 
@@ -234,6 +242,13 @@ template <bool limited> Stop Tcomet2::Execute(std::int64_t instructions) {
     int w = 0;
     std::size_t r = 0;
     std::size_t x = 0;
+
+    [[maybe_unused]] const auto see = [&]() __attribute__((always_inline)) {
+        return (*watched.cell & watched.bits) ^ (flags.fovf & watched.fovf) ^
+               (static_cast<int>(flags.result < 0) & watched.fsign) ^
+               (static_cast<int>(flags.result == 0) & watched.fzero);
+    };
+    [[maybe_unused]] const int seen = watching ? see() : 0;
 
 // clang-format off
 #pragma GCC diagnostic push
@@ -266,6 +281,8 @@ template <bool limited> Stop Tcomet2::Execute(std::int64_t instructions) {
 // The turn from the instruction before to the operation of the next one.
 #define TURN()                                                                                                         \
     do {                                                                                                               \
+        if constexpr (watching)                                                                                        \
+            if (see() != seen) STOP(Stop::Changed);                                                                    \
         if constexpr (limited)                                                                                         \
             if (instructions-- == 0) STOP(Stop::LimitReached);                                                         \
         w = Memory[pr];                                                                                                \
@@ -555,6 +572,7 @@ void Tcomet2::DspStop(Stop stop) const {
     case Stop::Interrupted:
     case Stop::InputEnded:
     case Stop::InputWanted:
+    case Stop::Changed:
     case Stop::None:
         return;
     }

@@ -2,6 +2,7 @@
 
 #include "platform/Console.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace tolvane {
@@ -39,10 +40,42 @@ void MachineIo::TellDiagnostic(void*, Severity severity, const Msg& msg, Args ar
     console::FlushSoon();
 }
 
+namespace {
+
+using Table = std::array<int, MemoryCells>;
+
+// Most programs use a small part of the tables. Whole blocks are looked at, which is fast.
+std::size_t UsedCells(const Table& table) {
+    constexpr std::size_t Block = 1024;
+    std::size_t end = table.size();
+    while (end > 0) {
+        const std::size_t begin = (end - 1) / Block * Block;
+        int any = 0;
+        for (std::size_t i = begin; i < end; ++i)
+            any |= table[i];
+        if (any != 0) break;
+        end = begin;
+    }
+    while (end > 0 && table[end - 1] == 0)
+        --end;
+    return end;
+}
+
+void KeepTable(const Table& table, std::vector<int>& kept) {
+    kept.assign(table.begin(), table.begin() + static_cast<std::ptrdiff_t>(UsedCells(table)));
+}
+
+void TakeUpTable(const std::vector<int>& kept, Table& table) {
+    const auto end = std::copy(kept.begin(), kept.end(), table.begin());
+    std::fill(end, table.end(), 0);
+}
+
+} // namespace
+
 void Tcomet2::Keep(RunState& state) const {
     state.OS = OS;
-    state.Memory = Memory;
-    state.RunCount = RunCount;
+    KeepTable(Memory, state.Memory);
+    KeepTable(RunCount, state.RunCount);
     state.Stack = Stack;
     state.registers = {GR, PR, SP, Fovf, Fsign, Fzero};
     state.EffAdr = EffAdr;
@@ -52,8 +85,8 @@ void Tcomet2::Keep(RunState& state) const {
 
 void Tcomet2::TakeUp(const RunState& state) {
     OS = state.OS;
-    Memory = state.Memory;
-    RunCount = state.RunCount;
+    TakeUpTable(state.Memory, Memory);
+    TakeUpTable(state.RunCount, RunCount);
     Stack = state.Stack;
     GR = state.registers.GR;
     PR = state.registers.PR;

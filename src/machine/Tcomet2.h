@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tolvane {
 
@@ -35,6 +36,7 @@ enum class Stop : std::uint8_t {
     Interrupted,         // Ctrl+C
     InputEnded,          // IN has met the end of the input again and again
     InputWanted,         // GoOn: IN has no line yet. The machine stands in front of it and has counted nothing
+    Changed,             // GoOnWatching: the last instruction has changed what is watched
 };
 
 // Where the text of OUT goes and that of IN comes from. `context` is handed on.
@@ -86,13 +88,22 @@ using Observer = std::function<void(const Step&)>;
 // All that a run goes on from, between two instructions. What a run does not change is left out.
 struct RunState {
     int OS;
-    std::array<int, MemoryCells> Memory;
-    std::array<int, MemoryCells> RunCount;
+    std::vector<int> Memory; // without the zeros at the end
+    std::vector<int> RunCount;
     std::array<int, StackCells> Stack;
     Registers registers;
     int EffAdr;
     bool StoreWarned;
     int InputEnds;
+};
+
+// Some bits of a cell of the machine, and those of the flags whose bit is 1.
+struct Watched {
+    const int* cell = nullptr;
+    int bits = 0;
+    int fovf = 0;
+    int fsign = 0;
+    int fzero = 0;
 };
 
 class Tcomet2 {
@@ -134,6 +145,8 @@ public:
     // Interrupted and InputWanted.
     void BeginRun();
     Stop GoOn(std::int64_t instructions);
+    // The same, but it ends behind the first instruction that changes what is watched and does not end the run.
+    Stop GoOnWatching(std::int64_t instructions, const Watched& watched);
     // Of the instructions that GoOn was given, those that are left: behind it, and while the Io is called, whose
     // `write` may make them fewer. An instruction that meets a stop is one that was executed.
     std::int64_t Left = 0;
@@ -147,7 +160,8 @@ private:
     static constexpr int ServiceOut = 2;
 
     // The run loop. Leaves registers and flags as the last instruction left them.
-    template <bool limited> Stop Execute(std::int64_t instructions);
+    template <bool limited, bool watching = false> Stop Execute(std::int64_t instructions, const Watched& watched = {});
+    Stop Told(Stop stop);
     Stop Attend();
     Step NextStep() const;
     int st511(int address) const;
