@@ -6,6 +6,7 @@
 #include "records/Records.h"
 #include "text/Convert.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,8 @@
 namespace tolvane {
 
 namespace {
+
+constexpr std::size_t CountedLength = 104;
 
 // UTF-8 becomes Shift_JIS before any length is judged; everything else is Shift_JIS already.
 std::string AsShiftJis(std::string_view bytes) {
@@ -27,11 +30,11 @@ std::vector<TextA> LinesOf(std::string_view bytes) {
     return lines;
 }
 
-// Only the first line that is too long is told.
+// Only the first line that is too long is told, and counted as far as the first look reads it.
 void WarnOfLongLine(const std::vector<TextA>& lines, std::size_t limit) {
     for (std::size_t i = 0; i < lines.size(); ++i) {
         if (lines[i].size() <= limit) continue;
-        po->Warning(static_cast<int>(i), InputMsg.LongLine, {lines[i].size(), limit});
+        po->Warning(static_cast<int>(i), InputMsg.LongLine, {std::min(lines[i].size(), CountedLength), limit});
         return;
     }
 }
