@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 
 namespace tolvane {
 
@@ -33,11 +34,15 @@ void DspMenu() {
     Say(shortForm ? DriverMsg.ShortMenu : DriverMsg.LongMenu, {AssembledDumpName, ResultantDumpName});
 }
 
+void TellOf(const std::optional<std::string>& failure) {
+    if (failure) console::WriteError(TextOf(DriverMsg.NotStarted, {Utf8Arg{*failure}}));
+}
+
 // Opens a file in the chosen editor. The result is `own` for an editor of the settings, `standard` for the system's.
 int OpenInEditor(const std::string& file, int own, int standard) {
     std::string command = modeFlags->TextEditors[static_cast<std::size_t>(modeFlags->TextEditorIndex)];
     if (modeFlags->TextEditorIndex != 0) EditFilePath(command);
-    platform::RunEditor(command, file);
+    TellOf(platform::RunEditor(command, file));
     return modeFlags->TextEditorIndex == 0 ? standard : own;
 }
 
@@ -58,7 +63,7 @@ int ShowFolder() {
     bool ended = false;
     const std::string folder = GetFoldername(ended);
     if (ended) return InputEnded;
-    platform::ListFolder(folder);
+    TellOf(platform::ListFolder(folder));
     return FolderListed;
 }
 

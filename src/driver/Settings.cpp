@@ -1,6 +1,7 @@
 #include "driver/Settings.h"
 
 #include "driver/DriverMsgs.h"
+#include "platform/Console.h"
 #include "platform/Files.h"
 #include "platform/IniFile.h"
 #include "records/Records.h"
@@ -76,7 +77,7 @@ void SaveSettings(const std::string& path) {
     ini.PutInt("Editor", "TextEditorIndex", modeFlags->TextEditorIndex);
     ini.PutStr("Editor", "TextEditorPath1", modeFlags->TextEditors[1]);
     ini.PutStr("Editor", "TextEditorPath2", modeFlags->TextEditors[2]);
-    ini.Write();
+    if (const auto failure = ini.Write()) console::WriteError(TextOf(DriverMsg.SettingsNotSaved, {Utf8Arg{*failure}}));
 }
 
 } // namespace tolvane

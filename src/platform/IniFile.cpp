@@ -1,5 +1,7 @@
 #include "platform/IniFile.h"
 
+#include "platform/Files.h"
+#include "platform/NewFile.h"
 #include "platform/SettingsFile.h"
 #include "text/Convert.h"
 
@@ -139,7 +141,8 @@ void InsertLines(std::vector<std::string>& lines, std::size_t at, const std::vec
 
 } // namespace
 
-IniFile::IniFile(const std::string& path) : name(SettingsName(path)), old(ReadSettings(path)) {
+IniFile::IniFile(const std::string& path) : name(ResolvedName(SystemPath(path))), old(ReadSettings(path)) {
+    RemoveLeftovers(name);
     if (old) lines = LinesOf(*old);
 }
 
@@ -184,12 +187,12 @@ void IniFile::PutInt(const std::string& section, const std::string& key, int val
     PutStr(section, key, std::to_string(value));
 }
 
-void IniFile::Write() const {
+std::optional<std::string> IniFile::Write() const {
     std::string bytes;
     for (const std::string& line : lines)
         bytes += line;
-    if (!old || bytes == *old) return;
-    WriteSettings(name, bytes, *old);
+    if (!old || bytes == *old || WriteSettings(name, bytes, *old)) return std::nullopt;
+    return LastFailure();
 }
 
 } // namespace tolvane::platform

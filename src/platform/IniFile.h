@@ -24,9 +24,9 @@ public:
     // marks.
     void PutStr(const std::string& section, const std::string& key, const std::string& value);
     void PutInt(const std::string& section, const std::string& key, int value);
-    // Writes the file if anything has changed. Whoever reads it meanwhile, and whoever finds it after this program was
-    // killed, has the old file or the new one, whole. A file that cannot be read or written stays as it was.
-    void Write() const;
+    // Writes the file if anything has changed, as the settings are written. A file that cannot be read stays as it was.
+    // The system's message if the writing fails, else nothing.
+    std::optional<std::string> Write() const;
 
 private:
     std::optional<std::string> FindValue(const std::string& section, const std::string& key) const;

@@ -103,7 +103,7 @@ TEST_F(Settings, KeepsLinksRightsAndUnreadableThings) {
 
     PutLang("E", ".");
     PutLang("E", "no/such.ini");
-    WriteFile("tolvane.ini.unfinished.tmp", "of a program that was killed");
+    WriteFile(".tolvane-1-2.tmp", "of a program that was killed");
     IniFile{"tolvane.ini"};
     EXPECT_EQ(Things(), 3) << "left over";
 }

@@ -65,6 +65,17 @@ TEST_F(RunControl, OutputThatIsLostEndsTheProgram) {
     EXPECT_NE(ReadFile("told").find("output cannot be written: "), std::string::npos);
 }
 
+TEST_F(RunControl, AWriteThatFailsIsNotTheEnd) {
+    WriteFile("p.txt", "P START\n RET\n END\n");
+    WriteFile("typed", "\n1\np\n\n123\n");
+    WriteFile("script", "{ (ulimit -f 0; exec " TOLVANE_PROGRAM "); echo $? >status; } <typed 2>&1 | cat >out");
+    EXPECT_EQ(std::system("sh script"), 0);
+    EXPECT_EQ(ReadFile("status"), "0\n");
+    for (const char* told : {"aaAssembledRegMry.txt does not open", "the settings cannot be saved: File too large\n"})
+        EXPECT_NE(ReadFile("out").find(told), std::string::npos) << ReadFile("out");
+    EXPECT_EQ(Things(), 5) << "left over";
+}
+
 } // namespace
 
 } // namespace tolvane::tests

@@ -52,12 +52,22 @@ TEST_F(Trust, AFileIsReplacedWhenTheNewOneIsWhole) {
     EXPECT_EQ(ReadFile("old"), "old");
     EXPECT_EQ(Things(), 4) << "left over";
 
-    WriteFile("old.new", "of a run that was cut off");
-    FileWriter whole("link");
-    whole.Write(big);
-    EXPECT_FALSE(whole.Close().has_value());
+    FileWriter first("link"); // two at once
+    FileWriter second("old");
+    first.Write(big);
+    second.Write("second");
+    EXPECT_FALSE(first.Close().has_value());
     EXPECT_EQ(ReadFile("old"), big);
+    EXPECT_FALSE(second.Close().has_value());
+    EXPECT_EQ(ReadFile("old"), "second");
     EXPECT_TRUE(fs::is_symlink("link"));
+    EXPECT_EQ(Things(), 4) << "left over";
+}
+
+TEST_F(Trust, WhatCannotBeStartedIsTold) {
+    const std::string tooLong(1 << 21, 'x'); // for the system
+    EXPECT_TRUE(platform::RunEditor(tooLong, "file").has_value());
+    EXPECT_TRUE(platform::ListFolder(tooLong).has_value());
 }
 
 TEST_F(Trust, ANameIsNeverShellSyntax) {

@@ -11,8 +11,13 @@
 #include <string_view>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <system_error>
 #include <unistd.h>
 #include <vector>
+
+#ifdef __APPLE__
+extern char** environ; // which no header of this system declares
+#endif
 
 namespace tolvane::platform {
 
@@ -31,38 +36,65 @@ std::string PlainName(const std::string& path) {
     return name.starts_with('-') ? "./" + name : name;
 }
 
-// Starts the shell with the signals as a program expects to find them, and waits. Meanwhile Ctrl + C is the business of
-// what was started. Names and commands are parameters of the script: the shell never reads a name as a part of its
-// text.
-void RunShell(std::string script, std::vector<std::string> parameters) {
-    console::Flush();
-    const auto interrupt = std::signal(SIGINT, SIG_IGN);
-    const auto quit = std::signal(SIGQUIT, SIG_IGN);
+// As a shell says it of what it cannot start.
+constexpr int NotExecutable = 126;
+constexpr int NotFound = 127;
 
-    sigset_t defaults;
-    sigemptyset(&defaults);
-    sigaddset(&defaults, SIGPIPE);
-    if (interrupt != SIG_IGN) sigaddset(&defaults, SIGINT);
-    if (quit != SIG_IGN) sigaddset(&defaults, SIGQUIT);
+// What a program expects to find of its signals, whatever this one does with its own.
+sigset_t Defaults(bool interrupts, bool quits) {
+    sigset_t set;
+    sigemptyset(&set);
+    sigaddset(&set, SIGPIPE);
+    sigaddset(&set, SIGXFSZ);
+    if (interrupts) sigaddset(&set, SIGINT);
+    if (quits) sigaddset(&set, SIGQUIT);
+    return set;
+}
+
+// Starts the shell; 0, or the system's number for the error.
+int Start(pid_t& child, char* const* arguments, const sigset_t& defaults) {
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
     posix_spawnattr_setsigdefault(&attributes, &defaults);
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+    const int failure = posix_spawn(&child, "/bin/sh", nullptr, &attributes, arguments, environ);
+    posix_spawnattr_destroy(&attributes);
+    return failure;
+}
 
+// Waits; 0, or the system's number for the error of a shell that has found nothing to start.
+int WaitFor(pid_t child) {
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0)
+        if (errno == EINTR)
+            signals::EndIfAsked();
+        else
+            return 0;
+    if (!WIFEXITED(status)) return 0;
+    if (WEXITSTATUS(status) == NotFound) return ENOENT;
+    return WEXITSTATUS(status) == NotExecutable ? EACCES : 0;
+}
+
+// Runs a script in the shell until it ends. Meanwhile Ctrl + C is the business of what was started. Names and commands
+// are parameters of the script: the shell never reads a name as a part of its text. 0, or the system's number for the
+// error of what could not be started.
+int RunShell(std::string script, std::vector<std::string> parameters) {
+    console::Flush();
     std::string shell = "sh";
     std::string option = "-c";
     std::vector<char*> arguments{shell.data(), option.data(), script.data(), shell.data()};
     for (std::string& parameter : parameters)
         arguments.push_back(parameter.data());
     arguments.push_back(nullptr);
-    pid_t child = 0;
-    if (posix_spawn(&child, "/bin/sh", nullptr, &attributes, arguments.data(), environ) == 0)
-        while (waitpid(child, nullptr, 0) < 0 && errno == EINTR)
-            signals::EndIfAsked();
 
-    posix_spawnattr_destroy(&attributes);
+    const auto interrupt = std::signal(SIGINT, SIG_IGN);
+    const auto quit = std::signal(SIGQUIT, SIG_IGN);
+    pid_t child = 0;
+    int failure = Start(child, arguments.data(), Defaults(interrupt != SIG_IGN, quit != SIG_IGN));
+    if (failure == 0) failure = WaitFor(child);
     std::signal(SIGINT, interrupt);
     std::signal(SIGQUIT, quit);
+    return failure;
 }
 
 // Where nobody sits in front of a terminal, an editor would wait for keys that never come.
@@ -77,26 +109,24 @@ bool IsEndless(const std::string& name) {
 }
 
 // The editor of the user's environment, or the first one that the system has; without a terminal the file is printed.
-void RunDefaultEditor(const std::string& name) {
-    if (!IsDialogue()) {
-        if (!IsEndless(name)) RunShell(R"(exec cat "$1")", {name});
-        return;
-    }
+int RunDefaultEditor(const std::string& name) {
+    if (!IsDialogue())
+        return IsEndless(name) ? 0 : RunShell(R"(command -v cat >/dev/null || exit 127; exec cat "$1")", {name});
     for (const char* variable : {"VISUAL", "EDITOR"}) {
         const char* command = std::getenv(variable);
         if (command == nullptr || *command == '\0') continue;
-        RunShell(R"(eval "$1 \"\$2\"")", {command, name});
-        return;
+        if (RunShell(R"(eval "$1 \"\$2\"")", {command, name}) == 0) return 0;
     }
-    RunShell(R"(for editor in nano less more vi cat; do
+    return RunShell(R"(for editor in nano less more vi cat; do
             command -v "$editor" >/dev/null 2>&1 && exec "$editor" "$1"
-        done)",
-             {name});
+        done
+        exit 127)",
+                    {name});
 }
 
 // A command that is the name of a program, blanks and all, is one word. Any other one is read as the shell reads it, so
 // that it can hold options.
-void RunOwnEditor(const std::string& command, const std::string& name) {
+int RunOwnEditor(const std::string& command, const std::string& name) {
     std::string text;
     for (std::size_t i = 0; i < command.size(); ++i) {
         const bool doubled = command.compare(i, 2, "\\\\") == 0;
@@ -104,23 +134,27 @@ void RunOwnEditor(const std::string& command, const std::string& name) {
         if (doubled) ++i;
     }
     if (text.size() >= 2 && text.front() == '"' && text.back() == '"') text = text.substr(1, text.size() - 2);
-    RunShell(R"(if command -v "$1" >/dev/null 2>&1; then "$1" "$2"; else eval "$1 \"\$2\""; fi)", {text, name});
+    return RunShell(R"(if command -v "$1" >/dev/null 2>&1; then "$1" "$2"; else eval "$1 \"\$2\""; fi)", {text, name});
+}
+
+// What the user is told; nothing where something was started.
+std::optional<std::string> Told(int failure) {
+    if (failure == 0) return std::nullopt;
+    return std::system_category().message(failure);
 }
 
 } // namespace
 
-void RunEditor(const std::string& command, const std::string& file) {
+std::optional<std::string> RunEditor(const std::string& command, const std::string& file) {
     const std::string own = UpToZero(command);
-    if (own.empty() || own == DefaultEditor)
-        RunDefaultEditor(PlainName(file));
-    else
-        RunOwnEditor(own, PlainName(file));
+    const bool isDefault = own.empty() || own == DefaultEditor;
+    return Told(isDefault ? RunDefaultEditor(PlainName(file)) : RunOwnEditor(own, PlainName(file)));
 }
 
-void ListFolder(const std::string& folder) {
+std::optional<std::string> ListFolder(const std::string& folder) {
     std::vector<std::string> parameters;
     if (!UpToZero(folder).empty()) parameters.push_back(PlainName(folder));
-    RunShell(R"(if command -v dir >/dev/null 2>&1; then dir "$@"; else ls "$@"; fi)", parameters);
+    return Told(RunShell(R"(if command -v dir >/dev/null 2>&1; then dir "$@"; else ls "$@"; fi)", parameters));
 }
 
 } // namespace tolvane::platform

@@ -44,7 +44,8 @@ void WriteLast(std::string_view bytes) {
 } // namespace
 
 void OpenStandardFiles() {
-    std::signal(SIGPIPE, SIG_IGN);
+    for (const int signal : {SIGPIPE, SIGXFSZ}) // a write that fails says so
+        std::signal(signal, SIG_IGN);
     // A file that is opened later must not get the number of a closed standard file.
     outputIsClosed = fcntl(STDOUT_FILENO, F_GETFD) < 0;
     int file = STDIN_FILENO;

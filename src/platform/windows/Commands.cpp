@@ -40,7 +40,8 @@ std::wstring Quoted(std::wstring_view word) {
     return text.append(backslashes, L'\\') + L"\"";
 }
 
-// Starts a program and waits for its end. An empty name is the first word of the command line.
+// Starts a program and waits for its end. An empty name is the first word of the command line. False, with the system's
+// number for the error, if it does not start.
 bool RunAndWait(const std::wstring& program, std::wstring commandLine) {
     console::Flush();
     const signals::Elsewhere elsewhere;
@@ -63,11 +64,14 @@ std::wstring SystemProgram(const wchar_t* name) {
 
 // A command as the command processor reads it, with "!TOLVANE_NAME!" in the place of the name: it finds the name in a
 // variable, so that it never takes a character of it for a part of the command.
-void RunCommandProcessor(const std::wstring& command, const std::wstring& name) {
+bool RunCommandProcessor(const std::wstring& command, const std::wstring& name) {
     constexpr const wchar_t* variable = L"TOLVANE_NAME";
     SetEnvironmentVariableW(variable, name.empty() ? nullptr : name.c_str());
-    RunAndWait(SystemProgram(L"cmd.exe"), L"cmd.exe /d /v:on /s /c \"" + command + L"\"");
+    const bool good = RunAndWait(SystemProgram(L"cmd.exe"), L"cmd.exe /d /v:on /s /c \"" + command + L"\"");
+    const DWORD failure = GetLastError();
     SetEnvironmentVariableW(variable, nullptr);
+    SetLastError(failure);
+    return good;
 }
 
 std::wstring Setting(const wchar_t* variable) {
@@ -80,14 +84,26 @@ bool IsDialogue() {
     return GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != 0 && console::OutputIsTerminal();
 }
 
-void PrintFile(const std::string& file) {
+bool PrintFile(const std::string& file) {
     console::Flush();
     if (const auto bytes = ReadFile(UpToZero(file))) console::WriteOutput(*bytes);
+    return true;
+}
+
+// The editor of the user's environment, or the system's; without a terminal the file is printed.
+bool RunDefaultEditor(const std::string& file) {
+    if (!IsDialogue()) return PrintFile(file);
+    const std::wstring name = Quoted(PlainName(file));
+    for (const wchar_t* variable : {L"VISUAL", L"EDITOR"}) {
+        const std::wstring editor = Setting(variable);
+        if (!editor.empty() && RunAndWait({}, editor + L" " + name)) return true;
+    }
+    return RunAndWait(SystemProgram(L"notepad.exe"), L"notepad.exe " + name);
 }
 
 // A command that is the name of a program, blanks and all, is one word. Any other one can hold options, or be a batch
 // file.
-void RunOwnEditor(const std::string& command, const std::wstring& name) {
+bool RunOwnEditor(const std::string& command, const std::wstring& name) {
     std::wstring text = Wide(command);
     if (text.size() >= 2 && text.front() == L'"' && text.back() == L'"') text = text.substr(1, text.size() - 2);
     for (std::size_t i = text.find(L"\\\\"); i != std::wstring::npos; i = text.find(L"\\\\", i + 1))
@@ -97,27 +113,27 @@ void RunOwnEditor(const std::string& command, const std::wstring& name) {
     });
     const std::wstring suffix = found.substr(std::max<std::size_t>(found.size(), 4) - 4);
     const bool isProgram = CompareStringOrdinal(suffix.c_str(), -1, L".exe", -1, TRUE) == CSTR_EQUAL;
-    if (isProgram && RunAndWait(found, Quoted(found) + L" " + Quoted(name))) return;
-    RunCommandProcessor((found.empty() ? text : L"\"" + found + L"\"") + L" \"!TOLVANE_NAME!\"", name);
+    if (isProgram && RunAndWait(found, Quoted(found) + L" " + Quoted(name))) return true;
+    return RunCommandProcessor((found.empty() ? text : L"\"" + found + L"\"") + L" \"!TOLVANE_NAME!\"", name);
+}
+
+// What the user is told; nothing where something was started.
+std::optional<std::string> Told(bool started) {
+    if (started) return std::nullopt;
+    return SystemMessage(GetLastError());
 }
 
 } // namespace
 
-void RunEditor(const std::string& command, const std::string& file) {
+std::optional<std::string> RunEditor(const std::string& command, const std::string& file) {
     const std::string own = UpToZero(command);
-    const std::wstring name = PlainName(file);
-    if (!own.empty() && own != DefaultEditor) return RunOwnEditor(own, name);
-    if (!IsDialogue()) return PrintFile(file);
-    for (const wchar_t* variable : {L"VISUAL", L"EDITOR"}) {
-        const std::wstring editor = Setting(variable);
-        if (!editor.empty() && RunAndWait({}, editor + L" " + Quoted(name))) return;
-    }
-    RunAndWait(SystemProgram(L"notepad.exe"), L"notepad.exe " + Quoted(name));
+    const bool isDefault = own.empty() || own == DefaultEditor;
+    return Told(isDefault ? RunDefaultEditor(file) : RunOwnEditor(own, PlainName(file)));
 }
 
-void ListFolder(const std::string& folder) {
+std::optional<std::string> ListFolder(const std::string& folder) {
     const std::wstring name = PlainName(folder);
-    RunCommandProcessor(name.empty() ? L"dir" : L"dir \"!TOLVANE_NAME!\"", name);
+    return Told(RunCommandProcessor(name.empty() ? L"dir" : L"dir \"!TOLVANE_NAME!\"", name));
 }
 
 } // namespace tolvane::platform

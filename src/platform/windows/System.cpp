@@ -26,17 +26,4 @@ std::string SystemMessage(DWORD number) {
     return FromWide(text.substr(0, end + 1));
 }
 
-std::string ResolvedName(const std::string& name) {
-    constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const DWORD attributes = GetFileAttributesW(Wide(name).c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return name;
-    const HANDLE file = CreateFileW(Wide(name).c_str(), 0, shared, nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return name;
-    const std::wstring path = SystemText([&](wchar_t* room, DWORD length) {
-        return GetFinalPathNameByHandleW(file, room, length, FILE_NAME_NORMALIZED);
-    });
-    CloseHandle(file);
-    return path.empty() ? name : FromWide(path);
-}
-
 } // namespace tolvane::platform

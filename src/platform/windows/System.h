@@ -20,8 +20,6 @@ std::string FromWide(std::wstring_view wide);
 inline constexpr DWORD DirectoryNotSupported = 336;
 // The system's message for the number of an error.
 std::string SystemMessage(DWORD number);
-// The file that a name stands for, behind symbolic links; the name itself where nothing is there yet.
-std::string ResolvedName(const std::string& name);
 // The text that a function of the system writes into a room of a length. The function gives the length of the text, or
 // of the room that it needs.
 template <class Function> std::wstring SystemText(Function write) {
