@@ -25,8 +25,8 @@ constexpr std::size_t AnswerLimit = 40;
 constexpr int StoppedStatus = 130; // as the shell tells a program that Ctrl+C has ended
 
 // There is nobody left to tell anything but here.
-[[noreturn]] void EndWithoutOutput(const char* why) {
-    console::WriteError(TextOf(DriverMsg.OutputLost, {why}));
+[[noreturn]] void EndWithoutOutput(const console::Loss& loss) {
+    console::WriteError(TextOf(DriverMsg.OutputLost, {Utf8Arg{loss.why}}));
     std::_Exit(EXIT_FAILURE);
 }
 

@@ -69,19 +69,6 @@ void OrdinalStr(std::string& out, long long n) {
     out += n == 1 ? "st" : n == 2 ? "nd" : n == 3 ? "rd" : "th";
 }
 
-// Text of a source or a name, which must not move the cursor of a terminal or worse. A tab may.
-void AppendVisibly(std::string& out, std::string_view text) {
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if ((byte >= 0x20 && byte != 0x7F) || c == '\t') {
-            out += c;
-        } else {
-            out += '^';
-            out += static_cast<char>(byte ^ 0x40);
-        }
-    }
-}
-
 void AppendArg(std::string& out, const KeptArg& arg, std::string_view form, const Filling& f) {
     if (form == "o") return OrdinalStr(out, arg.number);
     if (form == "x") return AppendHex(out, arg.number, 1);
@@ -157,6 +144,18 @@ Arg::Arg(ViewA shiftJis) : text(Utf8From932(shiftJis)) {}
 
 const char* SeverityPrefix(Severity severity, int lang) {
     return Prefixes[static_cast<int>(severity)][lang == 0 ? 0 : 1];
+}
+
+void AppendVisibly(std::string& out, std::string_view text) {
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if ((byte >= 0x20 && byte != 0x7F) || c == '\t') {
+            out += c;
+        } else {
+            out += '^';
+            out += static_cast<char>(byte ^ 0x40);
+        }
+    }
 }
 
 std::string_view TakeLine(std::string_view& text) {

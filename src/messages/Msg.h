@@ -136,6 +136,9 @@ struct Filling {
     bool forTerminal = false; // control characters of texts are shown as "^X"
     bool headless = false;    // without heads: of them the constant's number alone is left
 };
+// Appends a text of a source or a name, which must not move the cursor of a terminal or worse: control characters but
+// the tab as "^X".
+void AppendVisibly(std::string& out, std::string_view text);
 // Takes the first console line, without its line break, off a row's text.
 std::string_view TakeLine(std::string_view& text);
 // Appends the text with its tags filled in, as UTF-8. An argument that is not given leaves its tag empty.

@@ -21,16 +21,17 @@ public:
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 
-    std::string* instead = nullptr;          // where the text goes that the console does not show
-    void (*lost)(const char* why) = nullptr; // what is told when it cannot be shown
+    std::string* instead = nullptr;           // where the text goes that the console does not show
+    void (*lost)(const Loss& loss) = nullptr; // what is told when it cannot be shown
+    bool errorLost = false;
 
     void Append(std::string_view bytes) {
         pending += bytes;
         if (pending.size() >= LargeOutput) Flush();
     }
     void Flush() {
-        const auto why = WriteOutput(pending);
-        if (why && lost != nullptr) lost(why->c_str());
+        const auto loss = WriteOutput(pending);
+        if (loss && lost != nullptr) lost(*loss);
         pending.clear();
         signals::EndIfAsked();
     }
@@ -116,7 +117,7 @@ std::string_view Encoded(const CharacterCode& code, std::string_view utf8, std::
 
 } // namespace
 
-void Start(void (*lost)(const char* why)) {
+void Start(void (*lost)(const Loss& loss)) {
     TheOutput().lost = lost;
     OpenStandardFiles();
     signals::Install();
@@ -147,7 +148,11 @@ void FlushSoon() {
 
 void WriteError(std::string_view utf8) {
     std::string bytes;
-    WriteErrorOutput(Encoded(ErrorCode(), utf8, bytes));
+    if (WriteErrorOutput(Encoded(ErrorCode(), utf8, bytes))) TheOutput().errorLost = true;
+}
+
+bool IsErrorLost() {
+    return TheOutput().errorLost;
 }
 
 void WriteTo(std::string* text) {

@@ -9,9 +9,14 @@
 
 namespace tolvane::console {
 
+// Why a standard file takes no more.
+struct Loss {
+    std::string why;         // the system's words
+    bool readerGone = false; // the reader of a pipe has all it wanted
+};
 // Takes care that no output is lost: from now on the buffer is written out before a signal ends the program, and `lost`
-// is told the system's reason when the standard output takes no more, because its reader has gone or its disk is full.
-void Start(void (*lost)(const char* why));
+// is told when the standard output takes no more.
+void Start(void (*lost)(const Loss& loss));
 
 // Appends to the buffer, which is written out before a read, at Flush, at exit and when it is large.
 void Write(std::string_view utf8);
@@ -20,6 +25,8 @@ void Flush();
 void FlushSoon();
 // Goes to the standard error at once.
 void WriteError(std::string_view utf8);
+// Whether something of it has been lost.
+bool IsErrorLost();
 // From now on what is written is appended to `text` as UTF-8; null: it goes to the standard output again.
 void WriteTo(std::string* text);
 

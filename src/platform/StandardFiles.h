@@ -2,6 +2,7 @@
 // The standard files as the system has them. For the console of this room only.
 
 #include "platform/CharacterCode.h"
+#include "platform/Console.h"
 
 #include <cstddef>
 #include <optional>
@@ -21,9 +22,9 @@ const CharacterCode& TextFileCode();
 
 // Reads up to `size` bytes, at least one; 0 at the end of the input, and when a signal stops the program that reads.
 std::size_t ReadInput(char* bytes, std::size_t size);
-// Writes all bytes; the system's reason where that is not possible, else nothing.
-std::optional<std::string> WriteOutput(std::string_view bytes);
-void WriteErrorOutput(std::string_view bytes);
+// Write all bytes; nothing, or why that is not possible.
+std::optional<Loss> WriteOutput(std::string_view bytes);
+std::optional<Loss> WriteErrorOutput(std::string_view bytes);
 
 bool OutputIsTerminal();
 bool ErrorIsTerminal();

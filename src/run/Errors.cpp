@@ -19,7 +19,12 @@ std::string pending;
 } // namespace
 
 void WriteErr(std::string_view utf8) {
-    pending += utf8;
+    while (!utf8.empty()) {
+        const std::size_t end = std::min(utf8.find('\n'), utf8.size());
+        AppendVisibly(pending, utf8.substr(0, end));
+        if (end < utf8.size()) pending += '\n';
+        utf8.remove_prefix(std::min(end + 1, utf8.size()));
+    }
     if (pending.size() >= LargeOutput) FlushErr();
 }
 
@@ -33,7 +38,7 @@ std::vector<std::string> TextLines(const MsgRec& record) {
     const Wording wording = modeFlags->Pipe->wording;
     std::string text;
     Compose(text, record.row->For(lang, wording),
-            {lang, wording, record.severity, record.place, record.args, console::IsErrorTerminal(), true});
+            {lang, wording, record.severity, record.place, record.args, false, true});
     std::vector<std::string> lines;
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t end = std::min(text.find('\n', begin), text.size());

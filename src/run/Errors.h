@@ -12,7 +12,8 @@
 
 namespace tolvane::run {
 
-// Appends to the buffer of the standard error, which is written out when it is large.
+// Appends to the buffer of the standard error, which is written out when it is large. Control characters are shown as
+// "^X": the lines may reach a terminal, now or later.
 void WriteErr(std::string_view utf8);
 void FlushErr();
 

@@ -2,6 +2,7 @@
 
 #include "messages/TMsgBase.h"
 #include "platform/Console.h"
+#include "run/Errors.h"
 #include "run/Options.h"
 #include "run/RunMsgs.h"
 #include "text/Text.h"
@@ -129,7 +130,7 @@ int Explain(const std::string& words) {
         std::erase_if(found, [most](const Found& each) { return each.score / ScoreOfWord < most; });
     }
     if (found.empty()) {
-        console::WriteError(TextOf(RunMsg.NothingExplained, {Utf8Arg{words}}));
+        WriteErr(TextOf(RunMsg.NothingExplained, {Utf8Arg{words}}));
         return NothingFound;
     }
     const auto isBest = [&found](std::size_t i) { return i < found.size() && found[i].score == found[0].score; };

@@ -232,7 +232,9 @@ Verdict GradeCase(Grader& grader, const Case& aCase) {
 
     if (stop != Stop::None && stop != Stop::End) {
         SayStop(grader, image, aCase, stop, firstRecord);
-        return {false, stop == Stop::LimitReached ? LimitWasReached : stop == Stop::Interrupted ? CtrlC : MachineStopped};
+        return {false, stop == Stop::LimitReached  ? LimitWasReached
+                       : stop == Stop::Interrupted ? CtrlC
+                                                   : MachineStopped};
     }
     const bool same = traffic.printed == aCase.expected;
     const bool tooManyLooks = conduct.looked.size() > rules.mostLooks;
@@ -263,7 +265,7 @@ int Grade(const Options& options, const std::string& told, const std::string& so
     const std::vector<Case> cases = ReadCases(*options.grade);
     if (cases.empty()) {
         const std::string why = TextOf(GradeMsg.NoCases, {Utf8Arg{*options.grade}});
-        console::WriteError(TextOf(RunMsg.UseError, {Utf8Arg{why}}));
+        WriteErr(TextOf(RunMsg.UseError, {Utf8Arg{why}}));
         return WrongUse;
     }
     Grader grader{ReadRules(*options.grade), 0, {}};

@@ -3,6 +3,7 @@
 #include "messages/TMsgBase.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
+#include "run/Errors.h"
 #include "run/Inputs.h"
 #include "run/RunMsgs.h"
 
@@ -124,7 +125,7 @@ int LanguageOfLocale() {
 
 std::nullopt_t Wrong(int& status, const Msg& msg, Args args = {}) {
     const std::string what = TextOf(msg, args);
-    console::WriteError(TextOf(RunMsg.UseError, {Utf8Arg{what}}));
+    WriteErr(TextOf(RunMsg.UseError, {Utf8Arg{what}}));
     status = WrongUse;
     return std::nullopt;
 }

@@ -76,6 +76,11 @@ struct RunCatalogue {
     Msg AlsoExplained{"\nThese fit, too; give more of their words:\n", "\nほかの候補（言葉を足すと絞り込める）:\n"};
     Msg MoreExplained{"  and {0} more\n", "  ほか {0} 件\n"};
 
+    // About the code of a source
+    Msg MaybeUtf8{"The source was read as Shift_JIS, but its bytes are UTF-8 as well. If its Japanese is UTF-8, save it with "
+                  "a mark (BOM).",
+                  "ソースを Shift_JIS として読んだが、UTF-8 としても読める。UTF-8 で書いたのなら BOM を付けて保存すること。"};
+
     // The ends of a run that are not the machine's. {0} the limit
     Msg LimitReached{"The limit of {0} instructions was reached.", "命令数の上限 {0} に達した。"};
     Msg Interrupted{"The program was stopped by Ctrl+C.", "Ctrl+C により実行を中断した。"};

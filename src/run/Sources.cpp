@@ -2,6 +2,7 @@
 
 #include "image/Listing.h"
 #include "input/Readers.h"
+#include "input/TMoziCode.h"
 #include "machine/Tcomet2.h"
 #include "platform/Console.h"
 #include "records/Records.h"
@@ -12,6 +13,7 @@
 #include "run/RunMsgs.h"
 #include "run/Running.h"
 #include "stages/Stages.h"
+#include "text/Convert.h"
 
 #include <algorithm>
 #include <set>
@@ -33,9 +35,16 @@ void PrintRecords(const std::string& file) {
     }
 }
 
+// A few Japanese characters in UTF-8 are Shift_JIS as well, as which they are then read.
+bool MayBeUtf8(const std::string& source) {
+    const bool asShiftJis = modeFlags->Pipe->reader != Reader::Array && moziCode->CodePage == 932;
+    return asShiftJis && !IsAscii(ViewA(source)) && WideUtf8(source);
+}
+
 int AssembleAndRun(const Options& options, const std::string& file, const std::string& source) {
     const std::string told = Told(file);
     const bool assembled = Assemble(options, told, source);
+    if (MayBeUtf8(source)) PrintDiagnostic(told, -1, Severity::Note, {TextOf(RunMsg.MaybeUtf8)});
     PrintRecords(told);
     if (!assembled) {
         if (store->Records.empty()) PrintDiagnostic(told, -1, Severity::Error, {TextOf(RunMsg.NotAssembled)});

@@ -20,9 +20,9 @@ namespace tolvane::run {
 
 namespace {
 
-[[noreturn]] void EndWithoutOutput(const char* why) {
+[[noreturn]] void EndWithoutOutput(const console::Loss& loss) {
+    if (!loss.readerGone) WriteErr(TextOf(RunMsg.OutputLost, {Utf8Arg{loss.why}}));
     FlushErr();
-    console::WriteError(TextOf(RunMsg.OutputLost, {why}));
     std::_Exit(WrongUse);
 }
 
@@ -53,7 +53,8 @@ int Run(int argc, char** argv) {
         }
     }
     console::Flush();
-    return status;
+    FlushErr();
+    return console::IsErrorLost() ? std::max<int>(status, WrongUse) : status;
 }
 
 int Main(int argc, char** argv) {

@@ -28,6 +28,10 @@ bool WaitFor(int file, short event, int milliseconds) {
     return poll(&waiting, 1, milliseconds) > 0;
 }
 
+Loss LossOf(int number) {
+    return {std::strerror(number), number == EPIPE};
+}
+
 // The last bytes of a program that a signal ends: as many of them as the reader takes without making it wait.
 void WriteLast(std::string_view bytes) {
     constexpr std::size_t alwaysFits = 512; // into a pipe that takes anything
@@ -82,8 +86,8 @@ std::size_t ReadInput(char* bytes, std::size_t size) {
     }
 }
 
-std::optional<std::string> WriteOutput(std::string_view bytes) {
-    if (outputIsClosed && !bytes.empty()) return std::strerror(EBADF);
+std::optional<Loss> WriteOutput(std::string_view bytes) {
+    if (outputIsClosed && !bytes.empty()) return LossOf(EBADF);
     while (!bytes.empty()) {
         if (signals::EndAsked()) {
             WriteLast(bytes);
@@ -95,17 +99,18 @@ std::optional<std::string> WriteOutput(std::string_view bytes) {
         else if (written < 0 && errno == EAGAIN)
             WaitFor(STDOUT_FILENO, POLLOUT, -1);
         else if (written == 0 || errno != EINTR)
-            return std::strerror(errno);
+            return LossOf(errno);
     }
     return std::nullopt;
 }
 
-void WriteErrorOutput(std::string_view bytes) {
+std::optional<Loss> WriteErrorOutput(std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = write(STDERR_FILENO, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) return;
+        if (written < 0 && errno != EINTR) return LossOf(errno);
         if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
     }
+    return std::nullopt;
 }
 
 bool OutputIsTerminal() {

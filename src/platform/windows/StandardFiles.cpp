@@ -91,25 +91,29 @@ template <UINT (*Page)()> const CharacterCode& CodeOf(DWORD which) {
     return locale != nullptr ? *locale : CodeOfPage<Page>();
 }
 
-std::optional<std::string> WriteToConsole(HANDLE console, std::string_view utf8) {
+Loss LossOf(DWORD number) {
+    return {SystemMessage(number), number == ERROR_NO_DATA || number == ERROR_BROKEN_PIPE};
+}
+
+std::optional<Loss> WriteToConsole(HANDLE console, std::string_view utf8) {
     constexpr std::size_t mostAtOnce = 8192;
     const std::wstring text = Wide(utf8);
     for (std::wstring_view rest = text; !rest.empty();) {
         DWORD written = 0;
         const DWORD length = static_cast<DWORD>(std::min(rest.size(), mostAtOnce));
-        if (WriteConsoleW(console, rest.data(), length, &written, nullptr) == 0) return SystemMessage(GetLastError());
+        if (WriteConsoleW(console, rest.data(), length, &written, nullptr) == 0) return LossOf(GetLastError());
         rest.remove_prefix(written);
     }
     return std::nullopt;
 }
 
-std::optional<std::string> WriteTo(DWORD which, std::string_view bytes) {
+std::optional<Loss> WriteTo(DWORD which, std::string_view bytes) {
     const HANDLE file = GetStdHandle(which);
     if (bytes.empty()) return std::nullopt;
-    if (file == nullptr || file == INVALID_HANDLE_VALUE) return SystemMessage(ERROR_INVALID_HANDLE);
+    if (file == nullptr || file == INVALID_HANDLE_VALUE) return LossOf(ERROR_INVALID_HANDLE);
     if (IsConsole(which)) return WriteToConsole(file, bytes);
     if (platform::WriteBytes(reinterpret_cast<platform::FileNumber>(file), bytes)) return std::nullopt;
-    return SystemMessage(GetLastError());
+    return LossOf(GetLastError());
 }
 
 // Reads a part of a line that is typed, as UTF-8. Ctrl + Z at its beginning is the end of the input.
@@ -183,12 +187,12 @@ std::size_t ReadInput(char* bytes, std::size_t size) {
     }
 }
 
-std::optional<std::string> WriteOutput(std::string_view bytes) {
+std::optional<Loss> WriteOutput(std::string_view bytes) {
     return WriteTo(STD_OUTPUT_HANDLE, bytes);
 }
 
-void WriteErrorOutput(std::string_view bytes) {
-    WriteTo(STD_ERROR_HANDLE, bytes);
+std::optional<Loss> WriteErrorOutput(std::string_view bytes) {
+    return WriteTo(STD_ERROR_HANDLE, bytes);
 }
 
 bool OutputIsTerminal() {
