@@ -9,6 +9,7 @@
 
 #include <map>
 #include <stdexcept>
+#include <utility>
 
 namespace tolvane {
 
@@ -31,18 +32,20 @@ template <class Ch> std::vector<int> Addresses() {
 }
 
 // The OS in a run: what it says of an SVC becomes a diagnostic.
-void WriteOut(void* out, const std::string& line) {
-    *static_cast<std::string*>(out) += line;
+void WriteOut(void* assembly, const std::string& line) {
+    static_cast<Assembly*>(assembly)->out += line;
 }
-std::optional<MachineIo::Line> NoInput(void*, std::size_t) {
-    return std::nullopt;
+std::optional<MachineIo::Line> ReadOnce(void* assembly, std::size_t) {
+    const std::string line = std::exchange(static_cast<Assembly*>(assembly)->input, {});
+    if (line.empty()) return std::nullopt;
+    return MachineIo::Line{line, line.size()};
 }
 void SayOfService(void*, const Msg& msg, Args args) {
     Tell(Severity::Note, NoLine, msg, args);
 }
 
 void Run(Assembly& result) {
-    const MachineIo io{WriteOut, NoInput, SayOfService, &result.out};
+    const MachineIo io{WriteOut, ReadOnce, SayOfService, &result};
     comet2->Io = &io;
     result.stop = comet2->RunLimited(RunLimit);
     comet2->Io = &DialogueIo;
@@ -77,9 +80,11 @@ const Names& AllNames() {
 
 } // namespace
 
-Assembly Assemble(const std::vector<std::string>& lines, const Pipeline& pipeline, int language, Then then) {
+Assembly Assemble(const std::vector<std::string>& lines, const Pipeline& pipeline, int language, Then then,
+                  const std::string& input) {
     const TModeFlags before = *modeFlags;
     Assembly result;
+    result.input = input;
     TMsgBase game;
     console::WriteTo(&result.printed);
     BeginAssembly(game, pipeline, language);

@@ -22,7 +22,8 @@ struct Assembly {
     std::vector<int> registers;    // GR0 to GR7 behind a run
     std::string flags;             // " OF", " SF", " ZF" behind a run, those that are on
     Stop stop = Stop::None;        // why the run has ended
-    std::string out;               // what OUT has written; IN finds no input
+    std::string out;               // what OUT has written
+    std::string input;             // what is left of it
     std::string printed;           // on the console
     std::vector<Strings> lines;    // of each diagnostic, as the console shows it in the language
     bool composes = true;          // every diagnostic has text in both languages
@@ -31,9 +32,10 @@ struct Assembly {
 enum class Then { Nothing, Run };
 inline constexpr int RunLimit = 1'000'000; // instructions
 
-// Lines are UTF-8; language 0 is Japanese. With Then::Run a good image is run, as far as RunLimit.
+// Lines are UTF-8; language 0 is Japanese. With Then::Run a good image is run, as far as RunLimit; its first IN reads the
+// input if there is any.
 Assembly Assemble(const std::vector<std::string>& lines, const Pipeline& pipeline, int language,
-                  Then then = Then::Nothing);
+                  Then then = Then::Nothing, const std::string& input = {});
 
 // "RegisterMsg.NoRegister": the catalogue and the row.
 std::string NameOf(const Msg& row);

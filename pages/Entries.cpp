@@ -3,13 +3,16 @@
 #include "Assemble.h"
 #include "PageWords.h"
 #include "messages/Pipeline.h"
+#include "records/OpcodeHelp.h"
 #include "run/RunMsgs.h"
 #include "text/Text.h"
 
 #include <algorithm>
+#include <climits>
 #include <fstream>
 #include <map>
 #include <numeric>
+#include <optional>
 #include <set>
 #include <stdexcept>
 #include <tuple>
@@ -201,14 +204,35 @@ std::string OtherWordings(const Msg& row, int language, Wording shown) {
     return text;
 }
 
-Entry EntryOf(const Msg& row, const Example& example, const std::vector<const Case*>& sound) {
+// What is wrong with a program that is shown as sound: it must assemble without a word and run to its end.
+std::string FaultOf(const Strings& source, const char* pipeline) {
+    const Assembly a = Assemble(source, *FindPipeline(pipeline), 1, Then::Run);
+    if (!a.lines.empty()) return Joined(a.lines[0]);
+    return a.good && (a.stop == Stop::End || a.stop == Stop::None) ? "" : "does not run to its end";
+}
+
+void AddSound(Entry& entry, const Example& example, const Notes& notes, const std::vector<const Case*>& sound) {
+    if (!notes.sound.empty()) {
+        const std::string text = Joined(notes.sound);
+        entry.pieces.push_back(
+            {Piece::Kind::Source, InBoth(words::SoundSource), {text, text}, notes.marked, true});
+    } else if (const std::string twin = SoundTwin(example, sound); !twin.empty()) {
+        entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Sound), {twin, twin}});
+    }
+}
+
+Entry EntryOf(const Msg& row, const Example& example, const std::vector<const Case*>& sound, const Notes& notes) {
     const Wording wording = FindPipeline(example.pipeline)->wording;
     const auto words = [&](int language) { return TitleOf(WordsOf(row.For(language, wording))); };
     const bool ofRun = NameOf(row).starts_with("MachineMsg.") && example.severity == Severity::Error;
-    Entry entry{&row, NameOf(row), InBoth(words), {}, {}, {}, {}};
+    Entry entry;
+    entry.id = NameOf(row);
+    entry.rows = {entry.id};
+    entry.title = InBoth(words);
     entry.severity = InBoth(ofRun ? words::Stop : words::Severities[static_cast<int>(example.severity)]);
 
-    entry.pieces.push_back({Piece::Kind::Text, {}, {example.c->rule.at(1), example.c->rule.at(0)}});
+    const Pair rule = {example.c->rule.at(1), example.c->rule.at(0)};
+    entry.pieces.push_back({Piece::Kind::Text, {}, notes.rule[0].empty() ? rule : notes.rule});
     const bool inWP = std::string(example.pipeline) == "WP";
     const auto heading = [&](int l) {
         return inWP ? words::Example[l]
@@ -220,18 +244,73 @@ Entry EntryOf(const Msg& row, const Example& example, const std::vector<const Ca
     entry.pieces.push_back({Piece::Kind::Source, InBoth(heading), {source, source}, cut ? -1 : example.line});
     entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Output), InBoth(said)});
     if (!example.shownByConsole) entry.pieces.push_back({Piece::Kind::Text, {}, InBoth(words::NotShown)});
-    if (const std::string twin = SoundTwin(example, sound); !twin.empty())
-        entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Sound), {twin, twin}});
+    AddSound(entry, example, notes, sound);
     const Pair others = InBoth([&](int language) { return OtherWordings(row, language, wording); });
     if (!Cat(others[0], others[1]).empty()) entry.pieces.push_back({Piece::Kind::Text, InBoth(words::Others), others});
     entry.sample = TrimZenBlankUtf8(Split(Unescaped(example.c->source[0]), '\n').at(0));
     return entry;
 }
 
+void PutInPlace(Entry& entry, const Guide& guide, const Notes& notes) {
+    entry.place = notes.place;
+    entry.subject = guide.subjects.at(notes.subject).title;
+    entry.keys += notes.keys;
+}
+
+// The notes of a row; those of the last subject if there are none.
+Notes NotesOf(const Guide& guide, const std::string& name) {
+    const auto found = guide.notes.find(name);
+    return found != guide.notes.end() ? found->second : Notes{INT_MAX, guide.subjects.size() - 1, {}, {}, {}, {}, -1};
+}
+
 } // namespace
 
-std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books) {
+Guide ReadGuide(const std::filesystem::path& file) {
+    Guide guide;
+    Strings names;
+    Notes notes;
+    const auto keep = [&] {
+        for (const std::string& name : names)
+            if (!guide.notes.emplace(name, notes).second) throw std::runtime_error(name + " stands twice in the notes");
+        notes = {notes.place + 1, guide.subjects.size() - 1, {}, {}, {}, {}, -1};
+        names.clear();
+    };
+    std::ifstream in(file);
+    for (std::string line; std::getline(in, line);) {
+        const std::string rest = line.substr(std::min<std::size_t>(2, line.size()));
+        if (line.starts_with("= ") || line.starts_with(":: ")) keep();
+        if (line.starts_with(":: ")) {
+            guide.subjects.push_back({line.substr(3), {}});
+            std::getline(in, guide.subjects.back().title[1]);
+            std::getline(in, guide.subjects.back().title[0]);
+        } else if (line.starts_with("= ")) {
+            notes.subject = guide.subjects.size() - 1;
+            names = Split(rest, ' ');
+        } else if (line.starts_with("+ ")) {
+            notes.keys += rest + " ";
+        } else if (line.starts_with("? ")) {
+            notes.shown = rest;
+        } else if (line.starts_with("> ")) {
+            notes.rule[1] = rest;
+            std::getline(in, line);
+            notes.rule[0] = line.substr(2);
+        } else if (line == "sound") {
+            for (std::string code; std::getline(in, code) && !code.empty(); notes.sound.push_back(code)) {
+                if (!code.starts_with("* ")) continue;
+                notes.marked = static_cast<int>(notes.sound.size());
+                code.erase(0, 2);
+            }
+        } else if (!line.empty() && line[0] != '#') {
+            throw std::runtime_error(file.string() + ": " + line);
+        }
+    }
+    keep();
+    return guide;
+}
+
+std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books, const Guide& guide, Strings& wrong) {
     std::map<const Msg*, std::vector<Example>> examples;
+    std::map<const Msg*, Example> wanted;
     std::map<std::string, std::vector<const Case*>> sound;
     for (const char* pipeline : PipelineOrder) {
         std::map<const Msg*, std::vector<Example>> found;
@@ -244,16 +323,29 @@ std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books) {
                 std::set<const Msg*> rows;
                 for (const MsgRec& record : a.said)
                     rows.insert(record.row);
-                for (const Msg* row : rows)
-                    if (!examples.contains(row)) found[row].push_back(ExampleOf(row, c, pipeline, a, rows.size()));
+                for (const Msg* row : rows) {
+                    const Example example = ExampleOf(row, c, pipeline, a, rows.size());
+                    if (TrimZenBlankUtf8(c.source[0]) == NotesOf(guide, NameOf(*row)).shown) wanted.emplace(row, example);
+                    if (!examples.contains(row)) found[row].push_back(example);
+                }
             }
         examples.merge(found);
     }
     std::vector<Entry> entries;
     std::array<std::map<std::string, int>, 2> titles;
-    for (const Msg* row : AllRows())
-        if (const auto at = examples.find(row); at != examples.end())
-            entries.push_back(EntryOf(*row, BestOf(at->second), sound[at->second.front().pipeline]));
+    for (const Msg* row : AllRows()) {
+        const auto at = examples.find(row);
+        if (at == examples.end()) continue;
+        const Notes notes = NotesOf(guide, NameOf(*row));
+        const auto shown = wanted.find(row);
+        if (!notes.shown.empty() && shown == wanted.end()) wrong.push_back(NameOf(*row) + ": no case " + notes.shown);
+        const Example& example = shown != wanted.end() ? shown->second : BestOf(at->second);
+        if (!notes.sound.empty())
+            if (const std::string fault = FaultOf(notes.sound, example.pipeline); !fault.empty())
+                wrong.push_back(Cat(NameOf(*row), ": what is shown as sound is not: ", fault));
+        entries.push_back(EntryOf(*row, example, sound[example.pipeline], notes));
+        PutInPlace(entries.back(), guide, notes);
+    }
     // Titles that several rows have are told apart by the faulty lines.
     for (const std::size_t l : {0U, 1U}) {
         for (const Entry& entry : entries)
@@ -269,9 +361,9 @@ std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books) {
 namespace {
 
 // What is said of a source and what is left behind its run.
-Pair Happened(const Strings& source) {
+Pair Happened(const Strings& source, const std::string& input) {
     return InBoth([&](int l) {
-        const Assembly a = Assemble(source, *FindPipeline("WP"), l, Then::Run);
+        const Assembly a = Assemble(source, *FindPipeline("WP"), l, Then::Run, input);
         std::string text = Said(a) + a.out;
         const KeptArg limit{{}, true, RunLimit};
         if (a.stop == Stop::LimitReached)
@@ -291,17 +383,20 @@ Pair Happened(const Strings& source) {
 
 } // namespace
 
-std::vector<Entry> EntriesOfFaults(const std::filesystem::path& file) {
+std::vector<Entry> EntriesOfFaults(const std::filesystem::path& file, const Guide& guide) {
     std::vector<Entry> entries;
     std::ifstream in(file);
     std::string japanese;
+    std::string input;
     for (std::string line; std::getline(in, line);) {
         if (line.empty() || line[0] == '#') continue;
         const std::string rest = line.substr(std::min<std::size_t>(2, line.size()));
         if (line.starts_with("= ")) {
-            entries.push_back({});
+            entries.emplace_back();
+            entries.back().kind = explain::Kind::Fault;
             entries.back().id = rest;
             entries.back().severity = InBoth(words::Fault);
+            PutInPlace(entries.back(), guide, NotesOf(guide, rest));
             std::getline(in, entries.back().title[1]);
             std::getline(in, entries.back().title[0]);
             continue;
@@ -310,18 +405,45 @@ std::vector<Entry> EntriesOfFaults(const std::filesystem::path& file) {
         Entry& entry = entries.back();
         if (line.starts_with("+ ")) {
             entry.keys += rest + " ";
+        } else if (line.starts_with("& ")) {
+            entry.rows = Split(rest, ' ');
+        } else if (line.starts_with("< ")) {
+            input = rest;
         } else if (line == "faulty" || line == "sound") {
             Strings source;
             for (std::string code; std::getline(in, code) && !code.empty();)
                 source.push_back(code);
             const std::string text = Joined(source);
             const auto& heading = line == "faulty" ? words::Example : words::SoundSource;
-            entry.pieces.push_back({Piece::Kind::Source, InBoth(heading), {text, text}});
-            entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Result), Happened(source)});
+            entry.pieces.push_back({Piece::Kind::Source, InBoth(heading), {text, text}, -1, line == "sound"});
+            entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Result), Happened(source, input)});
+            input.clear();
         } else {
             std::getline(in, japanese);
             entry.pieces.push_back({Piece::Kind::Text, {}, {japanese, line}});
         }
+    }
+    return entries;
+}
+
+// --- Opcodes
+
+std::vector<Entry> EntriesOfOpcodes(const Guide& guide) {
+    std::vector<Entry> entries;
+    for (const OpcodeHelp& help : help::Table) {
+        Entry entry;
+        entry.kind = explain::Kind::Opcode;
+        entry.id = help.opcode->word;
+        entry.severity = InBoth(words::Instruction);
+        entry.title = InBoth([&](int l) { return Cat(help.opcode->word, words::Colon[l], help.meaning[l]); });
+        const std::string form = Cat(help.opcode->word, " ", help::FormOf(*help.opcode), "\n");
+        entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Form), {form, form}});
+        const std::string example = std::string(help.example) + "\n";
+        entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::OpcodeExample), {example, example}});
+        if (help.flags != nullptr)
+            entry.pieces.push_back({Piece::Kind::Text, InBoth(words::Flags), InBoth(*help.flags)});
+        PutInPlace(entry, guide, NotesOf(guide, entry.id));
+        entries.push_back(entry);
     }
     return entries;
 }

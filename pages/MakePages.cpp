@@ -39,12 +39,25 @@ Strings Faults(const std::vector<Entry>& entries, const fs::path& root) {
     Strings faults;
     for (const Msg* row : AllRows()) {
         const std::string name = NameOf(*row);
-        const bool explained = std::ranges::find(entries, row, &Entry::row) != entries.end();
-        const bool excepted = listed.contains(name) || listed.contains(name.substr(0, name.find('.')) + ".*");
-        if (!explained && !excepted)
+        const auto says = [&name](const Entry& entry) { return std::ranges::find(entry.rows, name) != entry.rows.end(); };
+        const bool explained = std::ranges::any_of(entries, says);
+        const bool shown = std::ranges::find(entries, name, &Entry::id) != entries.end();
+        const bool excepted = listed.contains(name);
+        if (!explained && !excepted && !listed.contains(name.substr(0, name.find('.')) + ".*"))
             faults.push_back(name + " has no example: add a case to tests/books, or a reason to pages/unexplained.txt");
-        if (explained && excepted) faults.push_back(name + " has an example and is no longer excepted");
+        if (shown && excepted) faults.push_back(name + " has an example and is no longer excepted");
     }
+    return faults;
+}
+
+// Entries that the notes do not place, and notes of which no entry is made.
+Strings WithoutPlace(const std::vector<Entry>& entries, const Guide& guide) {
+    Strings faults;
+    for (const Entry& entry : entries)
+        if (!guide.notes.contains(entry.id)) faults.push_back(entry.id + " has no place in pages/rows.txt");
+    for (const auto& [name, notes] : guide.notes)
+        if (std::ranges::find(entries, name, &Entry::id) == entries.end())
+            faults.push_back(name + " of pages/rows.txt has no entry");
     return faults;
 }
 
@@ -93,13 +106,24 @@ std::string Literals(const std::string& japanese, const std::string& english) {
 }
 
 std::string Explanations(const std::vector<Entry>& entries) {
-    std::string text = "// Written by tolvane-pages.\n#include \"run/Explain.h\"\n\n#include \"AllCatalogues.h\"\n\n"
-                       "namespace tolvane::run {\nstatic constexpr Explanation all[] = {\n";
-    for (const Entry& entry : entries)
-        text += Cat("   {", entry.row != nullptr ? Cat("&", entry.id) : "nullptr", ", ", Literal(entry.keys), ",\n   ",
-                    Literals(entry.title[0], entry.title[1]), ",\n   ",
-                    Literals(PlainText(entry, 0), PlainText(entry, 1)), "},\n");
-    return text + "};\nconstinit const std::span<const Explanation> Explanations = all;\n}\n";
+    constexpr const char* kinds[] = {"Diagnostic", "Fault", "Opcode"};
+    std::string text = "// Written by tolvane-pages.\n#include \"explain/Explanations.h\"\n\n#include "
+                       "\"AllCatalogues.h\"\n\nnamespace tolvane::explain {\n";
+    std::string all;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const Entry& entry = entries[i];
+        std::string rows;
+        for (const std::string& row : entry.rows)
+            rows += "&" + row + ", ";
+        const std::string name = "rows" + std::to_string(i);
+        if (!rows.empty()) text += Cat("static constexpr const Msg* ", name, "[] = {", rows, "};\n");
+        all += Cat("   {Kind::", kinds[static_cast<int>(entry.kind)], ", ", Literal(entry.id), ", ",
+                   rows.empty() ? "{}" : name, ", ", Literal(entry.keys), ",\n   ",
+                   Literals(entry.subject[0], entry.subject[1]), ",\n   ", Literals(entry.title[0], entry.title[1]),
+                   ",\n   ", Literals(PlainText(entry, 0), PlainText(entry, 1)), "},\n");
+    }
+    return Cat(text, "static constexpr Explanation all[] = {\n", all,
+               "};\nconstinit const std::span<const Explanation> Explanations = all;\n}\n");
 }
 
 // --- HTML
@@ -158,29 +182,18 @@ std::string Html(const Piece& piece, std::size_t language) {
     return html + (source ? "</pre>\n" : "");
 }
 
-// What a title is sorted by: from its first letter on, in either case.
-std::string SortKey(const std::string& title) {
-    std::string key = title;
-    for (const char* sign : {"“", "…", "”", "\"", "'", "(", " ", "「", "」"})
-        for (std::size_t at = 0; (at = key.find(sign)) != std::string::npos && at == 0;)
-            key.erase(0, std::string_view(sign).size());
-    std::ranges::transform(key, key.begin(),
-                           [](char c) { return 'A' <= c && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
-    return key;
-}
-
-std::string Page(std::vector<Entry> entries, std::size_t language) {
+std::string Page(const std::vector<Entry>& entries, std::size_t language) {
     const auto word = [&](const words::Word& each) { return Escaped(each[language]); };
-    std::ranges::stable_sort(entries, {}, [&](const Entry& e) {
-        return std::pair(e.row != nullptr, e.row == nullptr ? "" : SortKey(e.title[language]));
-    });
     std::string index;
     std::string bodies;
-    std::string faults;
+    std::string subject;
     for (const Entry& entry : entries) {
         const std::string id = Escaped(entry.id);
         const std::string title = Escaped(entry.title[language]);
-        (entry.row == nullptr ? faults : index) += Cat("<li><a href=\"#", id, "\">", title, "</a></li>\n");
+        if (entry.subject[language] != subject)
+            index += Cat(subject.empty() ? "" : "</ul>\n", "<h2>", Escaped(entry.subject[language]), "</h2>\n<ul>\n");
+        subject = entry.subject[language];
+        index += Cat("<li><a href=\"#", id, "\">", title, "</a></li>\n");
         bodies += Cat("<article id=\"", id, "\">\n<p class=\"kind\">", Escaped(entry.severity[language]), "</p>\n<h3>",
                       title, "</h3>\n");
         for (const Piece& piece : entry.pieces)
@@ -191,18 +204,22 @@ std::string Page(std::vector<Entry> entries, std::size_t language) {
                "\">\n<head>\n<meta charset=\"utf-8\">\n"
                "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>",
                word(words::Title), "</title>\n<style>", Style, "</style>\n</head>\n<body id=\"top\">\n<h1>",
-               word(words::Title), "</h1>\n<p>", word(words::Intro), "</p>\n<nav>\n<h2>", word(words::FaultsTitle),
-               "</h2>\n<ul>\n", faults, "</ul>\n<h2>", word(words::Index), "</h2>\n<ul>\n", index,
+               word(words::Title), "</h1>\n<p>", word(words::Intro), "</p>\n<nav>\n", index,
                "</ul>\n</nav>\n<main>\n", bodies, "</main>\n</body>\n</html>\n");
 }
 
 int Make(const fs::path& root, const fs::path& folder) {
-    std::vector<Entry> entries = EntriesOfBooks(ReadBooks(root / "tests/books"));
-    const Strings faults = Faults(entries, root);
+    const Guide guide = ReadGuide(root / "pages/rows.txt");
+    Strings faults;
+    std::vector<Entry> entries = EntriesOfBooks(ReadBooks(root / "tests/books"), guide, faults);
+    std::ranges::move(EntriesOfFaults(root / "pages/faults.txt", guide), std::back_inserter(entries));
+    std::ranges::move(EntriesOfOpcodes(guide), std::back_inserter(entries));
+    std::ranges::move(Faults(entries, root), std::back_inserter(faults));
+    std::ranges::move(WithoutPlace(entries, guide), std::back_inserter(faults));
     for (const std::string& fault : faults)
         std::cerr << fault << "\n";
     if (!faults.empty()) return 1;
-    std::ranges::move(EntriesOfFaults(root / "pages/faults.txt"), std::back_inserter(entries));
+    std::ranges::stable_sort(entries, {}, &Entry::place);
     const auto write = [&folder](const char* name, const std::string& text) {
         std::ofstream out(folder / name, std::ios::binary);
         return static_cast<bool>(out << text << std::flush);

@@ -17,18 +17,22 @@ inline constexpr Word NotShown = {
     "In WP tolvane counts it and shows it only beside an error; tolvane-run shows it."};
 inline constexpr Word Sound = {"正しい行", "Sound"};
 inline constexpr Word SoundSource = {"正しいプログラム", "A sound program"};
-inline constexpr Word Result = {"実行結果", "What happens"};
+inline constexpr Word Instruction = {"命令", "Instruction"};
+inline constexpr Word Colon = {"：", ": "};
+inline constexpr Word Form = {"書式", "Form"};
+inline constexpr Word OpcodeExample = {"例", "Example"};
+inline constexpr Word Flags = {"フラグ", "Flags"};
+inline constexpr Word Result = {"結果", "What happens"};
 inline constexpr Word NothingSaid = {"（メッセージは出ない）", "(nothing is said)"};
 inline constexpr Word Registers = {"実行後のレジスタ:", "Registers after the run:"};
 inline constexpr Word NoRegisters = {" すべて 0", " all 0"};
 inline constexpr Word Others = {"ほかの文面", "Other wordings"};
 inline constexpr Word Title = {"Tolvane のメッセージ", "The messages of Tolvane"};
 inline constexpr Word Intro = {
-    "メッセージごとに、規則、誤りのある例とその表示、正しい書き方を示す。目次はメッセージの言葉の順に並べてある。"
+    "メッセージごとに、規則、誤りのある例とその表示、正しい書き方を示す。目次は、何についての誤りかで分けてある。"
     "“…” の所には、ソースの語や数が入る。",
-    "For each message: the rule, a faulty example with what is said of it, and the sound line. The index is in the "
-    "order of the messages' words; “…” stands for words and numbers of your source."};
-inline constexpr Word FaultsTitle = {"メッセージだけでは直せない誤り", "Faults that the messages do not lead out of"};
+    "For each message: the rule, a faulty example with what is said of it, and the sound line. The index "
+    "goes by what is wrong; “…” stands for words and numbers of your source."};
 inline constexpr Word Index = {"目次", "Index"};
 inline constexpr Word Top = {"先頭へ", "To the top"};
 

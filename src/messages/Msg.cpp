@@ -122,13 +122,6 @@ void AppendTidily(std::string& out, std::string_view words) {
     }
 }
 
-// What stands behind the head that a text spells out.
-std::string_view WithoutHead(std::string_view text) {
-    for (const std::string_view end : {"{body}", "{constbody}"})
-        if (const std::size_t at = text.find(end); at != npos) return text.substr(at);
-    return text;
-}
-
 } // namespace
 
 const char* Msg::For(int lang, Wording wording) const {
@@ -156,6 +149,12 @@ void AppendVisibly(std::string& out, std::string_view text) {
             out += static_cast<char>(byte ^ 0x40);
         }
     }
+}
+
+std::string_view WithoutHead(std::string_view text) {
+    for (const std::string_view end : {"{body}", "{constbody}"})
+        if (const std::size_t at = text.find(end); at != npos) return text.substr(at);
+    return text;
 }
 
 std::string_view TakeLine(std::string_view& text) {

@@ -139,6 +139,8 @@ struct Filling {
 // Appends a text of a source or a name, which must not move the cursor of a terminal or worse: control characters but
 // the tab as "^X".
 void AppendVisibly(std::string& out, std::string_view text);
+// What stands behind the head that a row's text spells out.
+std::string_view WithoutHead(std::string_view text);
 // Takes the first console line, without its line break, off a row's text.
 std::string_view TakeLine(std::string_view& text);
 // Appends the text with its tags filled in, as UTF-8. An argument that is not given leaves its tag empty.

@@ -26,7 +26,7 @@ constexpr int GradeOption = 257;
 constexpr option LongOptions[] = {
     {"check", no_argument, nullptr, 'c'},
     {"dump", required_argument, nullptr, 'd'},
-    {"explain", required_argument, nullptr, ExplainOption},
+    {"explain", optional_argument, nullptr, ExplainOption},
     {"grade", required_argument, nullptr, GradeOption},
     {"help", no_argument, nullptr, 'h'},
     {"input", required_argument, nullptr, 'i'},
@@ -61,6 +61,15 @@ void Refuse(CommandLine& line, const Msg& fault, char** argv) {
     line.faulty = RefusedOption(argv);
 }
 
+// What stands in front of --explain's other words, which getopt_long leaves among the files: the word behind "=", or the
+// next one where it looks like an option but is a line that was pasted.
+std::string WordOfExplain(int argc, char** argv) {
+    if (optarg != nullptr) return optarg;
+    const std::string_view next = optind < argc ? argv[optind] : "";
+    const bool pasted = next.starts_with("-") && next.find(' ') != std::string_view::npos;
+    return pasted ? argv[optind++] : "";
+}
+
 CommandLine ReadWords(int argc, char** argv) {
     CommandLine line;
     opterr = 0;
@@ -74,7 +83,7 @@ CommandLine ReadWords(int argc, char** argv) {
             line.dump = optarg;
             break;
         case ExplainOption:
-            line.explain = optarg;
+            line.explain = WordOfExplain(argc, argv);
             break;
         case GradeOption:
             line.grade = optarg;
@@ -156,7 +165,7 @@ std::optional<Options> ReadOptions(int argc, char** argv, int& status) {
     if (line.explain) {
         options.explain = line.explain;
         for (const std::string& word : line.files)
-            *options.explain += " " + word;
+            *options.explain += (options.explain->empty() ? "" : " ") + word;
         return options;
     }
     const std::string pipeline = line.pipeline.value_or("WP");

@@ -34,7 +34,7 @@ struct Options {
     std::optional<std::string> dump;    // the folder
     std::optional<std::string> input;   // the text that IN reads
     std::optional<std::string> grade;   // the folder of the cases
-    std::optional<std::string> explain; // words; then nothing else is done
+    std::optional<std::string> explain; // words, or none for all titles; then nothing else is done
     std::vector<std::string> files;
 };
 

@@ -12,7 +12,7 @@ struct RunCatalogue {
              "\n"
              "  -c, --check           do not run\n"
              "  -d, --dump DIR        write both dumps into DIR: NAME.assembled.txt, NAME.result.txt\n"
-             "      --explain WORDS   explain a message: paste it, or give some of its words\n"
+             "      --explain [WORDS] explain a message that is pasted, words or an opcode; list all without\n"
              "      --grade FOLDER    run with each input-N.txt of FOLDER, compare with output-N.txt\n"
              "  -h, --help            show this text\n"
              "  -i, --input FILE      what IN reads, for each program from its beginning\n"
@@ -31,7 +31,7 @@ struct RunCatalogue {
              "\n"
              "  -c, --check           実行しない\n"
              "  -d, --dump DIR        二つのダンプを DIR に書く: 名前.assembled.txt, 名前.result.txt\n"
-             "      --explain 言葉    メッセージを説明する。メッセージ全体でも、その中の言葉でもよい\n"
+             "      --explain [言葉]  貼り付けたメッセージ、言葉、命令を説明する。言葉がなければ一覧\n"
              "      --grade FOLDER    FOLDER の input-N.txt で実行し、出力を output-N.txt と比べる\n"
              "  -h, --help            この説明を表示する\n"
              "  -i, --input FILE      IN が読むファイル。プログラムごとに先頭から読む\n"
@@ -71,8 +71,8 @@ struct RunCatalogue {
     Msg OutputLost{"tolvane-run: the output cannot be written: {0}\n", "tolvane-run: 出力できない: {0}\n"};
 
     // --explain. {0} the words, the number of titles that are left out
-    Msg NothingExplained{"tolvane-run: no message has these words: {0}\n",
-                         "tolvane-run: この言葉を含むメッセージはない: {0}\n"};
+    Msg NothingExplained{"tolvane-run: nothing is known of these words: {0}\nThe nearest are:\n",
+                         "tolvane-run: この言葉に合う説明はない: {0}\n近いもの:\n"};
     Msg AlsoExplained{"\nThese fit, too; give more of their words:\n", "\nほかの候補（言葉を足すと絞り込める）:\n"};
     Msg MoreExplained{"  and {0} more\n", "  ほか {0} 件\n"};
 
