@@ -42,7 +42,7 @@ private:
         for (const Ch c : label)
             hash = (hash ^ static_cast<std::uint64_t>(c)) * 0x9E3779B97F4A7C15U;
         const std::size_t mask = slots.size() - 1;
-        std::size_t i = (hash >> 32) & mask;
+        std::size_t i = static_cast<std::size_t>(hash >> 32) & mask;
         while (slots[i] != Free && LabelOf(slots[i]) != label)
             i = (i + 1) & mask;
         return i;

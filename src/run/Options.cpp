@@ -49,16 +49,16 @@ struct CommandLine {
 };
 
 // The option that getopt_long has just refused.
-std::string RefusedOption(char** argv) {
-    const std::string_view word = argv[optind - 1];
+std::string RefusedOption(int argc, char** argv) {
+    const std::string_view word = argv[std::min(optind, argc) - 1]; // some systems count beyond the last word
     if (optopt == 0 || word.starts_with("--")) return std::string(word);
     return std::string("-") + static_cast<char>(optopt);
 }
 
-void Refuse(CommandLine& line, const Msg& fault, char** argv) {
+void Refuse(CommandLine& line, const Msg& fault, int argc, char** argv) {
     if (line.fault != nullptr) return;
     line.fault = &fault;
-    line.faulty = RefusedOption(argv);
+    line.faulty = RefusedOption(argc, argv);
 }
 
 // What stands in front of --explain's other words, which getopt_long leaves among the files: the word behind "=", or the
@@ -113,10 +113,10 @@ CommandLine ReadWords(int argc, char** argv) {
             line.words = true;
             break;
         case ':':
-            Refuse(line, RunMsg.ArgumentMissing, argv);
+            Refuse(line, RunMsg.ArgumentMissing, argc, argv);
             break;
         default:
-            Refuse(line, RunMsg.OptionNotUnderstood, argv);
+            Refuse(line, RunMsg.OptionNotUnderstood, argc, argv);
         }
     }
     line.files.assign(argv + optind, argv + argc);

@@ -42,7 +42,7 @@ private:
 
     void AddBlock(std::size_t least) {
         size = std::max(least, std::clamp(2 * size, LeastBytes / sizeof(T), MostBytes / sizeof(T)));
-        blocks.push_back(std::make_unique_for_overwrite<T[]>(size));
+        blocks.emplace_back(new T[size]); // left as it is, unlike that of make_unique
         used = 0;
     }
 };

@@ -12,7 +12,9 @@ void* AllocatePages(std::size_t bytes) {
     if (rounded < bytes) throw std::bad_alloc();
     void* const pages = isLarge ? std::aligned_alloc(page, rounded) : std::malloc(bytes);
     if (pages == nullptr) throw std::bad_alloc();
+#ifdef MADV_HUGEPAGE
     if (isLarge) madvise(pages, rounded, MADV_HUGEPAGE); // a wish
+#endif
     return pages;
 }
 
