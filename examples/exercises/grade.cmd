@@ -11,7 +11,9 @@ if "%~1"=="-l" set "language=-l %~2"
 if "%~1"=="-l" shift & shift
 set "number=0%~1"
 set "folder="
-for /d %%d in ("%here%%number:~-2%-*") do set "folder=%%~d"
+pushd "%here%"
+for /d %%d in (%number:~-2%-*) do set "folder=%here%%%d"
+popd
 if not defined folder (
   echo Usage: grade [-l en^|ja] NUMBER [FILE]
   exit /b 4
