@@ -8,11 +8,13 @@
 #include "Assemble.h"
 #include "Entries.h"
 #include "PageWords.h"
+#include "text/Convert.h"
 
 #include <algorithm>
 #include <exception>
 #include <fstream>
 #include <iostream>
+#include <iterator>
 #include <set>
 
 namespace tolvane {
@@ -128,24 +130,6 @@ std::string Explanations(const std::vector<Entry>& entries) {
 
 // --- HTML
 
-constexpr const char* Style = R"(
-:root { color-scheme: light dark; --line: #8886; --code: #8882; --bad: #d0342c; }
-body { font: 1rem/1.55 system-ui, sans-serif; max-width: 48rem; margin: 0 auto; padding: 0 1rem 4rem;
-  overflow-wrap: anywhere; }
-h1 { font-size: 1.5rem; } h2 { font-size: 1.25rem; margin-top: 2.5rem; } h3 { font-size: 1.05rem; margin: .2rem 0; }
-pre { background: var(--code); padding: .6rem .8rem; border-radius: .3rem; white-space: pre-wrap; margin: .2rem 0 .8rem;
-  font: .875rem/1.45 ui-monospace, monospace; tab-size: 8; }
-pre.source { counter-reset: line; }
-pre i { outline: 1px dotted var(--bad); }
-pre.source span { display: block; padding-left: 1.9rem; min-height: 1.45em; }
-pre.source span::before { counter-increment: line; content: counter(line); float: left; margin-left: -1.9rem;
-  width: 1.2rem; text-align: right; opacity: .6; }
-pre.source span.faulty { box-shadow: inset 3px 0 var(--bad); font-weight: bold; }
-article { border-top: 1px solid var(--line); padding-top: .8rem; margin-top: 1.6rem; }
-.kind, .label { font-size: .85rem; opacity: .75; margin: .6rem 0 .1rem; }
-nav ul { padding-left: 1.1rem; columns: 20rem; column-gap: 2.5rem; } nav li { margin: .15rem 0; break-inside: avoid; }
-)";
-
 std::string Escaped(const std::string& text) {
     std::string out;
     for (const char c : text)
@@ -162,6 +146,16 @@ std::string Code(const std::string& line) {
     return out;
 }
 
+// Whether a text of the page in one language is in the other: a few messages are the same in both.
+bool IsForeign(const std::string& text, std::size_t language) {
+    const TextW wide = WideUtf8Lossy(text);
+    const auto isJapanese = [](char16_t unit) { return (u'ぁ' <= unit && unit <= u'ヿ') || (u'一' <= unit && unit <= u'龠'); };
+    return std::any_of(wide.begin(), wide.end(), isJapanese) == (language == 1);
+}
+std::string LanguageOf(const std::string& text, std::size_t language) {
+    return !IsForeign(text, language) ? "" : language == 0 ? " lang=\"en\"" : " lang=\"ja\"";
+}
+
 std::string Html(const Piece& piece, std::size_t language) {
     std::string html;
     if (piece.text[language].empty()) return html;
@@ -169,43 +163,110 @@ std::string Html(const Piece& piece, std::size_t language) {
     const std::string& body = piece.text[language];
     if (piece.kind == Piece::Kind::Verbatim) {
         const std::size_t end = body.find_last_not_of('\n') + 1;
-        return html + "<pre>" + Escaped(body.substr(0, end)) + "</pre>\n";
+        return Cat(html, "<pre", language == 0 ? LanguageOf(body, 0) : "", ">", Escaped(body.substr(0, end)), "</pre>\n");
     }
     const bool source = piece.kind == Piece::Kind::Source;
+    const char* marked = piece.sound ? "<span class=\"good\">" : "<span class=\"faulty\">";
     if (source) html += "<pre class=\"source\">";
     int number = 0;
     for (const std::string& line : Split(body, '\n'))
         if (source)
-            html += (number++ == piece.marked ? "<span class=\"faulty\">" : "<span>") + Code(line) + "</span>";
+            html += (number++ == piece.marked ? marked : "<span>") + Code(line) + "</span>";
         else
-            html += "<p>" + Escaped(line) + "</p>\n";
+            html += Cat("<p", LanguageOf(line, language), ">", Escaped(line), "</p>\n");
     return html + (source ? "</pre>\n" : "");
 }
 
-std::string Page(const std::vector<Entry>& entries, std::size_t language) {
+// --- What the search of a page needs
+
+std::string Json(const std::string& text) {
+    std::string out = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\') out += '\\';
+        out += c == '\n' ? "\\n" : c == '\t' ? "\\t" : c == '\1' ? "\\u0001" : c == '<' ? "\\u003C" : std::string(1, c);
+    }
+    return out + "\"";
+}
+
+// A row's text without its head, with \1 for each tag.
+std::string WithGaps(std::string_view text) {
+    std::string out;
+    for (text = WithoutHead(text); !text.empty();) {
+        std::string_view line = TakeLine(text);
+        while (!line.empty()) {
+            const std::size_t tag = std::min(line.find('{'), line.size());
+            out += line.substr(0, tag);
+            out += '\1';
+            line.remove_prefix(std::min(std::min(line.find('}', tag), line.size()) + 1, line.size()));
+        }
+        out += '\n';
+    }
+    return out;
+}
+
+std::string Searched(const Entry& entry) {
+    std::set<std::string> texts;
+    for (const Msg* row : AllRows())
+        if (std::ranges::find(entry.rows, NameOf(*row)) != entry.rows.end())
+            for (const Wording wording : {WordingNWW, WordingWP, WordingNA, WordingAP, WordingNH})
+                for (const int language : {0, 1})
+                    texts.insert(Json(WithGaps(row->For(language, wording))));
+    std::string all;
+    for (const std::string& text : texts)
+        all += (all.empty() ? "" : ",") + text;
+    return Cat("[", Json(entry.id), ",", Json(entry.title[0] + " " + entry.title[1]), ",", Json(entry.keys), ",[", all, "]]");
+}
+
+std::string Data(const std::vector<Entry>& entries, std::size_t language) {
+    std::string all;
+    for (const Entry& entry : entries)
+        all += (all.empty() ? "\n" : ",\n") + Searched(entry);
+    return Cat("{\"fit\":", Json(words::Fit[language]), ",\"near\":", Json(words::Near[language]), ",\"entries\":[", all,
+               "]}");
+}
+
+// --- The page
+
+std::string Contents(const Entry& entry, std::size_t language) {
+    std::string html = Cat("<details id=\"", Escaped(entry.id), "\">\n<summary><h3",
+                           LanguageOf(entry.title[language], language), ">", Escaped(entry.title[language]),
+                           "</h3></summary>\n<p class=\"kind\">", Escaped(entry.severity[language]), "</p>\n");
+    for (const Piece& piece : entry.pieces)
+        html += Html(piece, language);
+    return html + "</details>\n";
+}
+
+std::string FileText(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+std::string Page(const std::vector<Entry>& entries, std::size_t language, const fs::path& folder) {
     const auto word = [&](const words::Word& each) { return Escaped(each[language]); };
     std::string index;
     std::string bodies;
     std::string subject;
+    int number = 0;
     for (const Entry& entry : entries) {
-        const std::string id = Escaped(entry.id);
-        const std::string title = Escaped(entry.title[language]);
-        if (entry.subject[language] != subject)
-            index += Cat(subject.empty() ? "" : "</ul>\n", "<h2>", Escaped(entry.subject[language]), "</h2>\n<ul>\n");
-        subject = entry.subject[language];
-        index += Cat("<li><a href=\"#", id, "\">", title, "</a></li>\n");
-        bodies += Cat("<article id=\"", id, "\">\n<p class=\"kind\">", Escaped(entry.severity[language]), "</p>\n<h3>",
-                      title, "</h3>\n");
-        for (const Piece& piece : entry.pieces)
-            bodies += Html(piece, language);
-        bodies += Cat("<p class=\"kind\"><a href=\"#top\">", word(words::Top), "</a></p>\n</article>\n");
+        if (entry.subject[language] != subject) {
+            subject = entry.subject[language];
+            const std::string id = "subject" + std::to_string(++number);
+            index += Cat("<li><a href=\"#", id, "\">", Escaped(subject), "</a></li>\n");
+            bodies += Cat("<h2 id=\"", id, "\">", Escaped(subject), "</h2>\n");
+        }
+        bodies += Contents(entry, language);
     }
     return Cat("<!DOCTYPE html>\n<html lang=\"", language == 0 ? "ja" : "en",
                "\">\n<head>\n<meta charset=\"utf-8\">\n"
                "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>",
-               word(words::Title), "</title>\n<style>", Style, "</style>\n</head>\n<body id=\"top\">\n<h1>",
-               word(words::Title), "</h1>\n<p>", word(words::Intro), "</p>\n<nav>\n", index,
-               "</ul>\n</nav>\n<main>\n", bodies, "</main>\n</body>\n</html>\n");
+               word(words::Title), "</title>\n<style>\n", FileText(folder / "page.css"), "</style>\n</head>\n<body>\n"
+               "<header>\n<h1>", word(words::Title), "</h1>\n<p>", word(words::Intro), "</p>\n</header>\n"
+               "<form role=\"search\">\n<label for=\"search\">", word(words::Search), "</label>\n"
+               "<input id=\"search\" type=\"search\" autocomplete=\"off\" spellcheck=\"false\">\n"
+               "<p id=\"count\" role=\"status\"></p>\n<ul id=\"results\"></ul>\n</form>\n<nav aria-label=\"",
+               word(words::Index), "\">\n<ul>\n", index, "</ul>\n</nav>\n<main>\n", bodies,
+               "</main>\n<script type=\"application/json\" id=\"data\">", Data(entries, language), "</script>\n<script>\n",
+               FileText(folder / "page.js"), "</script>\n</body>\n</html>\n");
 }
 
 int Make(const fs::path& root, const fs::path& folder) {
@@ -224,7 +285,7 @@ int Make(const fs::path& root, const fs::path& folder) {
         std::ofstream out(folder / name, std::ios::binary);
         return static_cast<bool>(out << text << std::flush);
     };
-    const bool written = write("explain.ja.html", Page(entries, 0)) && write("explain.en.html", Page(entries, 1)) &&
+    const bool written = write("explain.ja.html", Page(entries, 0, root / "pages")) && write("explain.en.html", Page(entries, 1, root / "pages")) &&
                          write("Explanations.cpp", Explanations(entries));
     if (!written) std::cerr << folder.string() << " cannot be written\n";
     return written ? 0 : 1;

@@ -29,11 +29,14 @@ inline constexpr Word NoRegisters = {" すべて 0", " all 0"};
 inline constexpr Word Others = {"ほかの文面", "Other wordings"};
 inline constexpr Word Title = {"Tolvane のメッセージ", "The messages of Tolvane"};
 inline constexpr Word Intro = {
-    "メッセージごとに、規則、誤りのある例とその表示、正しい書き方を示す。目次は、何についての誤りかで分けてある。"
+    "メッセージ、誤り、命令ごとに、規則、誤りのある例とその表示、正しいプログラムを示す。"
     "“…” の所には、ソースの語や数が入る。",
-    "For each message: the rule, a faulty example with what is said of it, and the sound line. The index "
-    "goes by what is wrong; “…” stands for words and numbers of your source."};
+    "For each message, fault and instruction: the rule, a faulty example with what is said of it, and a sound program. "
+    "“…” stands for words and numbers of your source."};
+inline constexpr Word Search = {"検索：表示された行を貼り付けるか、言葉や命令を入れる（Enter で最初の結果へ、Esc で消去）",
+                                "Search: paste a printed line, or type words or an opcode (Enter: the first result, Esc: clear)"};
+inline constexpr Word Fit = {"{0} 件", "{0} found"};
+inline constexpr Word Near = {"合うものはない。近いもの：", "Nothing fits. The nearest:"};
 inline constexpr Word Index = {"目次", "Index"};
-inline constexpr Word Top = {"先頭へ", "To the top"};
 
 } // namespace tolvane::words
