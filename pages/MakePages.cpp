@@ -191,7 +191,8 @@ std::string Json(const std::string& text) {
 // A row's text without its head, with \1 for each tag.
 std::string WithGaps(std::string_view text) {
     std::string out;
-    for (text = WithoutHead(text); !text.empty();) {
+    if (!text.ends_with("{body}")) text = WithoutHead(text);
+    while (!text.empty()) {
         std::string_view line = TakeLine(text);
         while (!line.empty()) {
             const std::size_t tag = std::min(line.find('{'), line.size());

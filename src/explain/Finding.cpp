@@ -121,7 +121,8 @@ Words PiecesOf(std::string_view line) {
 
 std::vector<Words> LinesOf(std::string_view text) {
     std::vector<Words> lines;
-    for (text = tolvane::WithoutHead(text); !text.empty();)
+    if (!text.ends_with("{body}")) text = tolvane::WithoutHead(text); // "Linker Error:" is nothing but a head
+    while (!text.empty())
         lines.push_back(PiecesOf(TakeLine(text)));
     return lines;
 }
