@@ -105,6 +105,12 @@ void Debugger::BeginGo(Moment moment) {
     past.TakeInterrupt(); // one of an earlier task
     target = std::max<Moment>(moment, 0);
     phase = Phase::Going;
+    isSearch = false;
+}
+
+void Debugger::Resume() {
+    result = {};
+    phase = isSearch ? Phase::Beginning : Phase::Going;
 }
 
 void Debugger::BeginOver(Way wanted) {
@@ -163,6 +169,7 @@ void Debugger::BeginSearch(Way wanted, std::optional<Aim> place) {
     pieceBegin = pieceEnd = origin;
     pieceLength = FirstPiece;
     phase = Phase::Beginning;
+    isSearch = true;
 }
 
 bool Debugger::Work(std::int64_t budget) {
@@ -246,23 +253,21 @@ void Debugger::BeginPiece(std::int64_t& budget) {
         pieceBegin = std::max(pieceEnd - pieceLength, (pieceEnd - 1) / stretch * stretch);
     }
     pieceLength = std::min(pieceLength * Growth, stretch);
-    // A piece of the past is explored at once where it is to be looked at anyway.
-    phase = way == Way::Back && !cells.empty() ? Phase::Rewinding : Phase::Exploring;
-    counts.clear();
+    phase = Phase::Exploring;
+    hasCounts = false;
     --budget;
 }
 
 void Debugger::Explore(std::int64_t& budget) {
-    if (counts.empty()) {
+    if (!hasCounts) {
         if (!past.Approach(pieceBegin, budget) && !IsInterrupted()) return;
         counts = MarkCounts();
-        counts.push_back(0); // so that it is not empty
+        hasCounts = true;
     }
     if (!wasInterrupted && !past.Approach(pieceEnd, budget) && !IsInterrupted()) return;
     if (way == Way::On) pieceEnd = Now();
-    std::vector<int> behind = MarkCounts();
-    behind.push_back(0);
-    const bool isSuspicious = !cells.empty() || behind != counts;
+    countsBehind = MarkCounts();
+    const bool isSuspicious = !cells.empty() || countsBehind != counts;
     if (isSuspicious && !(wasInterrupted && way == Way::Back))
         phase = Phase::Rewinding;
     else
@@ -291,8 +296,8 @@ void Debugger::Scan() {
 std::vector<Debugger::Probe> Debugger::Probes() const {
     std::vector<Probe> probes;
     const Tcomet2& machine = Machine();
-    for (std::size_t i = 0; i < marks.size() && i < breakpoints.size(); ++i)
-        if (CountAt(machine, marks[i]) != counts[i])
+    for (std::size_t i = 0; i < std::min(marks.size(), breakpoints.size()); ++i)
+        if (countsBehind[i] != counts[i])
             probes.push_back(
                 {{&machine.RunCount[static_cast<std::size_t>(marks[i])], -1}, 1, {Why::Breakpoint, i, {}}});
     for (std::size_t i = 0; i < cells.size(); ++i)

@@ -95,6 +95,8 @@ public:
     // Works until it is done.
     const Outcome& Finish();
     const Outcome& Result() const { return result; }
+    // Begins a task again that has stopped in front of an IN, from there and with its old aim.
+    void Resume();
 
     // The innermost first.
     std::vector<Call> Calls() const;
@@ -144,6 +146,7 @@ private:
     std::vector<Cell> watches;
 
     Phase phase = Phase::Done;
+    bool isSearch = false; // the task, or a way to a moment
     Outcome result;
     Moment target = 0;            // of Going and Landing
     std::optional<Aim> behindRet; // of LookingBack
@@ -159,7 +162,9 @@ private:
     Moment pieceBegin = 0;
     Moment pieceEnd = 0;
     Moment pieceLength = 0;
-    std::vector<int> counts; // of the marks, at the beginning of the piece
+    bool hasCounts = false;
+    std::vector<int> counts; // of the marks, in front of the piece and behind it
+    std::vector<int> countsBehind;
     std::optional<Hit> hit;
 };
 

@@ -186,4 +186,8 @@ bool IsErrorTerminal() {
     return is;
 }
 
+bool InputIsTerminal() {
+    return StandardInputIsTerminal();
+}
+
 } // namespace tolvane::console

@@ -44,5 +44,7 @@ std::size_t LastLineValidLength();
 // Whether a person watches the output.
 bool IsTerminal();
 bool IsErrorTerminal();
+// Whether a person types the input.
+bool InputIsTerminal();
 
 } // namespace tolvane::console

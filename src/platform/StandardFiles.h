@@ -28,5 +28,6 @@ std::optional<Loss> WriteErrorOutput(std::string_view bytes);
 
 bool OutputIsTerminal();
 bool ErrorIsTerminal();
+bool StandardInputIsTerminal();
 
 } // namespace tolvane::console

@@ -18,6 +18,12 @@
 
 namespace tolvane::run {
 
+std::string RefusedOption(int argc, char** argv) {
+    const std::string_view word = argv[std::min(optind, argc) - 1]; // some systems count beyond the last word
+    if (optopt == 0 || word.starts_with("--")) return std::string(word);
+    return std::string("-") + static_cast<char>(optopt);
+}
+
 namespace {
 
 constexpr const char* ShortOptions = ":cd:hi:l:n:p:tVw";
@@ -47,13 +53,6 @@ struct CommandLine {
     std::string faulty;
     std::vector<std::string> files;
 };
-
-// The option that getopt_long has just refused.
-std::string RefusedOption(int argc, char** argv) {
-    const std::string_view word = argv[std::min(optind, argc) - 1]; // some systems count beyond the last word
-    if (optopt == 0 || word.starts_with("--")) return std::string(word);
-    return std::string("-") + static_cast<char>(optopt);
-}
 
 void Refuse(CommandLine& line, const Msg& fault, int argc, char** argv) {
     if (line.fault != nullptr) return;
@@ -123,15 +122,6 @@ CommandLine ReadWords(int argc, char** argv) {
     return line;
 }
 
-// The language of the user's messages, as the C library would choose it.
-int LanguageOfLocale() {
-    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        const char* value = std::getenv(variable);
-        if (value != nullptr && *value != '\0') return std::string_view(value).starts_with("ja") ? 0 : 1;
-    }
-    return 1;
-}
-
 std::nullopt_t Wrong(int& status, const Msg& msg, Args args = {}) {
     const std::string what = TextOf(msg, args);
     WriteErr(TextOf(RunMsg.UseError, {Utf8Arg{what}}));
@@ -147,6 +137,14 @@ std::optional<std::int64_t> ReadLimit(std::string_view text) {
 }
 
 } // namespace
+
+int LanguageOfLocale() {
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char* value = std::getenv(variable);
+        if (value != nullptr && *value != '\0') return std::string_view(value).starts_with("ja") ? 0 : 1;
+    }
+    return 1;
+}
 
 std::optional<Options> ReadOptions(int argc, char** argv, int& status) {
     const CommandLine line = ReadWords(argc, argv);

@@ -42,4 +42,9 @@ struct Options {
 // version have been shown, or one line has told what is wrong.
 std::optional<Options> ReadOptions(int argc, char** argv, int& status);
 
+// The language of the user's messages, as the C library would choose it.
+int LanguageOfLocale();
+// The option that getopt_long has just refused.
+std::string RefusedOption(int argc, char** argv);
+
 } // namespace tolvane::run

@@ -23,18 +23,6 @@ namespace tolvane::run {
 
 namespace {
 
-// The diagnostics of the assembly, in the order of the checks. What two checks say of one line in the same words is
-// told once, and a row that is nothing but a head is not told.
-void PrintRecords(const std::string& file) {
-    std::set<std::pair<int, std::vector<std::string>>> told;
-    for (const MsgRec& record : store->Records) {
-        const std::vector<std::string> lines = TextLines(record);
-        const int line = record.place.line;
-        if (lines.empty() || (line >= 0 && !told.emplace(line, lines).second)) continue;
-        PrintDiagnostic(file, line, record.severity, lines);
-    }
-}
-
 // A few Japanese characters in UTF-8 are Shift_JIS as well, as which they are then read.
 bool MayBeUtf8(const std::string& source) {
     const bool asShiftJis = modeFlags->Pipe->reader != Reader::Array && moziCode->CodePage == 932;
@@ -44,10 +32,8 @@ bool MayBeUtf8(const std::string& source) {
 int AssembleAndRun(const Options& options, const std::string& file, const std::string& source) {
     const std::string told = Told(file);
     const bool assembled = Assemble(options, told, source);
-    if (MayBeUtf8(source)) PrintDiagnostic(told, -1, Severity::Note, {TextOf(RunMsg.MaybeUtf8)});
-    PrintRecords(told);
+    PrintRecords(told, source, assembled);
     if (!assembled) {
-        if (store->Records.empty()) PrintDiagnostic(told, -1, Severity::Error, {TextOf(RunMsg.NotAssembled)});
         if (options.dump) RemoveDumps(*options.dump, file);
         return SourceErrors;
     }
@@ -63,6 +49,20 @@ int AssembleAndRun(const Options& options, const std::string& file, const std::s
 }
 
 } // namespace
+
+// What two checks say of one line in the same words is
+// told once, and a row that is nothing but a head is not told.
+void PrintRecords(const std::string& file, const std::string& source, bool assembled) {
+    if (MayBeUtf8(source)) PrintDiagnostic(file, -1, Severity::Note, {TextOf(RunMsg.MaybeUtf8)});
+    std::set<std::pair<int, std::vector<std::string>>> told;
+    for (const MsgRec& record : store->Records) {
+        const std::vector<std::string> lines = TextLines(record);
+        const int line = record.place.line;
+        if (lines.empty() || (line >= 0 && !told.emplace(line, lines).second)) continue;
+        PrintDiagnostic(file, line, record.severity, lines);
+    }
+    if (!assembled && store->Records.empty()) PrintDiagnostic(file, -1, Severity::Error, {TextOf(RunMsg.NotAssembled)});
+}
 
 bool Assemble(const Options& options, const std::string& told, const std::string& source) {
     TMsgBase game;

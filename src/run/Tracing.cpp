@@ -26,18 +26,8 @@ void AddFlag(std::string& row, const char* name, int before, int after) {
     if (before != after) row += std::string(" ") + name + "=" + std::to_string(after);
 }
 
-void AddCell(std::string& row, int address, int cell) {
-    row += " [" + Hex(address) + "]=" + Hex(cell);
-}
-
 std::string Changes(const Step& step) {
-    std::string row;
-    for (std::size_t n = 0; n < comet2->GR.size(); ++n)
-        AddIfChanged(row, "GR" + std::to_string(n), step.before.GR[n], comet2->GR[n]);
-    AddIfChanged(row, "SP", step.before.SP, comet2->SP);
-    AddFlag(row, "Fovf", step.before.Fovf, comet2->Fovf);
-    AddFlag(row, "Fsign", step.before.Fsign, comet2->Fsign);
-    AddFlag(row, "Fzero", step.before.Fzero, comet2->Fzero);
+    std::string row = ChangedRegisters(step.before);
     for (const Step::Stretch& stretch : step.written)
         for (int a = stretch.first; a < stretch.first + stretch.cells; ++a)
             AddCell(row, a, comet2->Memory[static_cast<std::size_t>(a)]);
@@ -47,6 +37,21 @@ std::string Changes(const Step& step) {
 }
 
 } // namespace
+
+std::string ChangedRegisters(const Registers& before) {
+    std::string row;
+    for (std::size_t n = 0; n < comet2->GR.size(); ++n)
+        AddIfChanged(row, "GR" + std::to_string(n), before.GR[n], comet2->GR[n]);
+    AddIfChanged(row, "SP", before.SP, comet2->SP);
+    AddFlag(row, "Fovf", before.Fovf, comet2->Fovf);
+    AddFlag(row, "Fsign", before.Fsign, comet2->Fsign);
+    AddFlag(row, "Fzero", before.Fzero, comet2->Fzero);
+    return row;
+}
+
+void AddCell(std::string& row, int address, int cell) {
+    row += " [" + Hex(address) + "]=" + Hex(cell);
+}
 
 // Only the first instruction of a macro shows its source text; those behind it are shown as the machine reads them.
 void TraceStep(const image::LinkedImage& image, const Step& step) {

@@ -47,7 +47,7 @@ std::string StretchOf(const std::string& text) {
 }
 
 std::string AllTranscripts() {
-    std::string all = ReadFile(Tests / "run" / "session.txt");
+    std::string all = ReadFile(Tests / "run" / "session.txt") + ReadFile(Tests / "run" / "debug.txt");
     for (const auto& entry : fs::directory_iterator(Tests / "transcripts"))
         all += ReadFile(entry.path());
     return all;

@@ -127,7 +127,7 @@ protected:
         Plain::Load(*machine, words);
         History past(*machine, Stretch);
         Lines typed;
-        for (int i = 0; i < 20 && !HasFailure(); ++i) {
+        for (int i = 0; i < 12 && !HasFailure(); ++i) {
             const Moment to = random.Below(3) == 0 ? past.Latest() - 20 + random.Below(30) : random.Below(End);
             std::int64_t budget = 0;
             do {
@@ -153,8 +153,114 @@ TEST_F(Debugging, EachMomentIsThatOfAPlainRun) {
         modeFlags->Pipe = FindPipeline(pipeline);
         for (const Words& words : {Recursion, Echo, SelfModifying})
             GoAbout(words, random);
-        for (int i = 0; i < 12 && !HasFailure(); ++i)
+        for (int i = 0; i < 6 && !HasFailure(); ++i)
             GoAbout(random.Program(), random);
+    }
+}
+
+// Where a task ends, found by a look at each moment.
+struct Moments {
+    std::vector<Registers> at;
+    std::vector<std::vector<int>> cells;
+    std::vector<bool> isHit; // a breakpoint or the aim stands there
+
+    // The next moment on the way at which one of the two has happened; a change is met behind or in front of it.
+    Moment From(Moment now, Way way) const {
+        const int step = way == Way::On ? 1 : -1;
+        for (Moment m = now + step; m > 0 && m < Last(); m += step)
+            if (isHit[Index(m)] || cells[Index(way == Way::On ? m - 1 : m)] != cells[Index(way == Way::On ? m : m + 1)])
+                return m;
+        return way == Way::On ? Last() : 0;
+    }
+    Moment Last() const { return static_cast<Moment>(at.size()) - 1; }
+    static std::size_t Index(Moment m) { return static_cast<std::size_t>(m); }
+};
+
+TEST_F(Debugging, TasksEndWhereALookAtEachMomentFindsIt) {
+    Random random(7);
+    int found = 0;
+    for (int round = 0; round < 60 && !HasFailure(); ++round) {
+        const Words words = round % 3 == 0 ? Recursion : round % 3 == 1 ? SelfModifying : random.Program();
+        Plain::Load(*machine, words);
+        Debugger run(*machine, Stretch);
+        run.Past().EndInput();
+        for (int i = random.Below(4); i > 0; --i)
+            run.SetBreakpoint(random.Below(30));
+        const Cell choices[] = {{Cell::Kind::GR, 1}, {Cell::Kind::Fzero}, {Cell::Kind::SP}, {Cell::Kind::Word, 10}};
+        if (random.Below(2) == 0) run.SetWatch(choices[random.Below(4)]);
+        Moments moments;
+        for (Moment m = 0; m <= 1'500 && run.Past().GoTo(m) && run.Now() == m; ++m) {
+            const Tcomet2& at = *machine;
+            moments.at.push_back({at.GR, at.PR, at.SP, at.Fovf, at.Fsign, at.Fzero});
+            moments.cells.emplace_back();
+            for (const Cell& cell : run.Watches())
+                moments.cells.back().push_back(ValueOf(at, cell));
+        }
+        for (int i = 0; i < 12 && !HasFailure(); ++i) {
+            const Way way = random.Below(2) == 0 ? Way::On : Way::Back;
+            const Moment now = random.Below(moments.Last() + 1);
+            const int aim = random.Below(3) == 0 ? random.Below(30) : -1;
+            run.Past().GoTo(now);
+            moments.isHit.clear();
+            for (const Registers& at : moments.at)
+                moments.isHit.push_back(at.PR == aim || std::find(run.Breakpoints().begin(), run.Breakpoints().end(),
+                                                                  at.PR) != run.Breakpoints().end());
+            if (aim >= 0)
+                run.BeginUntil(aim, way);
+            else
+                run.BeginRun(way);
+            while (!run.Work(1 + random.Below(100)) && run.Now() < moments.Last() + 2'000) {
+            }
+            const Moment expected = moments.From(now, way);
+            if (expected == moments.Last()) continue;
+            EXPECT_EQ(run.Now(), expected) << round << ": from " << now << ' ' << aim;
+            found += expected > 0 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(found, 100);
+}
+
+TEST_F(Debugging, OverAndOutAndWhoAndCallsInARecursion) {
+    Plain::Load(*machine, Recursion);
+    Debugger run(*machine, Stretch);
+    run.BeginGo(End);
+    run.Finish();
+    const Moment end = run.Now();
+    const int value = machine->GR[1];
+    run.BeginWho({Cell::Kind::GR, 1});
+    ASSERT_TRUE(run.Finish().change);
+    EXPECT_EQ(run.Result().change->after, value);
+    EXPECT_EQ(run.Now(), end);
+    for (const Moment call : {1, 20, 38}) {
+        run.BeginGo(call);
+        run.Finish();
+        while (machine->Memory[static_cast<std::size_t>(machine->PR)] >> 8 != 0x80) {
+            run.BeginGo(run.Now() + 1);
+            run.Finish();
+        }
+        const Moment at = run.Now();
+        const int pr = machine->PR;
+        const int sp = machine->SP;
+        run.BeginOver(Way::On);
+        run.Finish();
+        const Moment behind = run.Now();
+        EXPECT_EQ(machine->PR, pr + 2);
+        EXPECT_EQ(machine->SP, sp);
+        run.BeginOver(Way::Back);
+        run.Finish();
+        EXPECT_EQ(run.Now(), at);
+        run.BeginGo(at + 2);
+        run.Finish();
+        EXPECT_EQ(run.Calls().front().address, pr);
+        EXPECT_EQ(run.Calls().front().routine, 5);
+        run.BeginOut(Way::Back);
+        run.Finish();
+        EXPECT_EQ(run.Now(), at);
+        run.BeginGo(at + 2);
+        run.Finish();
+        run.BeginOut(Way::On);
+        run.Finish();
+        EXPECT_EQ(run.Now(), behind);
     }
 }
 

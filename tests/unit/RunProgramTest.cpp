@@ -1,4 +1,5 @@
-// tolvane-run from the outside: sessions of commands with what they print and their exit status. A session file holds
+// tolvane-run and tolvane-debug from the outside: sessions of commands with what they print and their exit status. A
+// session file holds
 //
 //   @ NAME         the lines behind it up to an empty one are a source of that name
 //   $ COMMAND      a command line for the shell; behind it:
@@ -41,7 +42,7 @@ std::string RunSession(const std::string& expected) {
         const char mark = line[0];
         if (line == "\n") source.clear();
         if (!source.empty()) WriteFile(source, ReadFile(source) + line);
-        if (line.starts_with("@ ")) source = line.substr(2, line.size() - 3);
+        if (line.starts_with("@ ")) fs::remove(source = line.substr(2, line.size() - 3));
         if (!source.empty() || (mark != '>' && mark != '!' && mark != '=')) found += line;
         if (source.empty() && line.starts_with("$ ")) found += RunCommand(line.substr(2));
     }
@@ -54,13 +55,15 @@ class RunProgram : public InFolder {};
 
 TEST_F(RunProgram, Sessions) {
     const char* setting = std::getenv("TOLVANE_REWRITE");
-    const fs::path file = fs::path(TOLVANE_TESTS) / "run" / "session.txt";
-    const std::string expected = ReadFile(file);
-    const std::string found = RunSession(expected);
-    if (setting != nullptr && std::string(setting) == "1")
-        WriteFile(file, found);
-    else
-        EXPECT_EQ(expected, found);
+    for (const char* name : {"session.txt", "debug.txt"}) {
+        const fs::path file = fs::path(TOLVANE_TESTS) / "run" / name;
+        const std::string expected = ReadFile(file);
+        const std::string found = RunSession(expected);
+        if (setting != nullptr && std::string(setting) == "1")
+            WriteFile(file, found);
+        else
+            EXPECT_EQ(expected, found);
+    }
 }
 
 } // namespace tolvane::tests

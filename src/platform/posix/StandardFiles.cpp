@@ -121,4 +121,8 @@ bool ErrorIsTerminal() {
     return isatty(STDERR_FILENO) == 1;
 }
 
+bool StandardInputIsTerminal() {
+    return isatty(STDIN_FILENO) == 1;
+}
+
 } // namespace tolvane::console

@@ -203,4 +203,8 @@ bool ErrorIsTerminal() {
     return IsConsole(STD_ERROR_HANDLE);
 }
 
+bool StandardInputIsTerminal() {
+    return IsConsole(STD_INPUT_HANDLE);
+}
+
 } // namespace tolvane::console
