@@ -9,6 +9,8 @@ namespace tolvane::tests {
 
 namespace {
 
+using namespace std::string_literals;
+
 class RunControl : public InFolder {
 protected:
     static constexpr const char* SaysAndLoops = "P START\n OUT T,N\nL JUMP L\n RET\nT DC 'HELLO'\nN DC 5\n END\n";
@@ -63,6 +65,19 @@ TEST_F(RunControl, OutputThatIsLostEndsTheProgram) {
     EXPECT_EQ(std::system("timeout -s KILL 30 sh script"), 0);
     EXPECT_EQ(ReadFile("status"), "1\n");
     EXPECT_NE(ReadFile("told").find("output cannot be written: "), std::string::npos);
+    EXPECT_EQ(std::system(TOLVANE_PROGRAM " </dev/null >&- 2>told; echo $? >status"), 0);
+    EXPECT_EQ(ReadFile("status"), "1\n") << "closed from the beginning";
+}
+
+TEST_F(RunControl, WhatNobodyReadsDoesNotHoldTheProgram) {
+    WriteFile("p.txt", "P START\nL OUT T,N\n JUMP L\n RET\nT DC 'HELLO'\nN DC 5\n END\n");
+    WriteFile("typed", "\n1\np\n");
+    for (const char* command : {TOLVANE_PROGRAM, TOLVANE_RUN " p.txt", TOLVANE_RUN " -t p.txt"}) {
+        WriteFile("script", "rm -f pipe; mkfifo pipe; exec 3<>pipe; env --default-signal=INT "s + command +
+                                " <typed >pipe 2>&1 3>&- &\nsleep 0.5; kill -INT $!; wait $!; echo $?");
+        EXPECT_EQ(std::system("timeout -s KILL 30 sh script >status"), 0);
+        EXPECT_EQ(ReadFile("status"), "130\n") << command;
+    }
 }
 
 TEST_F(RunControl, AWriteThatFailsIsNotTheEnd) {

@@ -70,6 +70,28 @@ TEST_F(Trust, WhatCannotBeStartedIsTold) {
     EXPECT_TRUE(platform::ListFolder(tooLong).has_value());
 }
 
+TEST_F(Trust, OneTerminalIsNoDialogue) {
+    const int master = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_TRUE(grantpt(master) == 0 && unlockpt(master) == 0);
+    const int terminal = open(ptsname(master), O_RDWR | O_NOCTTY);
+    const int none = open("/dev/null", O_RDWR);
+    const int own[] = {dup(STDIN_FILENO), dup(STDOUT_FILENO)};
+    WriteFile("none", "");
+    setenv("VISUAL", "touch opened", 1);
+    std::fflush(stdout);
+    for (const auto& [input, output] : {std::pair{terminal, none}, {none, terminal}}) {
+        dup2(input, STDIN_FILENO);
+        dup2(output, STDOUT_FILENO);
+        platform::RunEditor("", "none");
+        EXPECT_FALSE(fs::exists("opened"));
+    }
+    dup2(own[0], STDIN_FILENO);
+    dup2(own[1], STDOUT_FILENO);
+    unsetenv("VISUAL");
+    for (const int file : {master, terminal, none, own[0], own[1]})
+        close(file);
+}
+
 TEST_F(Trust, ANameIsNeverShellSyntax) {
     testing::internal::CaptureStdout(); // the lists of folders
     testing::internal::CaptureStderr(); // the shell's complaints

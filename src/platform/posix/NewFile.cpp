@@ -3,12 +3,11 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <dirent.h>
 #include <fcntl.h>
-#include <filesystem>
 #include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace tolvane::platform {
@@ -106,10 +105,10 @@ bool NewFile::PutInPlace() {
 
 void RemoveLeftovers(const std::string& target) {
     const std::string folder = FolderOf(target);
-    std::error_code error;
-    std::filesystem::directory_iterator entry(folder.empty() ? "." : folder, error);
-    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
-        if (IsNewName(entry->path().filename().string())) RemoveLeftover(folder + entry->path().filename().string());
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.empty() ? "." : folder.c_str()), closedir);
+    if (!entries) return;
+    while (const dirent* entry = readdir(entries.get()))
+        if (IsNewName(entry->d_name)) RemoveLeftover(folder + entry->d_name);
 }
 
 } // namespace tolvane::platform

@@ -16,6 +16,7 @@ namespace tolvane::console {
 namespace {
 
 bool outputIsClosed = false; // since the program's start
+bool isStuck = false;        // a reader has kept the program waiting behind a signal
 
 const CharacterCode& ConsoleCode() {
     static const CharacterCode* const code = CodeOfLocale();
@@ -32,17 +33,37 @@ Loss LossOf(int number) {
     return {std::strerror(number), number == EPIPE};
 }
 
-// The last bytes of a program that a signal ends: as many of them as the reader takes without making it wait.
-void WriteLast(std::string_view bytes) {
+// The last bytes of a program that a signal ends or stops: as many of them as the reader takes without making it wait.
+// False if there are more.
+bool WriteLast(int file, std::string_view bytes) {
     constexpr std::size_t alwaysFits = 512; // into a pipe that takes anything
     constexpr int patience = 100;
-    while (!bytes.empty() && WaitFor(STDOUT_FILENO, POLLOUT, patience)) {
-        const ssize_t written = write(STDOUT_FILENO, bytes.data(), std::min(bytes.size(), alwaysFits));
+    while (!bytes.empty() && WaitFor(file, POLLOUT, patience)) {
+        const ssize_t written = write(file, bytes.data(), std::min(bytes.size(), alwaysFits));
         if (written > 0)
             bytes.remove_prefix(static_cast<std::size_t>(written));
         else if (errno != EINTR && errno != EAGAIN)
-            return;
+            return false;
     }
+    return bytes.empty();
+}
+
+// Writes all bytes, or as many as can be written behind a signal.
+std::optional<Loss> WriteAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        if (isStuck || signals::EndAsked() || signals::InterruptAsked()) {
+            isStuck = !WriteLast(file, bytes) || isStuck;
+            break;
+        }
+        const ssize_t written = write(file, bytes.data(), bytes.size());
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        else if (written < 0 && errno == EAGAIN)
+            WaitFor(file, POLLOUT, -1);
+        else if (written == 0 || errno != EINTR)
+            return LossOf(errno);
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -88,29 +109,11 @@ std::size_t ReadInput(char* bytes, std::size_t size) {
 
 std::optional<Loss> WriteOutput(std::string_view bytes) {
     if (outputIsClosed && !bytes.empty()) return LossOf(EBADF);
-    while (!bytes.empty()) {
-        if (signals::EndAsked()) {
-            WriteLast(bytes);
-            break;
-        }
-        const ssize_t written = write(STDOUT_FILENO, bytes.data(), bytes.size());
-        if (written > 0)
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        else if (written < 0 && errno == EAGAIN)
-            WaitFor(STDOUT_FILENO, POLLOUT, -1);
-        else if (written == 0 || errno != EINTR)
-            return LossOf(errno);
-    }
-    return std::nullopt;
+    return WriteAll(STDOUT_FILENO, bytes);
 }
 
 std::optional<Loss> WriteErrorOutput(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(STDERR_FILENO, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) return LossOf(errno);
-        if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return std::nullopt;
+    return WriteAll(STDERR_FILENO, bytes);
 }
 
 bool OutputIsTerminal() {

@@ -12,8 +12,10 @@ constexpr std::int64_t TimerUnits = 1'000'000; // of 100 nanoseconds
 
 std::atomic<bool> ending{false};
 std::atomic<bool> reading{false};
+std::atomic<bool> writing{false};
+std::atomic<unsigned> writes{0}; // begun so far
 std::atomic<bool> elsewhere{false};
-HANDLE reader = nullptr; // the thread that reads the standard input
+HANDLE reader = nullptr; // the thread that reads the standard input and writes the output
 PTP_TIMER timer = nullptr;
 
 void Pull() {
@@ -30,13 +32,16 @@ void CALLBACK NoteTimer(PTP_CALLBACK_INSTANCE, void*, PTP_TIMER) {
 // system ends the program as soon as this comes back. Who waits for something else than input has a moment for the end.
 BOOL WINAPI Note(DWORD event) {
     constexpr int patience = 200;
+    constexpr int moment = 10;
     constexpr DWORD pause = 10;
     const bool isKey = event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT;
     if (isKey && elsewhere) return TRUE;
     (isKey ? interrupt : ending) = true;
     Pull();
-    for (int i = 0; i < patience && (reading || EndAsked()); ++i) {
-        if (reading) CancelSynchronousIo(reader); // once more, because the read may just have been about to begin
+    const unsigned write = writes;
+    for (int i = 0; i < patience && (reading || writing || EndAsked()); ++i) {
+        // Once more, because the read may just have been about to begin.
+        if (reading || (writing && write == writes && i >= moment)) CancelSynchronousIo(reader);
         Sleep(pause);
     }
     EndIfAsked();
@@ -74,6 +79,15 @@ Reading::Reading() {
 
 Reading::~Reading() {
     reading = false;
+}
+
+Writing::Writing() {
+    ++writes;
+    writing = true;
+}
+
+Writing::~Writing() {
+    writing = false;
 }
 
 Elsewhere::Elsewhere() {

@@ -107,13 +107,24 @@ std::optional<Loss> WriteToConsole(HANDLE console, std::string_view utf8) {
     return std::nullopt;
 }
 
+bool isStuck = false; // the reader of a pipe has kept the program waiting behind Ctrl + C
+
+bool WriteWhole(HANDLE file, std::string_view bytes) {
+    const signals::Writing writing;
+    return platform::WriteBytes(reinterpret_cast<platform::FileNumber>(file), bytes);
+}
+
 std::optional<Loss> WriteTo(DWORD which, std::string_view bytes) {
     const HANDLE file = GetStdHandle(which);
-    if (bytes.empty()) return std::nullopt;
+    if (bytes.empty() || (isStuck && GetFileType(file) == FILE_TYPE_PIPE)) return std::nullopt;
     if (file == nullptr || file == INVALID_HANDLE_VALUE) return LossOf(ERROR_INVALID_HANDLE);
     if (IsConsole(which)) return WriteToConsole(file, bytes);
-    if (platform::WriteBytes(reinterpret_cast<platform::FileNumber>(file), bytes)) return std::nullopt;
-    return LossOf(GetLastError());
+    if (WriteWhole(file, bytes)) return std::nullopt;
+    const DWORD failure = GetLastError();
+    if (failure != ERROR_OPERATION_ABORTED) return LossOf(failure);
+    isStuck = true;
+    signals::WaitForAsking();
+    return std::nullopt;
 }
 
 // Reads a part of a line that is typed, as UTF-8. Ctrl + Z at its beginning is the end of the input.

@@ -12,6 +12,15 @@ public:
     Reading& operator=(const Reading&) = delete;
 };
 
+// While one of these lives, the same cancels a write that nobody takes in a tenth of a second.
+class Writing {
+public:
+    Writing();
+    ~Writing();
+    Writing(const Writing&) = delete;
+    Writing& operator=(const Writing&) = delete;
+};
+
 // While one of these lives, Ctrl + C is the business of a program that was started.
 class Elsewhere {
 public:
@@ -21,7 +30,7 @@ public:
     Elsewhere& operator=(const Elsewhere&) = delete;
 };
 
-// After a read that was cancelled: waits a moment for what has cancelled it, which comes in a thread of its own.
+// After a read or a write that was cancelled: waits a moment for what has cancelled it, which comes in a thread of its own.
 void WaitForAsking();
 
 } // namespace tolvane::signals
