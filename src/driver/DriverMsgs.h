@@ -120,6 +120,7 @@ struct DriverCatalogue {
     // {0} the system's reason
     Msg OutOfMemory{"\nThe source needs more memory than there is. It has been given up.\n",
                     "\nメモリが足りないので、このソースのアセンブルを中止しました。\n"};
+    Msg MemoryEnded{"tolvane: out of memory\n", "tolvane: メモリ不足です\n"};
     Msg SettingsNotSaved{"tolvane: the settings cannot be saved: {0}\n", "tolvane: 設定を保存できません: {0}\n"};
     Msg NotStarted{"tolvane: no program that shows this can be started: {0}\n",
                    "tolvane: 表示に使うプログラムを起動できません: {0}\n"};

@@ -42,13 +42,22 @@ bool StartsNextCycle(int result) {
 
 int TGame::Run() {
     console::Start(EndWithoutOutput);
+    try {
+        StartAndRun();
+    } catch (const std::bad_alloc&) {
+        console::WriteError(DriverMsg.MemoryEnded.For(modeFlags->Lang, WordingNWW));
+        exitStatus = EXIT_FAILURE;
+    }
+    console::Flush();
+    return exitStatus;
+}
+
+void TGame::StartAndRun() {
     StartUp();
-    if (IsGivenUp(modeFlags->FightFunc)) return exitStatus;
+    if (IsGivenUp(modeFlags->FightFunc)) return;
     const Pipeline* pipeline = FindPipeline(modeFlags->FightFunc);
     if (pipeline == nullptr) Say(DriverMsg.PipelineByDefault);
     RunPipeline(pipeline != nullptr ? *pipeline : DefaultPipeline());
-    console::Flush();
-    return exitStatus;
 }
 
 void TGame::StartUp() {

@@ -13,6 +13,7 @@ public:
     int Run();
 
 private:
+    void StartAndRun();
     void StartUp();
     void RunPipeline(const Pipeline& pipeline);
     void StartPipeline(const Pipeline& pipeline);
