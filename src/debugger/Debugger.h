@@ -65,7 +65,9 @@ struct Outcome {
 class Debugger {
 public:
     // The machine's linked program at moment 0; see History.
-    explicit Debugger(Tcomet2& linked = *comet2, Moment stretch = History::UsualStretch) : past(linked, stretch) {}
+    explicit Debugger(Tcomet2& linked = *comet2, Moment stretch = History::UsualStretch,
+                      std::size_t mostCheckpoints = History::UsualCheckpoints)
+        : past(linked, stretch, mostCheckpoints) {}
 
     // For typing, output and notes. Now must not be moved behind the back of a task.
     History& Past() { return past; }

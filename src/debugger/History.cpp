@@ -31,8 +31,8 @@ template <class Records> void Cut(Records& records, Moment moment) {
 
 } // namespace
 
-History::History(Tcomet2& linked, Moment stretchLength)
-    : stretch(stretchLength),
+History::History(Tcomet2& linked, Moment stretchLength, std::size_t most)
+    : stretch(stretchLength), mostCheckpoints(most),
       machine(linked), io{WriteOut, ReadIn,   KeepNote,
                           this,     KeepTold, [](void* self) { return static_cast<History*>(self)->IsReady(); }} {
     machine.BeginRun();
@@ -107,7 +107,7 @@ std::int64_t History::RunPiece(std::int64_t instructions, const Watched* watched
 void History::KeepCheckpoint() {
     const std::size_t place = CountUpTo(checkpoints, now);
     if (place > 0 && checkpoints[place - 1].moment == now) return;
-    std::unique_ptr<RunState> state = checkpoints.size() < MostCheckpoints ? nullptr : Thin();
+    std::unique_ptr<RunState> state = checkpoints.size() < mostCheckpoints ? nullptr : Thin();
     if (!state) state.reset(new RunState);
     machine.Keep(*state);
     const auto behind = checkpoints.begin() + static_cast<std::ptrdiff_t>(CountUpTo(checkpoints, now));

@@ -22,7 +22,7 @@ using Moment = std::int64_t;
 class History {
 public:
     static constexpr Moment UsualStretch = 1'000'000;
-    static constexpr std::size_t MostCheckpoints = 96;
+    static constexpr std::size_t UsualCheckpoints = 96; // half a megabyte each
     // Output that is kept, in bytes with a share for each line; of more the oldest lines are forgotten.
     static constexpr std::size_t MostOutput = 16'777'216;
 
@@ -47,8 +47,9 @@ public:
     // The machine's linked program at moment 0. While the object is used, the machine runs for it alone, and neither
     // pipeline nor program change.
     //
-    // Checkpoints of the recent past are `stretch` moments apart.
-    explicit History(Tcomet2& linked = *comet2, Moment stretch = UsualStretch);
+    // Checkpoints of the recent past are `stretch` moments apart; at most so many (3 or more) are kept.
+    explicit History(Tcomet2& linked = *comet2, Moment stretch = UsualStretch,
+                     std::size_t mostCheckpoints = UsualCheckpoints);
     History(const History&) = delete;
     History& operator=(const History&) = delete;
 
@@ -121,6 +122,7 @@ private:
     void AddNote(Severity severity, int address, const Msg& msg, Args args);
 
     const Moment stretch;
+    const std::size_t mostCheckpoints;
     Tcomet2& machine;
     MachineIo io;
     Moment now = 0;

@@ -120,7 +120,7 @@ protected:
         EXPECT_EQ(told, plain->told);
         const bool isEnd = past.StopHere() != Stop::None && past.StopHere() != Stop::InputWanted;
         EXPECT_EQ(isEnd ? past.StopHere() : Stop::LimitReached, plain->stop);
-        EXPECT_LE(past.CheckpointCount(), History::MostCheckpoints);
+        EXPECT_LE(past.CheckpointCount(), History::UsualCheckpoints);
     }
 
     void GoAbout(const Words& words, Random& random) {

@@ -1,0 +1,57 @@
+// Output and input of the run, as they came.
+
+import type { ConsoleEntry, State } from './engine.js';
+import { button, h, inEachLanguage, named, region, replaceIfChanged } from './dom.js';
+import { t } from './texts.js';
+
+export interface Console {
+  element: HTMLElement;
+  show(state: State | undefined): void;
+}
+
+export function makeConsole(uses: { type(line: string): void; endInput(): void; goTo(line: number): void; saveDump(): void }): Console {
+  const lines = named(h('div', { class: 'console', tabindex: 0, role: 'log' }), 'output');
+  const input = named(h('input', { type: 'text', autocomplete: 'off', spellcheck: 'false' }), 'inputLine');
+  inEachLanguage(input, () => (input.placeholder = t('inputLine')));
+  const waiting = h('span', { class: 'hint' });
+  const end = button('endOfInput', () => uses.endInput());
+  const form = h('form', { class: 'input' }, input, h('button', { type: 'submit' }, inEachLanguage(document.createTextNode(''), (node) => (node.data = t('enter')))), end, waiting);
+  form.addEventListener('submit', (event) => {
+    event.preventDefault();
+    uses.type(input.value);
+    input.value = '';
+  });
+  const dump = button('saveDump', () => uses.saveDump(), { class: 'quiet' });
+  const element = region('output', { class: 'panel', id: 'output' }, dump, lines, form);
+
+  function lineOf(entry: ConsoleEntry) {
+    const text = entry.kind === 'end' ? t('inputEnded') : entry.kind === 'more' ? t('moreAbove') : entry.text.replace(/\n$/, '');
+    const row = h('div', { class: 'line-' + entry.kind }, text);
+    if (entry.line !== undefined && entry.line >= 0) {
+      const line = entry.line;
+      row.append(' ', h('button', { type: 'button', class: 'place', onclick: () => uses.goTo(line) }, t('atLine', line + 1)));
+    }
+    return row;
+  }
+  let shown: State | undefined;
+  function show() {
+    const entries = shown?.console ?? [];
+    const rows = entries.length > 0 ? entries.map(lineOf) : [h('div', { class: 'hint' }, t('noOutput'))];
+    const atEnd = lines.scrollTop + lines.clientHeight >= lines.scrollHeight - 20;
+    replaceIfChanged(lines, rows);
+    if (atEnd) lines.scrollTop = lines.scrollHeight;
+    const wants = shown?.wantsInput ?? false;
+    if (wants && !form.classList.contains('wanted')) lines.scrollTop = lines.scrollHeight;
+    form.classList.toggle('wanted', wants);
+    waiting.textContent = shown && shown.waiting > 0 ? t('linesWaiting', shown.waiting) : wants ? t('wantsInput') : '';
+    dump.disabled = input.disabled = end.disabled = !shown;
+  }
+  inEachLanguage(element, show);
+  return {
+    element,
+    show(state) {
+      shown = state;
+      show();
+    },
+  };
+}

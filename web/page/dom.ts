@@ -1,0 +1,67 @@
+// Elements, and texts that follow the language.
+
+import { t, type TextKey } from './texts.js';
+
+type Child = Node | string | false | undefined;
+type Attributes = Record<string, string | number | boolean | ((event: Event) => void) | undefined>;
+
+// Attributes by name; one that begins with "on" is called for that event. Children that are strings become text.
+export function h<K extends keyof HTMLElementTagNameMap>(tag: K, attributes: Attributes = {}, ...children: Child[]): HTMLElementTagNameMap[K] {
+  const element = document.createElement(tag);
+  for (const [name, value] of Object.entries(attributes)) {
+    if (typeof value === 'function') element.addEventListener(name.slice(2), value);
+    else if (value === true) element.setAttribute(name, '');
+    else if (value !== false && value !== undefined) element.setAttribute(name, String(value));
+  }
+  element.append(...children.filter((child) => child !== false && child !== undefined));
+  return element;
+}
+
+// What is done now and whenever the language changes.
+const followers: (() => void)[] = [];
+export function inEachLanguage<T>(what: T, say: (what: T) => void): T {
+  followers.push(() => say(what));
+  say(what);
+  return what;
+}
+export function languageChanged() {
+  for (const say of followers) say();
+}
+
+export const word = (key: TextKey) => inEachLanguage(document.createTextNode(''), (node) => (node.data = t(key)));
+export function named<E extends Element>(element: E, key: TextKey, hint?: TextKey): E {
+  return inEachLanguage(element, () => {
+    element.setAttribute('aria-label', t(key));
+    if (hint) element.setAttribute('title', t(hint));
+  });
+}
+
+export function button(key: TextKey, act: () => void, attributes: Attributes = {}): HTMLButtonElement {
+  return h('button', { type: 'button', onclick: act, ...attributes }, word(key));
+}
+
+// A part of the page with a heading, which names it.
+export function region(key: TextKey, attributes: Attributes, ...children: Child[]): HTMLElement {
+  const heading = h('h2', {}, word(key));
+  return named(h('section', attributes, heading, ...children), key);
+}
+
+// Puts new children in only if they differ from the old ones, so that focus and reading place stay.
+export function replaceIfChanged(parent: Element, children: Node[]) {
+  const holder = document.createElement(parent.tagName);
+  holder.append(...children);
+  if (holder.innerHTML === parent.innerHTML) return;
+  parent.replaceChildren(...holder.childNodes);
+}
+
+export function dialog(key: TextKey, ...children: Child[]): HTMLDialogElement {
+  const closing = h('button', { type: 'button', class: 'close', onclick: () => element.close() }, '✕');
+  named(closing, 'close');
+  const heading = h('h2', {}, word(key));
+  const element = named(h('dialog', {}, h('header', {}, heading, closing), ...children), key);
+  element.addEventListener('click', (event) => {
+    if (event.target === element) element.close();
+  });
+  document.body.append(element);
+  return element;
+}
