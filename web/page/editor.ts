@@ -126,6 +126,7 @@ export interface Editor {
   showChecked(diagnostics: Diagnostic[], lines: LineInfo[]): void;
   showRun(line: number, counts: number[]): void;
   goTo(line: number): void;
+  reveal(line: number): void; // without taking the focus
   toggleBreakpoint(): void;
   languageChanged(): void;
 }
@@ -234,6 +235,7 @@ export function makeEditor(parent: Element, uses: EditorUses): Editor {
       view.dispatch({ selection: { anchor: at(line).from }, effects: EditorView.scrollIntoView(at(line).from, { y: 'center' }) });
       view.focus();
     },
+    reveal: (line) => view.dispatch({ effects: EditorView.scrollIntoView(at(line).from, { y: 'nearest', yMargin: 40 }) }),
     toggleBreakpoint: () => void toggleAt(view.state.doc.lineAt(view.state.selection.main.head).from),
     languageChanged: () => view.dispatch({ effects: names.reconfigure(nameOfText()) }),
   };

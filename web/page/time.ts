@@ -20,6 +20,7 @@ export interface Time {
   out(): void;
   continueBack(): void;
   pace(): number;
+  isDragging(): boolean; // the slider
 }
 
 const paces = [1, 2, 5, 10, 30, 100, 1000, 0];
@@ -114,8 +115,7 @@ export function makeTime(uses: TimeUses): Time {
     slider.disabled = past || state!.latest === 0;
     if (state) {
       slider.max = String(state.latest);
-      if (document.activeElement !== slider || running || Number(slider.value) > state.latest) slider.value = String(state.now);
-      else if (!dragging) slider.value = String(state.now);
+      if (!dragging) slider.value = String(state.now);
     }
     const position = state ? t('moment', state.now.toLocaleString('en'), state.latest.toLocaleString('en')) : '';
     moment.textContent = position;
@@ -125,12 +125,13 @@ export function makeTime(uses: TimeUses): Time {
   }
   let dragging = false;
   slider.addEventListener('pointerdown', () => (dragging = true));
-  slider.addEventListener('pointerup', () => (dragging = false));
+  addEventListener('pointerup', () => (dragging = false));
   inEachLanguage(element, show);
   const unless = (control: HTMLButtonElement, act: () => void) => () => void (control.disabled || act());
   return {
     element,
     pace,
+    isDragging: () => dragging,
     show(picture, stale) {
       shown = picture;
       isStale = stale;
