@@ -133,7 +133,7 @@ val Decode(const std::string& bytes) {
     std::string swallowed;
     console::WriteTo(&swallowed);
     BeginAssembly(game, DefaultPipeline(), 1);
-    ReadSourceBytes("", &bytes);
+    ReadSourceBytes(SourceName, &bytes);
     console::WriteTo(nullptr);
     std::string text;
     for (const SrcDataW& line : b->vecSrcW) {
@@ -176,7 +176,7 @@ bool Assemble(const std::string& source, const std::string& pipeline, int langua
     console::WriteTo(&swallowed);
     BeginAssembly(sums, named != nullptr ? *named : DefaultPipeline(), language);
     const std::string bytes = std::string(Utf8Mark) + source;
-    const bool good = ReadSourceBytes("", &bytes) == 0 && RunStages(sums) && RunLink(sums) >= 0;
+    const bool good = ReadSourceBytes(SourceName, &bytes) == 0 && RunStages(sums) && RunLink(sums) >= 0;
     console::WriteTo(nullptr);
     return good;
 }

@@ -13,6 +13,9 @@ namespace tolvane::web {
 
 using emscripten::val;
 
+// The reading rule asks for one.
+inline constexpr const char* SourceName = "source.txt";
+
 val Strings(const std::vector<std::string>& texts);
 
 // Forgets the program before, assembles and links the source, UTF-8. Whether its image is good.

@@ -20,7 +20,7 @@ bool Grade(const std::string& source, const std::string& pipeline, int language,
     options.pipeline = FindPipeline(pipeline);
     options.grade = folder;
     modeFlags->Lang = language;
-    const int status = run::Grade(options, "", std::string(Utf8Mark) + source);
+    const int status = run::Grade(options, SourceName, std::string(Utf8Mark) + source);
     run::FlushErr();
     console::Flush();
     return status == run::AllEnded;

@@ -79,7 +79,7 @@ bool Work(double budget) {
 // "watch" or "stopped".
 std::string Pace(int instructions) {
     Debugger& debugger = loaded->debugger;
-    const auto values = [&debugger] {
+    const auto values = [&debugger = debugger] {
         std::vector<int> found;
         for (const Cell& cell : debugger.Watches())
             found.push_back(debugger::ValueOf(debugger.Machine(), cell));
@@ -192,7 +192,8 @@ val Counts() {
     val counts = val::array();
     for (int line = 0; line < loaded->image.LineCount(); ++line) {
         const image::LineText text = loaded->image.TextOf(line);
-        counts.call<void>("push", text.isInstruction ? machine.RunCount[static_cast<std::size_t>(text.address)] : -1);
+        const bool isOwn = text.isInstruction && loaded->image.LineOf(text.address) == line;
+        counts.call<void>("push", isOwn ? machine.RunCount[static_cast<std::size_t>(text.address)] : 0);
     }
     return counts;
 }

@@ -171,7 +171,9 @@ export function makeMachine(uses: MachineUses): Machine {
     const cells = each.words.map((value, i) => {
       const address = each.address + i;
       const was = old.get(address);
-      return cellButton({ kind: 'word', index: address }, formatted(value, uses.format()), marks && was !== undefined && was !== value);
+      const cell = cellButton({ kind: 'word', index: address }, formatted(value, uses.format()), marks && was !== undefined && was !== value);
+      cell.classList.toggle('next', address === pr);
+      return cell;
     });
     const isHere = each.words.some((_, i) => each.address + i === pr);
     return h(
