@@ -1,16 +1,7 @@
 // Faults, words and explanations of a source, and sources as files.
 
 #include "Engine.h"
-#if __has_include("explain/Explanations.h")
 #include "explain/Explanations.h"
-#else
-#include "run/Explain.h"
-namespace tolvane::explain {
-using run::Explanation;
-using run::Explanations;
-} // namespace tolvane::explain
-#define OLD_EXPLANATIONS
-#endif
 #include "input/Readers.h"
 #include "input/TMoziCode.h"
 #include "machine/Tcomet2.h"
@@ -32,11 +23,7 @@ namespace {
 int ExplanationOf(const Msg& row) {
     using explain::Explanations;
     const auto explains = [&row](const explain::Explanation& entry) {
-#ifdef OLD_EXPLANATIONS
-        return entry.row == &row;
-#else
         return std::find(entry.rows.begin(), entry.rows.end(), &row) != entry.rows.end();
-#endif
     };
     const auto found = std::find_if(Explanations.begin(), Explanations.end(), explains);
     return found == Explanations.end() ? -1 : static_cast<int>(found - Explanations.begin());
@@ -93,12 +80,8 @@ val Opcodes() {
     for (const Opcode& opcode : opcodes::Table) {
         val entry = val::object();
         entry.set("word", std::string(opcode.word));
-        const auto explains = [&opcode]([[maybe_unused]] const explain::Explanation& each) {
-#ifdef OLD_EXPLANATIONS
-            return opcode.word.empty();
-#else
+        const auto explains = [&opcode](const explain::Explanation& each) {
             return each.kind == explain::Kind::Opcode && each.id == opcode.word;
-#endif
         };
         const auto& all = explain::Explanations;
         const auto found = std::find_if(all.begin(), all.end(), explains);

@@ -28,6 +28,14 @@ constexpr int MostStackWords = 200;
 struct Loaded {
     image::LinkedImage image;
     Debugger debugger{*comet2, History::UsualStretch, MostCheckpoints};
+    std::vector<int> instructions; // the address of each line's first, -1 without one
+
+    Loaded() {
+        for (int line = 0; line < image.LineCount(); ++line) {
+            const image::LineText text = image.TextOf(line);
+            instructions.push_back(text.isInstruction && image.LineOf(text.address) == line ? text.address : -1);
+        }
+    }
 };
 std::optional<Loaded> loaded;
 
@@ -186,15 +194,24 @@ val Console() {
     return array;
 }
 
+// The same mark, the same console.
+std::string ConsoleMark() {
+    const History& past = loaded->debugger.Past();
+    const auto& notes = past.Notes();
+    const auto told = std::count_if(notes.begin(), notes.end(), [&](const auto& note) { return note.moment <= past.Now(); });
+    std::string mark;
+    for (const auto part : {static_cast<std::int64_t>(past.OutputCount()), static_cast<std::int64_t>(past.ReadCount()),
+                            static_cast<std::int64_t>(told), past.ForgottenLines()})
+        mark += std::to_string(part) + " ";
+    return mark + std::to_string(modeFlags->Lang);
+}
+
 // How often each line has been executed.
 val Counts() {
     const Tcomet2& machine = loaded->debugger.Machine();
     val counts = val::array();
-    for (int line = 0; line < loaded->image.LineCount(); ++line) {
-        const image::LineText text = loaded->image.TextOf(line);
-        const bool isOwn = text.isInstruction && loaded->image.LineOf(text.address) == line;
-        counts.call<void>("push", isOwn ? machine.RunCount[static_cast<std::size_t>(text.address)] : 0);
-    }
+    for (const int address : loaded->instructions)
+        counts.call<void>("push", address < 0 ? 0 : machine.RunCount[static_cast<std::size_t>(address)]);
     return counts;
 }
 
@@ -219,7 +236,6 @@ val State() {
     state.set("sf", machine.Fsign);
     state.set("zf", machine.Fzero);
     state.set("line", loaded->image.LineOf(machine.PR & 0xFFFF));
-    state.set("console", Console());
     state.set("stack", StackWords(debugger));
     return state;
 }
@@ -293,9 +309,9 @@ void SetBreakpoints(const val& lines) {
     for (const int address : std::vector<int>(debugger.Breakpoints()))
         debugger.DeleteBreakpoint(address);
     for (const int line : emscripten::vecFromJSArray<int>(lines)) {
-        if (line < 0 || line >= loaded->image.LineCount()) continue;
-        const image::LineText text = loaded->image.TextOf(line);
-        if (text.isInstruction && loaded->image.LineOf(text.address) == line) debugger.SetBreakpoint(text.address);
+        const auto i = static_cast<std::size_t>(line);
+        if (i < loaded->instructions.size() && loaded->instructions[i] >= 0)
+            debugger.SetBreakpoint(loaded->instructions[i]);
     }
 }
 
@@ -327,6 +343,8 @@ EMSCRIPTEN_BINDINGS(running) {
     emscripten::function("pace", &Pace);
     emscripten::function("outcome", &Outcome);
     emscripten::function("state", &State);
+    emscripten::function("console", &Console);
+    emscripten::function("consoleMark", &ConsoleMark);
     emscripten::function("counts", &Counts);
     emscripten::function("memoryRows", &MemoryRows);
     emscripten::function("wordAt", &WordAt);

@@ -6,7 +6,7 @@ import { t } from './texts.js';
 
 export interface Console {
   element: HTMLElement;
-  show(state: State | undefined): void;
+  show(state: State | undefined, entries?: ConsoleEntry[]): void; // without entries the console is as before
 }
 
 export function makeConsole(uses: { type(line: string): void; endInput(): void; goTo(line: number): void; saveDump(): void }): Console {
@@ -34,23 +34,32 @@ export function makeConsole(uses: { type(line: string): void; endInput(): void; 
     return row;
   }
   let shown: State | undefined;
+  let entries: ConsoleEntry[] = [];
+  let isNew = true;
   function show() {
-    const entries = shown?.console ?? [];
-    const rows = entries.length > 0 ? entries.map(lineOf) : [h('div', { class: 'hint' }, t('noOutput'))];
-    const atEnd = lines.scrollTop + lines.clientHeight >= lines.scrollHeight - 20;
-    replaceIfChanged(lines, rows);
-    if (atEnd) lines.scrollTop = lines.scrollHeight;
+    if (isNew) showLines();
+    isNew = false;
     const wants = shown?.wantsInput ?? false;
     if (wants && !form.classList.contains('wanted')) lines.scrollTop = lines.scrollHeight;
     form.classList.toggle('wanted', wants);
     waiting.textContent = shown && shown.waiting > 0 ? t('linesWaiting', shown.waiting) : wants ? t('wantsInput') : '';
     dump.disabled = input.disabled = end.disabled = !shown;
   }
-  inEachLanguage(element, show);
+  function showLines() {
+    const rows = entries.length > 0 ? entries.map(lineOf) : [h('div', { class: 'hint' }, t('noOutput'))];
+    const atEnd = lines.scrollTop + lines.clientHeight >= lines.scrollHeight - 20;
+    replaceIfChanged(lines, rows);
+    if (atEnd) lines.scrollTop = lines.scrollHeight;
+  }
+  inEachLanguage(element, () => ((isNew = true), show()));
   return {
     element,
-    show(state) {
+    show(state, found) {
       shown = state;
+      if (!state || found) {
+        entries = state ? found! : [];
+        isNew = true;
+      }
       show();
     },
   };

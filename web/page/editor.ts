@@ -128,7 +128,19 @@ export interface Editor {
   goTo(line: number): void;
   reveal(line: number): void; // without taking the focus
   toggleBreakpoint(): void;
+  wordAtCursor(): { word: string; line: number };
   languageChanged(): void;
+}
+
+// The word of letters and digits at a place, which may be empty.
+function wordAt(state: EditorState, position: number) {
+  const line = state.doc.lineAt(position);
+  const isWordChar = (at: number) => /[A-Z0-9]/.test(line.text[at] ?? '');
+  let from = position - line.from;
+  let to = from;
+  while (from > 0 && isWordChar(from - 1)) --from;
+  while (isWordChar(to)) ++to;
+  return { from: line.from + from, to: line.from + to, word: line.text.slice(from, to), line: line.number - 1 };
 }
 
 const severities = ['error', 'warning', 'info', 'hint'] as const;
@@ -148,17 +160,12 @@ export function makeEditor(parent: Element, uses: EditorUses): Editor {
     domEventHandlers: { mousedown: (_, line) => toggleAt(line.from) },
   });
   const hover = hoverTooltip(async (each, position) => {
-    const line = each.state.doc.lineAt(position);
-    const isWordChar = (at: number) => /[A-Z0-9]/.test(line.text[at] ?? '');
-    let from = position - line.from;
-    let to = from;
-    while (from > 0 && isWordChar(from - 1)) --from;
-    while (isWordChar(to)) ++to;
-    const text = from < to ? await uses.explain(line.text.slice(from, to), line.number - 1) : undefined;
+    const { from, to, word, line } = wordAt(each.state, position);
+    const text = word ? await uses.explain(word, line) : undefined;
     if (!text) return null;
     return {
-      pos: line.from + from,
-      end: line.from + to,
+      pos: from,
+      end: to,
       above: true,
       create() {
         const dom = document.createElement('pre');
@@ -237,6 +244,7 @@ export function makeEditor(parent: Element, uses: EditorUses): Editor {
     },
     reveal: (line) => view.dispatch({ effects: EditorView.scrollIntoView(at(line).from, { y: 'nearest', yMargin: 40 }) }),
     toggleBreakpoint: () => void toggleAt(view.state.doc.lineAt(view.state.selection.main.head).from),
+    wordAtCursor: () => wordAt(view.state, view.state.selection.main.head),
     languageChanged: () => view.dispatch({ effects: names.reconfigure(nameOfText()) }),
   };
 }

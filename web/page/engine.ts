@@ -82,7 +82,6 @@ export interface State {
   sf: number;
   zf: number;
   line: number;
-  console: ConsoleEntry[];
   stack: StackWord[];
 }
 export type Why =
@@ -122,6 +121,8 @@ export interface Engine {
   pace(instructions: number): Why;
   outcome(): Outcome;
   state(): State;
+  console(): ConsoleEntry[];
+  consoleMark(): string;
   counts(): number[];
   memoryRows(first: number, rows: number): MemoryRow[];
   wordAt(address: number): Word;
@@ -141,6 +142,7 @@ export interface Picture {
   counts: number[];
   memory: MemoryRow[];
   running: boolean;
+  console?: ConsoleEntry[]; // if it has changed
   outcome?: Outcome; // of the task that has ended
 }
 
@@ -152,6 +154,7 @@ export interface Questions {
   encodeShiftJis(text: string): Encoded;
   grade(source: string, pipeline: Pipeline, language: Language, name: string, cases: CaseFile[]): Graded;
   load(source: string, pipeline: Pipeline, language: Language): { good: boolean; diagnostics: Diagnostic[] };
+  unload(): void; // no picture comes behind its answer
   task(task: Task, back: boolean, number: number, pace: number): void; // instructions a second, 0: at full speed
   who(kind: CellKind, index: number): Outcome;
   pause(): void;

@@ -201,7 +201,7 @@ export function makeMachine(uses: MachineUses): Machine {
   function showStack(state: State) {
     const items = state.stack.map((each) => {
       const call = each.routine === undefined ? '' : t('calledFrom', each.routine, (each.line ?? -1) + 1);
-      return h('li', {}, h('span', { class: 'address' }, hex(each.address)), ' ', cellButton({ kind: 'word', index: each.address }, formatted(each.value, uses.format())), ' ', h('span', { class: 'code' }, call));
+      return h('li', {}, h('span', { class: 'address' }, hex(each.address)), ' ', formatted(each.value, uses.format()), ' ', h('span', { class: 'code' }, call));
     });
     replaceIfChanged(words, items.length > 0 ? items : [h('li', { class: 'hint' }, t('stackEmpty'))]);
   }

@@ -4,7 +4,7 @@ import { compiledEngine, startWorker, type Client } from './client.js';
 import { makeConsole } from './console.js';
 import { button, dialog, h, inEachLanguage, languageChanged, named, region, word } from './dom.js';
 import { makeEditor } from './editor.js';
-import { pipelines, type Checked, type Picture, type Task } from './engine.js';
+import { pipelines, type Checked, type ConsoleEntry, type Picture, type Task } from './engine.js';
 import { library, type Exercise } from './library.js';
 import { makeMachine, rowsShown } from './machine.js';
 import { formats, hex, type Format } from './numbers.js';
@@ -85,6 +85,7 @@ const editor = makeEditor(h('div', { class: 'editor' }), {
   keys: [
     { key: 'Mod-Enter', run: () => time.runOrPause() },
     { key: 'F9', run: () => editor.toggleBreakpoint() },
+    { key: 'F1', run: () => void tellMeaning() },
   ],
 });
 
@@ -113,6 +114,15 @@ async function meaningOf(name: string, line: number): Promise<string | undefined
   const { value } = await machineWorker.ask('wordAt', info.address);
   return place + '\n' + t('labelValue', hex(value), value);
 }
+const meaningText = h('pre', { tabindex: 0 });
+const meaningDialog = dialog('meaningOfWord', meaningText);
+async function tellMeaning() {
+  const place = editor.wordAtCursor();
+  const text = place ? await meaningOf(place.word, place.line) : undefined;
+  if (!text) return;
+  meaningText.textContent = text;
+  meaningDialog.showModal();
+}
 function placeOf(text: string): number | undefined {
   if (/^#[0-9a-f]{1,4}$/i.test(text)) return parseInt(text.slice(1), 16);
   if (/^[0-9a-f]{4}$/i.test(text)) return parseInt(text, 16);
@@ -139,10 +149,21 @@ async function load(): Promise<boolean> {
   if (!good) return false;
   isLoaded = true;
   isStale = false;
+  if (notices.textContent?.includes(t('cannotRun'))) notices.replaceChildren();
   void machineWorker.ask('setBreakpoints', editor.breakpoints());
   for (const cell of machine.watches()) void machineWorker.ask('setWatch', cell.kind, cell.index, true);
   showAll(false);
   return true;
+}
+
+async function unload() {
+  isLoaded = false;
+  picture = undefined;
+  if (!machineWorker) return;
+  await machineWorker.ask('unload');
+  if (isLoaded) return;
+  picture = undefined;
+  showAll(false);
 }
 
 let marksChanges = false;
@@ -196,23 +217,24 @@ const output = makeConsole({
   async saveDump() {
     const name = sources.fileName();
     const text = await machineWorker.ask('dump', name);
-    download(new TextEncoder().encode('\uFEFF' + text), name.replace(/\.[^.]*$/, '') + '.result.txt');
+    const kind = picture?.state.latest === 0 ? '.assembled.txt' : '.result.txt';
+    download(new TextEncoder().encode('\uFEFF' + text), name.replace(/\.[^.]*$/, '') + kind);
   },
 });
 function goOnBehindInput(isAnswer: boolean) {
   if (isAnswer && lastTask && !lastTask.back && lastTask.task !== 'go') void machineWorker.ask('task', lastTask.task, false, 0, lastTask.pace);
 }
 
-function showAll(marks: boolean) {
+function showAll(marks: boolean, found?: ConsoleEntry[]) {
   time.show(picture, isStale);
   machine.show(picture, marks);
-  output.show(picture?.state);
+  output.show(picture?.state, found);
   if (picture) editor.showRun(isStale || (picture.running && time.pace() === 0) ? -1 : picture.state.isEnd ? -1 : picture.state.line, isStale ? [] : picture.counts);
   document.body.classList.toggle('stale', isStale && picture !== undefined);
 }
 function pictureCame(found: Picture) {
   picture = found;
-  showAll(marksChanges && !found.running);
+  showAll(marksChanges && !found.running, found.console);
   const line = found.state.line;
   if (!isStale && !found.running && line >= 0 && found.state.now > 0) editor.reveal(line);
 }
@@ -320,8 +342,7 @@ const sources = makeSources(kept, {
   show(id, text, exercise) {
     editor.open(id, text);
     showTask(exercise);
-    picture = undefined;
-    isLoaded = false;
+    void unload();
     textChanged();
   },
   replace: (text) => editor.replace(text),
@@ -430,6 +451,7 @@ document.addEventListener('keydown', (event) => {
   event.preventDefault();
   act();
 });
+addEventListener('unhandledrejection', (event) => notice(t('failed', String(event.reason)), 'bad'));
 addEventListener('pagehide', keepAll);
 addEventListener('hashchange', () => void openLink());
 

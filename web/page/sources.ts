@@ -33,10 +33,17 @@ export function makeSources(
   uses: { show(id: string, text: string, exercise: Exercise | undefined): void; replace(text: string): void; leave(): void },
 ): Sources {
   const select = named(h('select', { class: 'sources' }), 'program');
-  const resetButton = button('startAnew', () => uses.replace(find(kept.current).original()), { class: 'quiet reset' });
+  const isForeign = (id: string) => /^(file|shared):/.test(id);
+  const anew = button('startAnew', () => uses.replace(find(kept.current).original()), { class: 'quiet' });
+  const remove = button('removeSource', removeCurrent, { class: 'quiet' });
+  const resetButton = h('div', { class: 'reset' }, anew, remove);
+  function removeCurrent() {
+    delete kept.texts[kept.current];
+    open('own');
+  }
 
   // Those that no list of ours holds: opened files and shared programs.
-  const foreign = (): Source[] => Object.keys(kept.texts).filter((id) => /^(file|shared):/.test(id)).map((id) => ({ id, name: () => nameOfForeign(id), original: () => kept.texts[id] ?? '' }));
+  const foreign = (): Source[] => Object.keys(kept.texts).filter(isForeign).map((id) => ({ id, name: () => nameOfForeign(id), original: () => kept.texts[id] ?? '' }));
   const nameOfForeign = (id: string) => (id.startsWith('file:') ? id.slice(5) : t('shared') + ' ' + id.slice(7));
   const own: Source = { id: 'own', name: () => t('own'), original: () => ownBegin };
   const all = () => [own, ...foreign(), ...groups.flatMap(([, sources]) => sources)];
@@ -53,7 +60,8 @@ export function makeSources(
     const source = find(id);
     kept.current = source.id;
     list();
-    resetButton.hidden = source === own || /^(file|shared):/.test(source.id);
+    anew.hidden = source === own || isForeign(source.id);
+    remove.hidden = !isForeign(source.id);
     uses.show(source.id, kept.texts[source.id] ?? source.original(), source.exercise);
   }
   select.addEventListener('change', () => {
@@ -72,7 +80,7 @@ export function makeSources(
     },
     noteText(text) {
       const source = find(kept.current);
-      const isOriginal = !/^(file|shared):/.test(source.id) && text === source.original();
+      const isOriginal = !isForeign(source.id) && text === source.original();
       if (isOriginal) delete kept.texts[source.id];
       else kept.texts[source.id] = text;
     },

@@ -34,6 +34,7 @@ const all = {
   close: ['閉じる', 'Close'],
   copy: ['コピー', 'Copy'],
   copied: ['コピーした', 'Copied'],
+  removeSource: ['一覧から消す', 'Remove from the list'],
   startAnew: ['元のソースに戻す', 'Back to the original'],
   stepHint: ['1 命令進む (F8)', 'One instruction on (F8)'],
   stepBackHint: ['1 命令戻る (Shift+F8)', 'One instruction back (Shift+F8)'],
@@ -46,7 +47,7 @@ const all = {
 
   // Sources
   program: ['プログラム', 'Program'],
-  editor: ['ソースの編集', 'Source text'],
+  editor: ['ソースの編集（F9 ブレークポイント、F1 語の意味）', 'Source text (F9 breakpoint, F1 meaning of a word)'],
   own: ['自分のプログラム', 'My program'],
   files: ['開いたもの', 'Opened'],
   samples: ['見本', 'Samples'],
@@ -98,6 +99,8 @@ const all = {
   breakpoint: ['ブレークポイント', 'Breakpoint'],
   labelHover: ['{0} = #{1}（{2}）', '{0} = #{1} ({2})'],
   labelValue: ['内容 #{0}（{1}）', 'holds #{0} ({1})'],
+
+  meaningOfWord: ['語の意味', 'Meaning'],
 
   // Machine
   notLoaded: ['ソースにエラーがなければ、ここに COMET II が現れる。', 'The machine appears here when the source is sound.'],

@@ -14,19 +14,23 @@ let isLoaded = false;
 let view = { first: 0, rows: 32 };
 let current = 0; // the task that is worked on; a later one ends it
 let running = false;
+let shownConsole = ''; // the mark of the one that the page has
 let budget = 100 * unit;
 
 const post = (message: FromWorker) => self.postMessage(message);
 
 function show(outcome?: Outcome) {
   if (!isLoaded) return;
+  const mark = engine.consoleMark();
   const picture = {
     state: engine.state(),
     counts: engine.counts(),
     memory: engine.memoryRows(view.first, view.rows),
     running,
     ...(outcome ? { outcome } : {}),
+    ...(mark === shownConsole ? {} : { console: engine.console() }),
   };
+  shownConsole = mark;
   post({ kind: 'picture', picture });
 }
 
@@ -111,11 +115,17 @@ const answers: { [Q in Question]: (...words: Parameters<Questions[Q]>) => unknow
     stop();
     const loaded = engine.load(...words);
     isLoaded = loaded.good;
+    shownConsole = '';
     show();
     return loaded;
   },
+  unload() {
+    stop();
+    isLoaded = false;
+  },
   task: (...words) => void (isLoaded && perform(...words)),
   async who(kind, index) {
+    answers.pause();
     const mine = ++current;
     running = true;
     engine.beginWho(kind, index);
