@@ -19,7 +19,8 @@ const languages = ['ja', 'en'];
 
 // --- What the repository holds
 
-const withoutShell = (text) => text.split(/\n\n+/).filter((part) => !part.includes('../grade')).join('\n\n');
+// A task without its title, and without what concerns the shell alone.
+const taskOf = (text) => text.split(/\n\n+/).filter((part) => !part.includes('../grade') && !part.startsWith('# ')).join('\n\n');
 const titleOf = (text) => /^# (.*)$/m.exec(text)[1];
 
 function exercise(id) {
@@ -28,7 +29,7 @@ function exercise(id) {
   return {
     id,
     titles: tasks.map(titleOf),
-    tasks: tasks.map((text) => marked.parse(withoutShell(text))),
+    tasks: tasks.map((text) => marked.parse(taskOf(text))),
     start: read('examples/exercises', id, 'start.txt'),
     cases: files.map((name) => ({ name, text: read('examples/exercises', id, name) })),
   };

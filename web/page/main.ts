@@ -318,6 +318,7 @@ async function openLink() {
 
 // --- Exercises
 
+const taskTitle = h('summary', {});
 const taskText = h('div', { class: 'task-text' });
 const verdict = h('pre', { class: 'verdict', role: 'status' });
 async function grade() {
@@ -329,11 +330,12 @@ async function grade() {
   verdict.scrollIntoView({ block: 'nearest' });
 }
 const gradeButton = button('grade', () => void grade(), { class: 'primary' });
-const taskPanel = region('task', { class: 'task', hidden: true }, taskText, gradeButton, verdict);
+const taskPanel = region('task', { class: 'task', hidden: true }, h('details', { open: true }, taskTitle, taskText), gradeButton, verdict);
 function showTask(exercise: Exercise | undefined) {
   taskPanel.hidden = !exercise;
   verdict.textContent = '';
   verdict.className = 'verdict';
+  taskTitle.textContent = exercise ? exercise.titles[currentLanguage()] : '';
   // Our own text, made by the build.
   taskText.innerHTML = exercise ? exercise.tasks[currentLanguage()] : '';
 }

@@ -9,6 +9,8 @@ import puppeteer from 'puppeteer-core';
 export const root = fileURLToPath(new URL('../../', import.meta.url));
 export const address = pathToFileURL(join(root, 'build-web/tolvane.html')).href;
 
+const patience = Number(process.env.PATIENCE ?? 60_000);
+
 export async function startBrowser() {
   const profile = mkdtempSync(join(tmpdir(), 'tolvane-web-'));
   const browser = await puppeteer.launch({
@@ -36,11 +38,11 @@ export async function openPage(browser, { link = address, width = 1280, dark = f
   await page.emulateMediaFeatures([{ name: 'prefers-color-scheme', value: dark ? 'dark' : 'light' }]);
   await page.evaluateOnNewDocument((chosen) => Object.defineProperty(navigator, 'language', { get: () => chosen }), language);
   await page.goto(link);
-  await page.waitForFunction(() => document.documentElement.dataset.checked, { timeout: 60_000 });
-  const control = (name, role = 'button') => page.locator(`::-p-aria([name="${name}"][role="${role}"])`).setTimeout(60_000);
+  await page.waitForFunction(() => document.documentElement.dataset.checked, { timeout: patience });
+  const control = (name, role = 'button') => page.locator(`::-p-aria([name="${name}"][role="${role}"])`).setTimeout(patience);
   const text = (region) => page.$eval(`section[aria-label="${region}"]`, (each) => each.innerText);
   const waits = (region, wanted) =>
-    page.waitForFunction((name, part) => document.querySelector(`section[aria-label="${name}"]`).innerText.includes(part), { timeout: 60_000 }, region, wanted);
+    page.waitForFunction((name, part) => document.querySelector(`section[aria-label="${name}"]`).innerText.includes(part), { timeout: patience }, region, wanted);
   return {
     page,
     faults,
