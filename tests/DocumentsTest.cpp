@@ -18,10 +18,12 @@ namespace fs = std::filesystem;
 const fs::path Root = fs::path(TOLVANE_TESTS).parent_path();
 
 // The blocks of results, with what makes them.
-const std::map<std::string, std::string> Results = {{"output", " >found 2>other"},
-                                                    {"errors", " >other 2>found"},
-                                                    {"trace", " --trace >other 2>found"},
-                                                    {"words", " --words >other 2>found"}};
+const std::map<std::string, std::string> Results = {{"output", "tolvane-run <input >found 2>other"},
+                                                    {"errors", "tolvane-run <input >other 2>found"},
+                                                    {"trace", "tolvane-run --trace <input >other 2>found"},
+                                                    {"words", "tolvane-run --words <input >other 2>found"},
+                                                    {"debug", "tolvane-debug <typed >found 2>other"}};
+const std::string Prompt = "debug> "; // behind it stands what is typed
 
 // What both share: levels of headings, kinds of blocks, commands, sources without comments and characters.
 std::string Outline(const fs::path& document) {
@@ -42,9 +44,17 @@ std::string Outline(const fs::path& document) {
     return outline;
 }
 
+std::string Typed(const std::string& session) {
+    std::string typed;
+    for (const std::string& line : Lines(session))
+        if (line.starts_with(Prompt)) typed += line.substr(Prompt.size());
+    return typed;
+}
+
 // The guide with the results of its examples as they are now.
 std::string RunGuide(const std::string& guide, const std::string& language, const fs::path& folder) {
-    const std::string tool = " && LC_ALL=C.UTF-8 " TOLVANE_RUN " <input -l " + language + " example.txt";
+    const std::string tools =
+        "cd " + folder.string() + " && LC_ALL=C.UTF-8 " + fs::path(TOLVANE_RUN).parent_path().string();
     std::string found;
     std::string block;
     std::map<std::string, std::string> example; // its blocks
@@ -54,7 +64,9 @@ std::string RunGuide(const std::string& guide, const std::string& language, cons
             if (result != Results.end()) {
                 WriteFile(folder / "example.txt", example["casl"]);
                 WriteFile(folder / "input", example["input"]);
-                EXPECT_NE(std::system(("cd " + folder.string() + tool + result->second).c_str()), -1);
+                WriteFile(folder / "typed", Typed(example[block]));
+                const std::string command = tools + "/" + result->second + " -l " + language + " example.txt";
+                EXPECT_NE(std::system(command.c_str()), -1);
                 found += ReadFile(folder / "found");
             }
             block = block.empty() ? line.substr(3, line.size() - 4) + (line == "```\n" ? "text" : "") : "";

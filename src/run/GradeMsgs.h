@@ -23,8 +23,7 @@ struct GradeCatalogue {
 
     // What the task demands beside the output
     Msg Changed{"   {0} has changed {1}\n", "   {0} が {1} を変えた\n"};
-    Msg Looks{"   Words of {1} that were looked at: {0}; allowed: {2}\n",
-              "   {1} の語を {0} 個見た（{2} 個まで）\n"};
+    Msg Looks{"   Words of {1} that were looked at: {0}; allowed: {2}\n", "   {1} の語を {0} 個見た（{2} 個まで）\n"};
     Msg NoSuchLabel{"The task needs a label {0}, which is not there.\n", "問題で使うラベル {0} がない。\n"};
     Msg NoRecursion{"No subroutine calls itself, as the task demands.\n",
                     "問題の求める、自分自身を呼び出す副プログラムがない。\n"};
