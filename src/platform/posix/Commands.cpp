@@ -15,9 +15,7 @@
 #include <unistd.h>
 #include <vector>
 
-#ifdef __APPLE__
-extern char** environ; // which no header of this system declares
-#endif
+extern "C" char** environ; // not every system has it in a header
 
 namespace tolvane::platform {
 
