@@ -221,6 +221,19 @@ void AddSound(Entry& entry, const Example& example, const Notes& notes, const st
     }
 }
 
+// The faulty line, unless lines in front of it have been cut out.
+std::set<int> Marked(const Example& example) {
+    if (example.line < 0 || SourceOf(*example.c).size() > MostLines) return {};
+    return {example.line};
+}
+
+// The line that tells an example from others: the case of a line alone, else the faulty one or the first.
+std::string SampleOf(const Example& example) {
+    const bool faulty = example.c->frame.empty() && example.line >= 0;
+    return TrimZenBlankUtf8(faulty ? SourceOf(*example.c).at(static_cast<std::size_t>(example.line))
+                                   : Split(Unescaped(example.c->source[0]), '\n').at(0));
+}
+
 Entry EntryOf(const Msg& row, const Example& example, const std::vector<const Case*>& sound, const Notes& notes) {
     const Wording wording = FindPipeline(example.pipeline)->wording;
     const auto words = [&](int language) { return TitleOf(WordsOf(row.For(language, wording))); };
@@ -240,14 +253,13 @@ Entry EntryOf(const Msg& row, const Example& example, const std::vector<const Ca
     };
     const auto said = [&](int l) { return Said(AssembleCase(*example.c, example.pipeline, l)); };
     const std::string source = SourceText(SourceOf(*example.c));
-    const bool cut = SourceOf(*example.c).size() > MostLines;
-    entry.pieces.push_back({Piece::Kind::Source, InBoth(heading), {source, source}, cut ? -1 : example.line});
+    entry.pieces.push_back({Piece::Kind::Source, InBoth(heading), {source, source}, Marked(example)});
     entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Output), InBoth(said)});
     if (!example.shownByConsole) entry.pieces.push_back({Piece::Kind::Text, {}, InBoth(words::NotShown)});
     AddSound(entry, example, notes, sound);
     const Pair others = InBoth([&](int language) { return OtherWordings(row, language, wording); });
     if (!Cat(others[0], others[1]).empty()) entry.pieces.push_back({Piece::Kind::Text, InBoth(words::Others), others});
-    entry.sample = TrimZenBlankUtf8(Split(Unescaped(example.c->source[0]), '\n').at(0));
+    entry.sample = SampleOf(example);
     return entry;
 }
 
@@ -260,7 +272,7 @@ void PutInPlace(Entry& entry, const Guide& guide, const Notes& notes) {
 // The notes of a row; those of the last subject if there are none.
 Notes NotesOf(const Guide& guide, const std::string& name) {
     const auto found = guide.notes.find(name);
-    return found != guide.notes.end() ? found->second : Notes{INT_MAX, guide.subjects.size() - 1, {}, {}, {}, {}, -1};
+    return found != guide.notes.end() ? found->second : Notes{INT_MAX, guide.subjects.size() - 1, {}, {}, {}, {}, {}, {}};
 }
 
 } // namespace
@@ -272,7 +284,7 @@ Guide ReadGuide(const std::filesystem::path& file) {
     const auto keep = [&] {
         for (const std::string& name : names)
             if (!guide.notes.emplace(name, notes).second) throw std::runtime_error(name + " stands twice in the notes");
-        notes = {notes.place + 1, guide.subjects.size() - 1, {}, {}, {}, {}, -1};
+        notes = {notes.place + 1, guide.subjects.size() - 1, {}, {}, {}, {}, {}, {}};
         names.clear();
     };
     std::ifstream in(file);
@@ -294,10 +306,13 @@ Guide ReadGuide(const std::filesystem::path& file) {
             notes.rule[1] = rest;
             std::getline(in, line);
             notes.rule[0] = line.substr(2);
+        } else if (line == "faulty") {
+            for (std::string code; std::getline(in, code) && !code.empty();)
+                notes.faulty.push_back(code);
         } else if (line == "sound") {
             for (std::string code; std::getline(in, code) && !code.empty(); notes.sound.push_back(code)) {
                 if (!code.starts_with("* ")) continue;
-                notes.marked = static_cast<int>(notes.sound.size());
+                notes.marked.insert(static_cast<int>(notes.sound.size()));
                 code.erase(0, 2);
             }
         } else if (!line.empty() && line[0] != '#') {
@@ -308,9 +323,43 @@ Guide ReadGuide(const std::filesystem::path& file) {
     return guide;
 }
 
+namespace {
+
+// The examples that the notes bring along, as cases.
+std::map<std::string, Case> CasesOf(const Guide& guide) {
+    std::map<std::string, Case> cases;
+    for (const auto& [name, notes] : guide.notes) {
+        if (notes.faulty.empty()) continue;
+        Case& c = cases[name];
+        c.rule = {notes.rule[1], notes.rule[0]};
+        c.source = notes.faulty;
+        c.run = name.starts_with("MachineMsg.");
+    }
+    return cases;
+}
+
+// The first pipeline in which a case says a row.
+std::optional<Example> ExampleIn(const Msg* row, const Case& c) {
+    for (const char* pipeline : PipelineOrder) {
+        const Assembly a = AssembleCase(c, pipeline, 1);
+        if (std::ranges::find(a.said, row, &MsgRec::row) != a.said.end()) return ExampleOf(row, c, pipeline, a, 1);
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
 std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books, const Guide& guide, Strings& wrong) {
+    const std::map<std::string, Case> own = CasesOf(guide);
     std::map<const Msg*, std::vector<Example>> examples;
     std::map<const Msg*, Example> wanted;
+    for (const Msg* row : AllRows())
+        if (const auto c = own.find(NameOf(*row)); c != own.end()) {
+            const auto example = ExampleIn(row, c->second);
+            if (example) wanted.emplace(row, *example);
+            if (!example) wrong.push_back(c->first + " is not said of its example");
+            if (c->second.rule[0].empty()) wrong.push_back(c->first + " has an example without a rule");
+        }
     std::map<std::string, std::vector<const Case*>> sound;
     for (const char* pipeline : PipelineOrder) {
         std::map<const Msg*, std::vector<Example>> found;
@@ -415,7 +464,7 @@ std::vector<Entry> EntriesOfFaults(const std::filesystem::path& file, const Guid
                 source.push_back(code);
             const std::string text = Joined(source);
             const auto& heading = line == "faulty" ? words::Example : words::SoundSource;
-            entry.pieces.push_back({Piece::Kind::Source, InBoth(heading), {text, text}, -1, line == "sound"});
+            entry.pieces.push_back({Piece::Kind::Source, InBoth(heading), {text, text}, {}, line == "sound"});
             entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Result), Happened(source, input)});
             input.clear();
         } else {

@@ -6,6 +6,7 @@
 #include "explain/Explanations.h"
 
 #include <map>
+#include <set>
 
 namespace tolvane {
 
@@ -19,13 +20,13 @@ template <class... Parts> std::string Cat(const Parts&... parts) {
 // A text in Japanese and in English, as the languages are numbered.
 using Pair = std::array<std::string, 2>;
 
-// A part of an entry. A source or an output is verbatim; `marked` is the line of a source that matters.
+// A part of an entry. A source or an output is verbatim; `marked` are the lines of a source that matter.
 struct Piece {
     enum class Kind { Text, Source, Verbatim };
     Kind kind = Kind::Text;
     Pair heading; // empty without one
     Pair text;
-    int marked = -1;
+    std::set<int> marked = {};
     bool sound = false; // a source without a fault
 };
 struct Entry {
@@ -52,8 +53,9 @@ struct Notes {
     std::string keys;
     Pair rule;         // instead of the book's; empty for that
     std::string shown; // the first line of the case to show; empty for the best
-    Strings sound;     // a program without the fault
-    int marked = -1;   // its line that matters
+    Strings faulty;    // a program with the fault, to show instead of a case
+    Strings sound;     // a program without it
+    std::set<int> marked; // its lines that matter
 };
 struct Guide {
     std::vector<Subject> subjects;

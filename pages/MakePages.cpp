@@ -171,7 +171,7 @@ std::string Html(const Piece& piece, std::size_t language) {
     int number = 0;
     for (const std::string& line : Split(body, '\n'))
         if (source)
-            html += (number++ == piece.marked ? marked : "<span>") + Code(line) + "</span>";
+            html += (piece.marked.contains(number++) ? marked : "<span>") + Code(line) + "</span>";
         else
             html += Cat("<p", LanguageOf(line, language), ">", Escaped(line), "</p>\n");
     return html + (source ? "</pre>\n" : "");
