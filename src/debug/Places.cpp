@@ -163,8 +163,16 @@ std::string Places::ChangeText(const debugger::Change& change) const {
 
 std::string Places::InstructionAt(int address, int word, int second) const {
     const std::string label = image.LabelAt(address);
-    return image::Hex(address) + (label.empty() ? "" : " " + label) + ": " +
-           image.InstructionText(address, word, second);
+    const int line = image.LineOf(address);
+    std::string code = image.InstructionText(address, word, second);
+    if (image.IsAsLinked(address, word, second) && FirstAddress(line) != address)
+        code = image::Disassembled(word, second) + " (" + code + ")";
+    return image::Hex(address) + (label.empty() ? "" : " " + label) + ": " + code;
+}
+
+std::string Places::PlaceText(int address) const {
+    const auto at = static_cast<std::size_t>(address);
+    return InstructionAt(address, comet2->Memory[at], comet2->Memory[at + 1]);
 }
 
 } // namespace tolvane::debug

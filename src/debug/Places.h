@@ -29,8 +29,10 @@ public:
     std::string ValueText(const debugger::Cell& cell, int value) const;
     // "[11] #0006 LOOP: ADDA GR1,GR2  GR1=#002D -> #0037"
     std::string ChangeText(const debugger::Change& change) const;
-    // "#0006 LOOP: ADDA GR1,GR2", of an instruction with these words.
+    // "#0006 LOOP: ADDA GR1,GR2", of an instruction with these words, and of the one that stands there now. Those of a
+    // macro behind its first one are told as the machine reads them: "#0010 LOOP+9: SVC #0002 (OUT TEXT,LENGTH)".
     std::string InstructionAt(int address, int word, int second) const;
+    std::string PlaceText(int address) const;
 
 private:
     struct Symbol {

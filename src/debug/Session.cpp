@@ -219,7 +219,7 @@ void Session::ShowNote(const debugger::History::Note& note) {
     const MsgRec record{note.row, note.args, NoLine, note.severity, false, false};
     for (const std::string& line : run::TextLines(record))
         Print(line);
-    if (note.severity != Severity::Error) Print("  " + image.PlaceText(note.address));
+    if (note.severity != Severity::Error) Print("  " + places.PlaceText(note.address));
 }
 
 // What is another than where the run stood before.
@@ -267,7 +267,7 @@ void Session::ShowReason() {
 }
 
 void Session::ShowPlace() {
-    Print("[" + std::to_string(debugger.Now()) + "] " + image.PlaceText(Pr()));
+    Print("[" + std::to_string(debugger.Now()) + "] " + places.PlaceText(Pr()));
 }
 
 void Session::Break(const Words& words) {
@@ -297,7 +297,7 @@ void Session::AddItem(const Cell& cell, bool isWatch) {
 }
 
 std::string Session::ItemText(const Cell& cell, bool isWatch) const {
-    return isWatch ? places.ValueText(cell, debugger::ValueOf(debugger.Machine(), cell)) : image.PlaceText(cell.index);
+    return isWatch ? places.ValueText(cell, debugger::ValueOf(debugger.Machine(), cell)) : places.PlaceText(cell.index);
 }
 
 void Session::ShowItems() {
@@ -360,7 +360,7 @@ void Session::ShowRegisters() {
     };
     for (int n = 0; n < 8; ++n)
         show({Cell::Kind::GR, n}, old.GR[static_cast<std::size_t>(n)]);
-    Print("  PR=" + image.PlaceText(Pr()));
+    Print("  PR=" + places.PlaceText(Pr()));
     show({Cell::Kind::SP}, old.SP);
     show({Cell::Kind::Fovf}, old.Fovf);
     show({Cell::Kind::Fsign}, old.Fsign);
@@ -378,7 +378,7 @@ void Session::ShowStack() {
         if ((word & 0x8000) != 0) text += ", " + std::to_string(word - 0x10000);
         text += ")";
         for (const debugger::Call& call : calls)
-            if (call.stackAddress == sp) text += "  " + image.PlaceText(call.address);
+            if (call.stackAddress == sp) text += "  " + places.PlaceText(call.address);
         Print(text);
     }
 }
@@ -390,7 +390,7 @@ void Session::ShowCalls() {
     for (const debugger::Call& call : calls) {
         const std::string label = call.routine < 0 ? "" : image.LabelAt(call.routine);
         const std::string routine = call.routine < 0 ? "" : Hex(call.routine) + (label.empty() ? "" : " " + label);
-        Print(routine + " <- " + image.PlaceText(call.address));
+        Print(routine + " <- " + places.PlaceText(call.address));
     }
 }
 
@@ -421,7 +421,7 @@ void Session::List(const Words& words) {
     const auto address = words.size() > 1 ? places.AddressOf(words[1], Pr()) : Pr();
     if (!address) return;
     const int middle = image.LineOf(*address);
-    if (middle < 0) return Print(image.PlaceText(*address));
+    if (middle < 0) return Print(places.PlaceText(*address));
     const int current = image.LineOf(Pr());
     const int end = std::min(middle + LinesAround + 1, image.LineCount());
     for (int line = std::max(0, middle - LinesAround); line < end; ++line)
