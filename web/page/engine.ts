@@ -134,7 +134,8 @@ export interface Engine {
   dump(name: string): string;
   FS: { mkdir(path: string): void; writeFile(path: string, text: string): void; analyzePath(path: string): { exists: boolean }; unlink(path: string): void; readdir(path: string): string[] };
 }
-export type Task = 'go' | 'run' | 'over' | 'out';
+// "resume" goes on with a task that has stopped in front of an IN.
+export type Task = 'go' | 'run' | 'over' | 'out' | 'resume';
 
 // What is shown of the machine at a moment.
 export interface Picture {

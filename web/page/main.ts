@@ -222,7 +222,9 @@ const output = makeConsole({
   },
 });
 function goOnBehindInput(isAnswer: boolean) {
-  if (isAnswer && lastTask && !lastTask.back && lastTask.task !== 'go') void machineWorker.ask('task', lastTask.task, false, 0, lastTask.pace);
+  if (!isAnswer || !lastTask || lastTask.back || lastTask.task === 'go') return;
+  const isWalk = lastTask.task === 'run' && lastTask.pace > 0;
+  void machineWorker.ask('task', isWalk ? 'run' : 'resume', false, 0, lastTask.pace);
 }
 
 function showAll(marks: boolean, found?: ConsoleEntry[]) {

@@ -28,7 +28,7 @@ way('a fault is told while it is written, with its rule, and goes when it is men
   await waits('Problems', 'Line 2');
   assert.match(await text('Problems'), /Errors: [1-9]/);
   await page.click('#problems summary');
-  await waits('Problems', 'Sound');
+  await page.waitForFunction(() => /GR[0-7][\s\S]*LD/.test(document.querySelector('#problems details pre').textContent));
   await press('Run');
   await page.waitForSelector('.notice.bad');
   await write('MAIN START\n LD GR1,A\n RET\nA DC 1\n END\n');
@@ -74,10 +74,10 @@ way('a breakpoint stops the run, and the way back', {}, async ({ write, waits, p
   await waits('Time', 'At a breakpoint');
   assert.equal(await register('GR1'), '0001');
   await press('Run');
-  await waits('Time', 'Moment 6 of');
+  await waits('Time', 'Moment 7 of');
   assert.equal(await register('GR1'), '0002');
   await press('Continue back');
-  await waits('Time', 'Moment 3 of');
+  await waits('Time', 'Moment 4 of');
   assert.equal(await register('GR1'), '0001');
 });
 
@@ -89,7 +89,7 @@ way('the slider shows any moment of the run', {}, async ({ write, waits, press, 
     slider.value = '4';
     slider.dispatchEvent(new Event('input'));
   });
-  await waits('Time', 'Moment 4 of 18');
+  await waits('Time', 'Moment 4 of 19');
   assert.equal(await register('GR1'), '0001');
 });
 
@@ -101,7 +101,7 @@ way('the page tells who changed a register, goes there, and stops when it change
   await press('Who changed this last?');
   await page.waitForFunction(() => document.querySelector('.answer')?.textContent.includes('LOOP'));
   await press('Go there');
-  await waits('Time', 'Moment 13 of 18');
+  await waits('Time', 'Moment 14 of 19');
   assert.equal(await register('GR1'), '0004');
   await press('GR1');
   await press('Stop when it changes');
@@ -169,9 +169,9 @@ way('everything goes by keyboard alone', {}, async ({ page, waits, register, tex
   await keys('Control', 'Enter');
   await waits('Time', 'At a breakpoint');
   await page.keyboard.press('F8');
-  await waits('Time', 'Moment 4 of');
+  await waits('Time', 'Moment 5 of');
   await keys('Shift', 'F8');
-  await waits('Time', 'Moment 3 of');
+  await waits('Time', 'Moment 4 of');
   assert.equal(await register('GR1'), '0001');
   await page.focus('.memory button');
   await page.keyboard.press('ArrowRight');
