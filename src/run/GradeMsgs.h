@@ -6,6 +6,7 @@
 namespace tolvane {
 
 struct GradeCatalogue {
+    Msg OfFile{"{0}:\n"}; // where several are graded
     // {0} the number of the case
     Msg Right{"Case {0}: right\n", "ケース {0}：正解\n"};
     Msg Wrong{"Case {0}: wrong\n", "ケース {0}：不正解\n"};

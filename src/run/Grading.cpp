@@ -269,6 +269,7 @@ int Grade(const Options& options, const std::string& told, const std::string& so
         return WrongUse;
     }
     Grader grader{ReadRules(*options.grade), 0, {}};
+    if (options.files.size() > 1) Say(GradeMsg.OfFile, {Utf8Arg{told}});
     int rightCases = 0;
     int status = AllEnded;
     for (const Case& aCase : cases) {
