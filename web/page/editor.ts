@@ -147,7 +147,7 @@ const severities = ['error', 'warning', 'info', 'hint'] as const;
 
 export function makeEditor(parent: Element, uses: EditorUses): Editor {
   const names = new Compartment();
-  const nameOfText = () => EditorView.contentAttributes.of({ 'aria-label': t('editor'), spellcheck: 'false', autocapitalize: 'characters' });
+  const nameOfText = () => EditorView.contentAttributes.of({ 'aria-label': t('editor'), tabindex: '0', spellcheck: 'false', autocapitalize: 'characters' });
   const toggleAt = (from: number) => {
     view.dispatch({ effects: toggleBreak.of(from) });
     uses.breakpointsChanged();

@@ -425,7 +425,7 @@ const header = h(
 document.body.append(
   header,
   notices,
-  named(h('div', { class: 'tabs', role: 'tablist' }, ...tabButtons), 'title'),
+  named(h('nav', { class: 'tabs' }, named(h('div', { role: 'tablist' }, ...tabButtons), 'parts')), 'parts'),
   time.element,
   h(
     'main',

@@ -6,7 +6,7 @@ import { t, type TextKey } from './texts.js';
 
 const kinds = ['error', 'warning', 'note', 'note'] as const satisfies readonly TextKey[];
 const counts = ['errorCount', 'warningCount', 'noteCount'] as const satisfies readonly TextKey[];
-const mostShown = 200;
+const mostShown = 50;
 
 export interface Problems {
   element: HTMLElement;
@@ -55,7 +55,9 @@ export function makeProblems(uses: { goTo(line: number): void; explanation(index
     const now = JSON.stringify([shown, t('explain')]);
     if (now === last) return;
     last = now;
-    list.replaceChildren(...(shown ?? []).slice(0, mostShown).map(item));
+    const all = shown ?? [];
+    list.replaceChildren(...all.slice(0, mostShown).map(item));
+    if (all.length > mostShown) list.append(h('li', {}, t('moreProblems', all.length - mostShown)));
   }
   inEachLanguage(element, show);
   return {

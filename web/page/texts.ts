@@ -7,6 +7,7 @@ const all = {
   subtitle: ['CASL II を書いて、動かして、たどる', 'Write, run and follow CASL II'],
 
   // Regions
+  parts: ['表示する部分', 'Parts of the page'],
   source: ['ソース', 'Source'],
   problems: ['問題点', 'Problems'],
   machine: ['COMET II', 'COMET II'],
@@ -82,6 +83,7 @@ const all = {
 
   // Problems
   noProblems: ['問題なし', 'No problems'],
+  moreProblems: ['ほか {0} 件', '{0} more'],
   checking: ['確認中', 'Checking'],
   errorCount: ['エラー {0}', 'Errors: {0}'],
   warningCount: ['警告 {0}', 'Warnings: {0}'],
