@@ -14,7 +14,7 @@ struct Pipeline;
 using Strings = std::vector<std::string>;
 
 struct Assembly {
-    std::vector<MsgRec> said;       // their arguments are kept until the next assembly
+    std::vector<MsgRec> said;      // their arguments are kept until the next assembly
     std::array<int, 4> counters{}; // of the application, in the order of Severity
     bool good = false;             // stages and link have ended well
     std::vector<int> words;        // the image, if it is good
@@ -32,8 +32,8 @@ struct Assembly {
 enum class Then { Nothing, Run };
 inline constexpr int RunLimit = 1'000'000; // instructions
 
-// Lines are UTF-8; language 0 is Japanese. With Then::Run a good image is run, as far as RunLimit; its first IN reads the
-// input if there is any.
+// Lines are UTF-8; language 0 is Japanese. With Then::Run a good image is run, as far as RunLimit; its first IN reads
+// the input if there is any.
 Assembly Assemble(const std::vector<std::string>& lines, const Pipeline& pipeline, int language,
                   Then then = Then::Nothing, const std::string& input = {});
 

@@ -214,8 +214,7 @@ std::string FaultOf(const Strings& source, const char* pipeline) {
 void AddSound(Entry& entry, const Example& example, const Notes& notes, const std::vector<const Case*>& sound) {
     if (!notes.sound.empty()) {
         const std::string text = Joined(notes.sound);
-        entry.pieces.push_back(
-            {Piece::Kind::Source, InBoth(words::SoundSource), {text, text}, notes.marked, true});
+        entry.pieces.push_back({Piece::Kind::Source, InBoth(words::SoundSource), {text, text}, notes.marked, true});
     } else if (const std::string twin = SoundTwin(example, sound); !twin.empty()) {
         entry.pieces.push_back({Piece::Kind::Verbatim, InBoth(words::Sound), {twin, twin}});
     }
@@ -272,7 +271,8 @@ void PutInPlace(Entry& entry, const Guide& guide, const Notes& notes) {
 // The notes of a row; those of the last subject if there are none.
 Notes NotesOf(const Guide& guide, const std::string& name) {
     const auto found = guide.notes.find(name);
-    return found != guide.notes.end() ? found->second : Notes{INT_MAX, guide.subjects.size() - 1, {}, {}, {}, {}, {}, {}};
+    return found != guide.notes.end() ? found->second
+                                      : Notes{INT_MAX, guide.subjects.size() - 1, {}, {}, {}, {}, {}, {}};
 }
 
 } // namespace
@@ -374,7 +374,8 @@ std::vector<Entry> EntriesOfBooks(const std::vector<Book>& books, const Guide& g
                     rows.insert(record.row);
                 for (const Msg* row : rows) {
                     const Example example = ExampleOf(row, c, pipeline, a, rows.size());
-                    if (TrimZenBlankUtf8(c.source[0]) == NotesOf(guide, NameOf(*row)).shown) wanted.emplace(row, example);
+                    if (TrimZenBlankUtf8(c.source[0]) == NotesOf(guide, NameOf(*row)).shown)
+                        wanted.emplace(row, example);
                     if (!examples.contains(row)) found[row].push_back(example);
                 }
             }

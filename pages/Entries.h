@@ -31,7 +31,7 @@ struct Piece {
 };
 struct Entry {
     explain::Kind kind = explain::Kind::Diagnostic;
-    Strings rows; // "LinesMsg.NoRet": those that say it; of a diagnostic its own
+    Strings rows;   // "LinesMsg.NoRet": those that say it; of a diagnostic its own
     std::string id; // the row's name, or a word
     Pair title;
     Pair severity;
@@ -51,10 +51,10 @@ struct Notes {
     int place = 0; // in the file
     std::size_t subject = 0;
     std::string keys;
-    Pair rule;         // instead of the book's; empty for that
-    std::string shown; // the first line of the case to show; empty for the best
-    Strings faulty;    // a program with the fault, to show instead of a case
-    Strings sound;     // a program without it
+    Pair rule;            // instead of the book's; empty for that
+    std::string shown;    // the first line of the case to show; empty for the best
+    Strings faulty;       // a program with the fault, to show instead of a case
+    Strings sound;        // a program without it
     std::set<int> marked; // its lines that matter
 };
 struct Guide {

@@ -41,7 +41,9 @@ Strings Faults(const std::vector<Entry>& entries, const fs::path& root) {
     Strings faults;
     for (const Msg* row : AllRows()) {
         const std::string name = NameOf(*row);
-        const auto says = [&name](const Entry& entry) { return std::ranges::find(entry.rows, name) != entry.rows.end(); };
+        const auto says = [&name](const Entry& entry) {
+            return std::ranges::find(entry.rows, name) != entry.rows.end();
+        };
         const bool explained = std::ranges::any_of(entries, says);
         const bool shown = std::ranges::find(entries, name, &Entry::id) != entries.end();
         const bool excepted = listed.contains(name);
@@ -149,7 +151,9 @@ std::string Code(const std::string& line) {
 // Whether a text of the page in one language is in the other: a few messages are the same in both.
 bool IsForeign(const std::string& text, std::size_t language) {
     const TextW wide = WideUtf8Lossy(text);
-    const auto isJapanese = [](char16_t unit) { return (u'ぁ' <= unit && unit <= u'ヿ') || (u'一' <= unit && unit <= u'龠'); };
+    const auto isJapanese = [](char16_t unit) {
+        return (u'ぁ' <= unit && unit <= u'ヿ') || (u'一' <= unit && unit <= u'龠');
+    };
     return std::any_of(wide.begin(), wide.end(), isJapanese) == (language == 1);
 }
 std::string LanguageOf(const std::string& text, std::size_t language) {
@@ -163,7 +167,8 @@ std::string Html(const Piece& piece, std::size_t language) {
     const std::string& body = piece.text[language];
     if (piece.kind == Piece::Kind::Verbatim) {
         const std::size_t end = body.find_last_not_of('\n') + 1;
-        return Cat(html, "<pre", language == 0 ? LanguageOf(body, 0) : "", ">", Escaped(body.substr(0, end)), "</pre>\n");
+        return Cat(html, "<pre", language == 0 ? LanguageOf(body, 0) : "", ">", Escaped(body.substr(0, end)),
+                   "</pre>\n");
     }
     const bool source = piece.kind == Piece::Kind::Source;
     const char* marked = piece.sound ? "<span class=\"good\">" : "<span class=\"faulty\">";
@@ -215,15 +220,16 @@ std::string Searched(const Entry& entry) {
     std::string all;
     for (const std::string& text : texts)
         all += (all.empty() ? "" : ",") + text;
-    return Cat("[", Json(entry.id), ",", Json(entry.title[0] + " " + entry.title[1]), ",", Json(entry.keys), ",[", all, "]]");
+    return Cat("[", Json(entry.id), ",", Json(entry.title[0] + " " + entry.title[1]), ",", Json(entry.keys), ",[", all,
+               "]]");
 }
 
 std::string Data(const std::vector<Entry>& entries, std::size_t language) {
     std::string all;
     for (const Entry& entry : entries)
         all += (all.empty() ? "\n" : ",\n") + Searched(entry);
-    return Cat("{\"fit\":", Json(words::Fit[language]), ",\"near\":", Json(words::Near[language]), ",\"entries\":[", all,
-               "]}");
+    return Cat("{\"fit\":", Json(words::Fit[language]), ",\"near\":", Json(words::Near[language]), ",\"entries\":[",
+               all, "]}");
 }
 
 // --- The page
@@ -260,14 +266,19 @@ std::string Page(const std::vector<Entry>& entries, std::size_t language, const 
     return Cat("<!DOCTYPE html>\n<html lang=\"", language == 0 ? "ja" : "en",
                "\">\n<head>\n<meta charset=\"utf-8\">\n"
                "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>",
-               word(words::Title), "</title>\n<style>\n", FileText(folder / "page.css"), "</style>\n</head>\n<body>\n"
-               "<header>\n<h1>", word(words::Title), "</h1>\n<p>", word(words::Intro), "</p>\n</header>\n"
-               "<form role=\"search\">\n<label for=\"search\">", word(words::Search), "</label>\n"
+               word(words::Title), "</title>\n<style>\n", FileText(folder / "page.css"),
+               "</style>\n</head>\n<body>\n"
+               "<header>\n<h1>",
+               word(words::Title), "</h1>\n<p>", word(words::Intro),
+               "</p>\n</header>\n"
+               "<form role=\"search\">\n<label for=\"search\">",
+               word(words::Search),
+               "</label>\n"
                "<input id=\"search\" type=\"search\" autocomplete=\"off\" spellcheck=\"false\">\n"
                "<p id=\"count\" role=\"status\"></p>\n<ul id=\"results\"></ul>\n</form>\n<nav aria-label=\"",
                word(words::Index), "\">\n<ul>\n", index, "</ul>\n</nav>\n<main>\n", bodies,
-               "</main>\n<script type=\"application/json\" id=\"data\">", Data(entries, language), "</script>\n<script>\n",
-               FileText(folder / "page.js"), "</script>\n</body>\n</html>\n");
+               "</main>\n<script type=\"application/json\" id=\"data\">", Data(entries, language),
+               "</script>\n<script>\n", FileText(folder / "page.js"), "</script>\n</body>\n</html>\n");
 }
 
 int Make(const fs::path& root, const fs::path& folder) {
@@ -286,7 +297,8 @@ int Make(const fs::path& root, const fs::path& folder) {
         std::ofstream out(folder / name, std::ios::binary);
         return static_cast<bool>(out << text << std::flush);
     };
-    const bool written = write("explain.ja.html", Page(entries, 0, root / "pages")) && write("explain.en.html", Page(entries, 1, root / "pages")) &&
+    const bool written = write("explain.ja.html", Page(entries, 0, root / "pages")) &&
+                         write("explain.en.html", Page(entries, 1, root / "pages")) &&
                          write("Explanations.cpp", Explanations(entries));
     if (!written) std::cerr << folder.string() << " cannot be written\n";
     return written ? 0 : 1;

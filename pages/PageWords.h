@@ -33,8 +33,9 @@ inline constexpr Word Intro = {
     "“…” の所には、ソースの語や数が入る。",
     "For each message, fault and instruction: the rule, a faulty example with what is said of it, and a sound program. "
     "“…” stands for words and numbers of your source."};
-inline constexpr Word Search = {"検索：表示された行を貼り付けるか、言葉や命令を入れる（Enter で最初の結果へ、Esc で消去）",
-                                "Search: paste a printed line, or type words or an opcode (Enter: the first result, Esc: clear)"};
+inline constexpr Word Search = {
+    "検索：表示された行を貼り付けるか、言葉や命令を入れる（Enter で最初の結果へ、Esc で消去）",
+    "Search: paste a printed line, or type words or an opcode (Enter: the first result, Esc: clear)"};
 inline constexpr Word Fit = {"{0} 件", "{0} found"};
 inline constexpr Word Near = {"合うものはない。近いもの：", "Nothing fits. The nearest:"};
 inline constexpr Word Index = {"目次", "Index"};

@@ -14,7 +14,7 @@ namespace {
 using Words = std::vector<std::string>;
 
 constexpr Wording Wordings[] = {WordingNWW, WordingWP, WordingNA, WordingAP, WordingNH};
-constexpr std::size_t ShortestPasted = 8; // bytes of a row's own words
+constexpr std::size_t ShortestPasted = 8;     // bytes of a row's own words
 constexpr std::size_t LongestSearched = 1000; // bytes of a text; a longer one, the help, has every word
 constexpr std::size_t MostNear = 3;
 constexpr char Gap = '\1'; // stands for an argument in the folded text of a row
@@ -23,7 +23,7 @@ constexpr char Gap = '\1'; // stands for an argument in the folded text of a row
 constexpr std::string_view HeadsOfDiagnostics[] = {": error:", ": warning:", ": note:", ": memo:"};
 constexpr std::string_view HeadOfConstant = "constantnr="; // some rows spell it out, others have a tag
 constexpr std::string_view NameOfProgram = "tolvane-run: ";
-constexpr std::string_view LittleWords[] = {"a",  "an", "the", "my", "is",   "are",  "of",   "to",   "i", "it",
+constexpr std::string_view LittleWords[] = {"a",  "an", "the", "my", "is",   "are",  "of",   "to",   "i",  "it",
                                             "do", "be", "me",  "we", "does", "what", "when", "with", "why"};
 
 // --- One form for what a person does not tell apart
@@ -303,23 +303,25 @@ Found FindPasted(const std::string& text) {
 
 Found FindWords(const Words& words) {
     auto scored = ScoredEntries([&words](const Searched& searched) { return ScoreOfWords(searched, words); });
-    while (!scored.empty() && (scored.back().words < scored.front().words ||
-                               2 * scored.back().score < scored.front().score))
+    while (!scored.empty() &&
+           (scored.back().words < scored.front().words || 2 * scored.back().score < scored.front().score))
         scored.pop_back();
     return FoundIn(scored);
 }
 
 // A line of the trace or of the list of words, or the place of a stop: its instruction.
 Found FindInstruction(std::string text) {
-    std::replace_if(text.begin(), text.end(), [](char c) { return !IsUpper(c); }, ' ');
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return !IsUpper(c); }, ' ');
     for (const std::string& word : WordsOf(text))
         if (FindOpcode<char>(ViewA(word), true) != nullptr) return FindWords({Folded(word)});
     return {};
 }
 
 Found FindNear(const Words& words) {
-    auto scored = ScoredEntries(
-        [&words](const Searched& searched) { return Scored{searched.entry, 1, Nearness(searched, words)}; });
+    auto scored = ScoredEntries([&words](const Searched& searched) {
+        return Scored{searched.entry, 1, Nearness(searched, words)};
+    });
     scored.resize(std::min(scored.size(), MostNear));
     Found found = FoundIn(scored);
     found.equals = 0;

@@ -60,6 +60,7 @@ constexpr const char* FormOf(const Opcode& op) {
 // In the order of opcodes::Table.
 inline constexpr auto Table = [] {
     using opcodes::Table;
+    // clang-format off
     const OpcodeHelp texts[] = {
         {nullptr, "LD GR1,A", {"(E) または r2 の内容を、レジスタに入れる（ロード）",
           "loads (E), or the content of r2, into the register"}, &ByWord},
@@ -79,7 +80,8 @@ inline constexpr auto Table = [] {
           "exclusive OR of each bit: 1 where the bits differ"}, &ByWord},
         {nullptr, "CPA GR1,A", {"符号付きの数として比べる。レジスタは変わらず、フラグだけが変わる",
           "compares as numbers with sign; only the flags change"}, &Compared},
-        {nullptr, "CPL GR1,=#0041", {"符号なしの数として比べる（文字コードやアドレスなど）。レジスタは変わらず、フラグだけが変わる",
+        {nullptr, "CPL GR1,=#0041", {"符号なしの数として比べる（文字コードやアドレスなど）。"
+          "レジスタは変わらず、フラグだけが変わる",
           "compares as numbers without sign, such as characters and addresses; only the flags change"}, &Compared},
         {nullptr, "ST GR1,A", {"レジスタの内容を、アドレス E の語に書き込む（ストア）",
           "stores the register in the word at the address E"}, &Kept},
@@ -97,7 +99,8 @@ inline constexpr auto Table = [] {
           &Kept},
         {nullptr, "JNZ LOOP", {"0 でなければ（ZF が 0 なら）E に分岐する",
           "jumps to E if the result is not zero (ZF is 0)"}, &Kept},
-        {nullptr, "JZE FIN", {"0 なら（ZF が 1 なら）E に分岐する", "jumps to E if the result is zero (ZF is 1)"}, &Kept},
+        {nullptr, "JZE FIN", {"0 なら（ZF が 1 なら）E に分岐する", "jumps to E if the result is zero (ZF is 1)"},
+          &Kept},
         {nullptr, "JUMP LOOP", {"無条件に E に分岐する", "jumps to E in any case"}, &Kept},
         {nullptr, "JPL LOOP", {"正なら（SF も ZF も 0 なら）E に分岐する",
           "jumps to E if the result is greater than zero (SF and ZF are 0)"}, &Kept},
@@ -118,19 +121,24 @@ inline constexpr auto Table = [] {
           "goes back behind the CALL, by the address on the stack; in the main program it ends the run"}, &Kept},
         {nullptr, "END", {"プログラムの最後の行", "the last line of a program"}, nullptr},
         {nullptr, "EXIT", {"実行を終える（パイプライン NH だけ）", "ends the run (in the pipeline NH alone)"}, &Kept},
-        {nullptr, "IN BUF,LEN", {"1 行を読み、第 1 のラベルの領域に文字を 1 語に 1 文字ずつ、第 2 のラベルの語に文字数を入れる。"
-          "領域には DS で 256 語をとっておく",
+        {nullptr, "IN BUF,LEN", {"1 行を読み、第 1 のラベルの領域に文字を 1 語に 1 文字ずつ、"
+          "第 2 のラベルの語に文字数を入れる。領域には DS で 256 語をとっておく",
           "reads a line: its characters go to the first label, one to a word, their number to the second; "
           "keep 256 words for the characters by DS"}, &Kept},
         {nullptr, "OUT BUF,LEN", {"第 1 のラベルから、第 2 のラベルの語にある文字数だけ、1 行に出力する",
           "prints a line: as many characters from the first label on as the word at the second label says"}, &Kept},
-        {nullptr, "MAIN START", {"プログラムの最初の行。行のラベルがプログラムの名前になる。オペランドのラベルがあれば、そこから実行する",
-          "the first line of a program, whose label is the program's name; the run begins at the label behind it, if any"},
+        {nullptr, "MAIN START", {"プログラムの最初の行。行のラベルがプログラムの名前になる。"
+          "オペランドのラベルがあれば、そこから実行する",
+          "the first line of a program, whose label is the program's name; "
+          "the run begins at the label behind it, if any"},
           nullptr},
         {nullptr, "A DC 5,#00FF,'AB',A", {"定数の語を置く: 10 進数、16 進数、文字（1 語に 1 文字）、ラベルのアドレス",
-          "puts constants into memory: decimal, hexadecimal, characters (one to a word), the address of a label"}, nullptr},
-        {nullptr, "BUF DS 256", {"書いた数の語の領域を確保する", "keeps as many words of memory as the number says"}, nullptr},
+          "puts constants into memory: decimal, hexadecimal, characters (one to a word), the address of a label"},
+          nullptr},
+        {nullptr, "BUF DS 256", {"書いた数の語の領域を確保する", "keeps as many words of memory as the number says"},
+          nullptr},
     };
+    // clang-format on
     std::array<OpcodeHelp, Table.size()> all{};
     static_assert(std::size(texts) == Table.size());
     for (std::size_t i = 0; i < all.size(); ++i) {

@@ -60,8 +60,8 @@ void Refuse(CommandLine& line, const Msg& fault, int argc, char** argv) {
     line.faulty = RefusedOption(argc, argv);
 }
 
-// What stands in front of --explain's other words, which getopt_long leaves among the files: the word behind "=", or the
-// next one where it looks like an option but is a line that was pasted.
+// What stands in front of --explain's other words, which getopt_long leaves among the files: the word behind "=", or
+// the next one where it looks like an option but is a line that was pasted.
 std::string WordOfExplain(int argc, char** argv) {
     if (optarg != nullptr) return optarg;
     const std::string_view next = optind < argc ? argv[optind] : "";
