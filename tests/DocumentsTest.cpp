@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <map>
+#include <regex>
+#include <set>
 #include <string>
 
 namespace tolvane::tests {
@@ -49,6 +51,15 @@ std::string Typed(const std::string& session) {
     for (const std::string& line : Lines(session))
         if (line.starts_with(Prompt)) typed += line.substr(Prompt.size());
     return typed;
+}
+
+// The long options and, of a list of exit statuses, the numbers in a text.
+std::set<std::string> WordsIn(const std::string& text, const std::string& pattern) {
+    const std::regex word(pattern);
+    std::set<std::string> words;
+    for (std::sregex_iterator found(text.begin(), text.end(), word), end; found != end; ++found)
+        words.insert(found->str(1));
+    return words;
 }
 
 // The guide with the results of its examples as they are now.
@@ -97,6 +108,34 @@ TEST(Documents, AreParallelAndTheirExamplesTrue) {
     fs::remove_all(folder);
     EXPECT_EQ(Outline("docs/guide.en.md"), Outline("docs/guide.ja.md"));
     EXPECT_EQ(Outline("README.md"), Outline("README.ja.md"));
+}
+
+// Help, manual pages, completion and document of a program in both languages.
+TEST(Documents, NameTheSameOptionsAndStatuses) {
+    for (const std::string program : {"tolvane-run", "tolvane-debug"}) {
+        if (!fs::exists(Root / "completions" / program)) continue;
+        const std::string path = (fs::path(TOLVANE_RUN).parent_path() / program).string();
+        const std::string option = R"(--([a-z]{2,}))";
+        std::set<std::string> options;
+        std::set<std::string> statuses;
+        for (const std::string language : {"en", "ja"}) {
+            const std::string told = testing::TempDir() + "tolvane-help";
+            ASSERT_EQ(std::system((path + " -l " + language + " --help >" + told).c_str()), 0);
+            const std::string help = ReadFile(told);
+            const std::string list =
+                help.substr(std::min(help.find(language == "en" ? "Exit status" : "終了ステータス"), help.size()));
+            if (options.empty()) options = WordsIn(help, option);
+            if (statuses.empty()) statuses = WordsIn(list, R"((?:[:,]\s|、|^)(\d+) )");
+            const std::string man = ReadFile(Root / "man" / (language == "ja" ? "ja" : ".") / (program + ".1.in"));
+            EXPECT_EQ(WordsIn(help, option), options) << language;
+            EXPECT_EQ(WordsIn(man, R"(\\-\\-([a-z]{2,}))"), options) << language;
+            EXPECT_EQ(WordsIn(man, R"(\n\.B (\d+)\n)"), statuses) << language;
+        }
+        EXPECT_EQ(WordsIn(ReadFile(Root / "completions" / program), option), options);
+        const std::string document = ReadFile(Root / "docs" / (program + ".md"));
+        EXPECT_EQ(WordsIn(document.substr(0, document.find("\n##")), option), options);
+        EXPECT_EQ(WordsIn(document, R"(\n\| (\d+) \|)"), statuses);
+    }
 }
 
 } // namespace tolvane::tests
