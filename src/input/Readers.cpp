@@ -78,6 +78,51 @@ int Refuse(const Msg& reason, const std::string& path) {
     return 1;
 }
 
+// The narrow reader, UTF-16 included.
+void OpenFileNarrow(std::string_view bytes) {
+    b->vecSrcA.clear();
+    if (IsUtf16()) return ForEachUtf16Line(bytes, [](const TextW& line) { b->AddLine<char>(Narrow932(line)); });
+    b->vecSrcA.reserve(MostLines(bytes));
+    const bool isSjis = moziCode->CodePage == 932;
+    ForEachLine(bytes, [&](ViewA line, std::size_t number) {
+        line = WithoutMark(line, number);
+        if (isSjis || IsAscii(line))
+            b->AddLine(line);
+        else
+            b->AddLine<char>(Utf8ToNarrow(line));
+    });
+}
+
+// The narrow reader with its records widened, for the pipeline that reads so.
+void OpenFileWidened(std::string_view bytes) {
+    OpenFileNarrow(bytes);
+    b->vecSrcW.clear();
+    b->vecSrcW.reserve(b->vecSrcA.size());
+    for (const SrcDataA& line : b->vecSrcA)
+        b->AddLine<char16_t>(NarrowToWide(line.strSrc));
+    b->vecSrcA.clear();
+    b->apartA.Clear();
+}
+
+// Make records with strSrc set of a file's bytes, in the code that was found.
+void OpenFileUTF8toVecW20(std::string_view bytes) {
+    b->vecSrcW.clear();
+    b->vecSrcW.reserve(MostLines(bytes));
+    const bool isUtf8 = moziCode->CodePage == 65001;
+    ForEachLine(bytes, [&](ViewA line, std::size_t number) {
+        line = WithoutMark(line, number);
+        if (IsAscii(line))
+            b->AddAsciiLine<char16_t>(line);
+        else
+            b->AddLine<char16_t>(isUtf8 ? Utf8ToWide(line) : utf_16_to_shift_jis(line));
+    });
+}
+
+void OpenFileUTF16toVecW20(std::string_view bytes) {
+    b->vecSrcW.clear();
+    ForEachUtf16Line(bytes, [](const TextW& line) { b->AddLine<char16_t>(line); });
+}
+
 } // namespace
 
 int EditFilePath(std::string& path) {
@@ -119,48 +164,6 @@ std::string GetFoldername(bool& ended) {
     std::string name = *line;
     if (EditFilePath(name) < 0) Say(InputMsg.NoInput);
     return TrimZenBlankUtf8(name);
-}
-
-void OpenFileUTF8toVecW20(std::string_view bytes) {
-    b->vecSrcW.clear();
-    b->vecSrcW.reserve(MostLines(bytes));
-    const bool isUtf8 = moziCode->CodePage == 65001;
-    ForEachLine(bytes, [&](ViewA line, std::size_t number) {
-        line = WithoutMark(line, number);
-        if (IsAscii(line))
-            b->AddAsciiLine<char16_t>(line);
-        else
-            b->AddLine<char16_t>(isUtf8 ? Utf8ToWide(line) : utf_16_to_shift_jis(line));
-    });
-}
-
-void OpenFileUTF16toVecW20(std::string_view bytes) {
-    b->vecSrcW.clear();
-    ForEachUtf16Line(bytes, [](const TextW& line) { b->AddLine<char16_t>(line); });
-}
-
-void OpenFileNarrow(std::string_view bytes) {
-    b->vecSrcA.clear();
-    if (IsUtf16()) return ForEachUtf16Line(bytes, [](const TextW& line) { b->AddLine<char>(Narrow932(line)); });
-    b->vecSrcA.reserve(MostLines(bytes));
-    const bool isSjis = moziCode->CodePage == 932;
-    ForEachLine(bytes, [&](ViewA line, std::size_t number) {
-        line = WithoutMark(line, number);
-        if (isSjis || IsAscii(line))
-            b->AddLine(line);
-        else
-            b->AddLine<char>(Utf8ToNarrow(line));
-    });
-}
-
-void OpenFileWidened(std::string_view bytes) {
-    OpenFileNarrow(bytes);
-    b->vecSrcW.clear();
-    b->vecSrcW.reserve(b->vecSrcA.size());
-    for (const SrcDataA& line : b->vecSrcA)
-        b->AddLine<char16_t>(NarrowToWide(line.strSrc));
-    b->vecSrcA.clear();
-    b->apartA.Clear();
 }
 
 int ReadSourceBytes(const std::string& path, const std::string* bytes) {

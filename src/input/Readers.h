@@ -18,13 +18,6 @@ std::string GetFoldername(bool& ended);
 // Trims a typed path, wraps one with a blank in quotation marks, doubles its backslashes. -1 for an empty text, else 0.
 int EditFilePath(std::string& path);
 
-// Make records with strSrc set of a file's bytes, in the code that was found.
-void OpenFileUTF8toVecW20(std::string_view bytes);
-void OpenFileUTF16toVecW20(std::string_view bytes);
-// The narrow reader, UTF-16 included.
-void OpenFileNarrow(std::string_view bytes);
-// The narrow reader with its records widened, for the pipeline that reads so.
-void OpenFileWidened(std::string_view bytes);
 // The array reader, the only one with limits: a longer line is cut, a longer file refused. 0, or 1 with a message.
 int OpenFileChH(std::string_view bytes);
 // Reads a file by the pipeline's reader, with the detection in front. 0, or 1 with a message if it could not be read.

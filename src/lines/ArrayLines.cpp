@@ -90,12 +90,11 @@ int CkPlaceOfDcDs(const PrgDataA& program) {
 
 } // namespace
 
-int editN() {
+void editN() {
     for (SrcDataA& src : b->vecSrcA)
         EditLine(src);
-    if (std::any_of(b->vecSrcA.begin(), b->vecSrcA.end(), HoldsText)) return 0;
+    if (std::any_of(b->vecSrcA.begin(), b->vecSrcA.end(), HoldsText)) return;
     po->Error(NoLine, LinesMsg.EmptySource);
-    return 1;
 }
 
 int op30(int prg) {

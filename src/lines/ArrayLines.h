@@ -4,8 +4,8 @@
 namespace tolvane {
 
 // Recognises comment lines and blank lines; the first two runs of blanks of a line become one space each, so that
-// label, opcode and operands stand one space apart. 1 with an Error when the file has no line with text, else 0.
-int editN();
+// label, opcode and operands stand one space apart. An Error when the file has no line with text.
+void editN();
 // Splits the fields of a program's lines, looks up every opcode word, EXIT included, and keeps DC and DS behind the
 // instructions. 0, or 1 after any Error.
 int op30(int prg);

@@ -83,13 +83,13 @@ template <class Ch> void MakePrgs(const std::vector<int>& starts, const std::vec
 
 } // namespace
 
-template <class Ch> int StartEnd10() {
+template <class Ch> void StartEnd10() {
     const std::vector<int>& starts = b->StartLines = LinesWith<Ch>("START", LettersRule());
     if (starts.empty()) {
         po->Error(NoLine, LinesMsg.NoStartLetters);
         DetSTARTatZenKakuSpace<Ch>();
         CkSTART_LR<Ch>();
-        return -1;
+        return;
     }
 
     const std::vector<int>& ends = b->EndLines = LinesWith<Ch>("END", LettersRule());
@@ -97,18 +97,17 @@ template <class Ch> int StartEnd10() {
         po->Error(NoLine, LinesMsg.NoEndLetters);
         DetENDatZenKakuSpace<Ch>();
         CkEnd_LR<Ch>();
-        return -3;
+        return;
     }
-    if (starts.back() <= ends.back()) return 0;
+    if (starts.back() <= ends.back()) return;
     po->Error(starts.back(), LinesMsg.StartBehindEnd);
-    return -4;
 }
 
-template <class Ch> int StartEnd20() {
+template <class Ch> void StartEnd20() {
     const std::vector<int> starts = OfThoseWith<Ch>(b->StartLines, "START", BoundaryRule());
     if (starts.empty()) {
         po->Error(NoLine, LinesMsg.NoStartWord);
-        return -1;
+        return;
     }
     if (BeginsWithBlank<Ch>(starts.back())) po->Error(starts.back(), LinesMsg.LastStartWithoutLabel);
 
@@ -116,22 +115,21 @@ template <class Ch> int StartEnd20() {
     if (ends.empty()) {
         po->Error(NoLine, LinesMsg.NoEndWord);
         CkEnd_LR<Ch>();
-        return -3;
+        return;
     }
     if (!BeginsWithBlank<Ch>(ends.back())) po->Error(ends.back(), LinesMsg.LastEndWithLabel);
 
     const bool tooMany = starts.size() > MaxPrgKazu;
     if (tooMany) po->Error(NoLine, LinesMsg.TooManyStarts);
     if (ends.size() > MaxPrgKazu) po->Error(NoLine, LinesMsg.TooManyEnds);
-    if (const int fault = CkPairs<Ch>(starts, ends); fault != 0) return fault;
-    if (tooMany) return -po->ErrorKazu;
+    if (CkPairs<Ch>(starts, ends) != 0) return;
+    if (tooMany) return;
 
     const int kazu = static_cast<int>(starts.size());
     b->SetPrgKazuInFile(kazu);
     Say(kazu == 1 ? LinesMsg.OnePrg : LinesMsg.ManyPrgs, {kazu});
     CkRet<Ch>(starts, ends);
     MakePrgs<Ch>(starts, ends);
-    return po->ErrorKazu < 1 ? 0 : -po->ErrorKazu;
 }
 
 template <class Ch> int StartEnd(int prg) {
@@ -153,16 +151,15 @@ template <class Ch> int StartEnd(int prg) {
     return 0;
 }
 
-template <class Ch> int IsAnySrcOutsideSartEnd() {
+template <class Ch> void IsAnySrcOutsideSartEnd() {
     for (int prg = 0; prg + 1 < b->GetPrgKazuInFile(); ++prg)
         for (int line = PrgAt<Ch>(prg).EndLine + 1; line < PrgAt<Ch>(prg + 1).StartLine; ++line) {
             const View<Ch> text = TrimBlank<Ch>(LineAt<Ch>(line).strLine);
             if (text.empty()) continue;
             const bool isZenSpace = text == ZenSpace<Ch>();
             cs->Error(line, isZenSpace ? LinesMsg.ZenSpaceBetweenPrgs : LinesMsg.SrcBetweenPrgs, {text});
-            return -1;
+            return;
         }
-    return 0;
 }
 
 TOLVANE_BOTH_KINDS(StartEnd10)

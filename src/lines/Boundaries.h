@@ -6,14 +6,13 @@
 
 namespace tolvane {
 
-// A rough search for the words START and END. 0; -1 no START, -3 no END, -4 START behind END.
-template <class Ch> int StartEnd10();
-// Finds START, END and RET as words, pairs them, prints the number of programs and makes their records. 0, or a
-// negative value after an Error.
-template <class Ch> int StartEnd20();
+// A rough search for the words START and END, in this order.
+template <class Ch> void StartEnd10();
+// Finds START, END and RET as words, pairs them, prints the number of programs and makes their records.
+template <class Ch> void StartEnd20();
 // Checks the label field of a program's START and END lines and marks its lines. 0, or 1.
 template <class Ch> int StartEnd(int prg);
-// Refuses text between two programs. 0, or -1 with an Error.
-template <class Ch> int IsAnySrcOutsideSartEnd();
+// Refuses text between two programs.
+template <class Ch> void IsAnySrcOutsideSartEnd();
 
 } // namespace tolvane

@@ -22,7 +22,7 @@ template <class Ch> int CkLabelDouble(int prg, const std::vector<int>& labelled)
     return -1;
 }
 
-template <class Ch> int CkPrgNameDouble() {
+template <class Ch> void CkPrgNameDouble() {
     const int kazu = b->GetPrgKazuInFile();
     for (int i = 0; i < kazu; ++i)
         for (int j = i + 1; j < kazu; ++j) {
@@ -31,26 +31,23 @@ template <class Ch> int CkPrgNameDouble() {
             if (one.strPrgName != other.strPrgName) continue;
             b->Error(other.StartLine, LinesMsg.PrgNameDouble,
                      {one.strPrgName, i + 1, one.StartLine + 1, j + 1, other.StartLine + 1});
-            return -b->ErrorKazu;
+            return;
         }
-    return 0;
 }
 
-template <class Ch> int CkLabelInUse() {
+template <class Ch> void CkLabelInUse() {
     for (const PrgData<Ch>& program : b->Prg<Ch>())
         for (int line = program.StartLine + 1; line < program.EndLine; ++line) {
             const SrcData<Ch>& src = LineAt<Ch>(line);
             if (!src.strLabel.empty() && !src.fLabelInUse) b->Note(line, LinesMsg.LabelUnreferenced, {src.strLabel});
         }
-    return 0;
 }
 
-template <class Ch> int CkPrgNameInUse() {
+template <class Ch> void CkPrgNameInUse() {
     for (int prg = 1; prg < b->GetPrgKazuInFile(); ++prg) {
         const PrgData<Ch>& program = PrgAt<Ch>(prg);
         if (!program.fCalled) b->Warning(program.StartLine, LinesMsg.PrgNeverCalled, {program.strPrgName});
     }
-    return 0;
 }
 
 TOLVANE_BOTH_KINDS(CkLabelDouble)

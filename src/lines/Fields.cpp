@@ -12,8 +12,7 @@ namespace {
 // The length of operand text from which on a line is called long, in every pipeline.
 constexpr std::size_t LongOprndCom = 225;
 
-} // namespace
-
+// The steps of SplitFields for one line: the text behind the label field; the opcode word; the text behind it.
 template <class Ch> View<Ch> TakeOutLabelRest(const SrcData<Ch>& src) {
     const std::size_t blank = FindBlank<Ch>(src.strLine);
     return blank == npos ? View<Ch>() : TrimLeftBlank(src.strLine.substr(blank));
@@ -29,7 +28,9 @@ template <class Ch> void TakeOutOprndComStr(SrcData<Ch>& src, View<Ch> rest) {
     src.strOprndCom = TrimLeftBlank(rest.substr(behindOp));
 }
 
-template <class Ch> int SplitFields(int prg) {
+} // namespace
+
+template <class Ch> void SplitFields(int prg) {
     bool told = false;
     for (int line = PrgAt<Ch>(prg).StartLine; line <= PrgAt<Ch>(prg).EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
@@ -40,7 +41,6 @@ template <class Ch> int SplitFields(int prg) {
         Tell(Severity::Warning, line, LinesMsg.LongLine, {src.strOprndCom.size()});
         told = true;
     }
-    return 0;
 }
 
 template <class Ch> int TrimOprndCom(int prg) {
@@ -50,9 +50,6 @@ template <class Ch> int TrimOprndCom(int prg) {
 }
 
 TOLVANE_BOTH_KINDS(SplitFields)
-TOLVANE_BOTH_KINDS(TakeOutLabelRest)
-TOLVANE_BOTH_KINDS(TakeOutOpStr)
-TOLVANE_BOTH_KINDS(TakeOutOprndComStr)
 TOLVANE_BOTH_KINDS(TrimOprndCom)
 
 } // namespace tolvane

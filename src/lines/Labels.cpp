@@ -80,20 +80,19 @@ template <class Ch> int CkPrgNameMozi(View<Ch> label, int line) {
 
 } // namespace
 
-template <class Ch> int CkPrgName(int prg) {
+template <class Ch> void CkPrgName(int prg) {
     PrgData<Ch>& program = PrgAt<Ch>(prg);
     const int line = program.StartLine;
     SrcData<Ch>& src = LineAt<Ch>(line);
     if (BeginsWithBlankOrIsEmpty<Ch>(src.strLine)) {
         cs->Error(line, LinesMsg.PrgWithoutName);
-        return -1;
+        return;
     }
     const View<Ch> label = src.strLine.substr(0, FindBlank<Ch>(src.strLine));
     AnalystZenKSpace20(label, line);
-    if (const int fault = CkPrgNameMozi(label, line); fault != 0) return fault;
+    if (CkPrgNameMozi(label, line) != 0) return;
     program.strPrgName = label;
     src.strLabel = label;
-    return 0;
 }
 
 // One sweep for each rule. Each runs to its end whatever the others found; the one for the characters stops at its

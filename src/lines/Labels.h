@@ -5,8 +5,8 @@
 
 namespace tolvane {
 
-// Checks and stores a program's name. 0; -1 no label, -2 first letter, -3 character, -4 length, -5 reserved word.
-template <class Ch> int CkPrgName(int prg);
+// Checks and stores a program's name.
+template <class Ch> void CkPrgName(int prg);
 // Label35G over the lines of a program, END included. 0.
 template <class Ch> int FindLabels(int prg);
 // Finds and checks the labels of the lines from first to last, duplicates included. 0; errors are counted.

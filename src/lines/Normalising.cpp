@@ -87,25 +87,23 @@ constexpr std::array<std::string_view, 3> Signs = {"+", "-", "#"};
 
 } // namespace
 
-template <class Ch> int editNWB() {
+template <class Ch> void editNWB() {
     auto& lines = b->Src<Ch>();
     for (SrcData<Ch>& src : lines) {
         SortLine(src);
         src.strLine = WithShortLead<Ch>(src.strLine);
     }
 
-    if (std::any_of(lines.begin(), lines.end(), [](const SrcData<Ch>& src) { return !src.strLine.empty(); })) return 0;
+    if (std::any_of(lines.begin(), lines.end(), [](const SrcData<Ch>& src) { return !src.strLine.empty(); })) return;
     po->Error(NoLine, LinesMsg.EmptySource);
-    return 1;
 }
 
-template <class Ch> int StripComment(int prg) {
+template <class Ch> void StripComment(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SlimView<Ch>& text = LineAt<Ch>(line).strLine;
         text = text.substr(0, FindComment<Ch>(text));
     }
-    return 0;
 }
 
 template <class Ch> int edit30c(int prg) {
@@ -154,7 +152,7 @@ template <class Ch> int OpNoOperand(int line, View<Ch> firstOperand) {
     return 1;
 }
 
-template <class Ch> int TabsToBlanks() {
+template <class Ch> void TabsToBlanks() {
     for (SrcData<Ch>& src : b->Src<Ch>()) {
         if (!Has<Ch>(src.strLine, '\t')) continue;
         const View<Ch> line = src.strLine;
@@ -166,7 +164,6 @@ template <class Ch> int TabsToBlanks() {
         BlankTabs(text.subspan(last));
         src.strLine = View<Ch>(text.data(), text.size());
     }
-    return 0;
 }
 
 TOLVANE_BOTH_KINDS(editNWB)

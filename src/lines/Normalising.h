@@ -6,11 +6,11 @@
 
 namespace tolvane {
 
-// Recognises comment lines and blank lines, trims the right end, leaves one leading blank. 1 with an Error when the
-// file has no line with text, else 0.
-template <class Ch> int editNWB();
-// Cuts the comments off the lines of a program, END left out. 0.
-template <class Ch> int StripComment(int prg);
+// Recognises comment lines and blank lines, trims the right end, leaves one leading blank. An Error when the
+// file has no line with text.
+template <class Ch> void editNWB();
+// Cuts the comments off the lines of a program, END left out.
+template <class Ch> void StripComment(int prg);
 // Refuse a blank behind =+, =- and =# in an operand text, the blanks behind the first "=" left out. Negative at the
 // first Error, else 0.
 template <class Ch> int edit30c(int prg);
@@ -20,7 +20,7 @@ template <class Ch> int edit50(int prg);
 template <class Ch> int RemoveNoOprndOpSemiColn(int line);
 // Refuses operand text of an instruction without operands. 1 with an Error, else 0.
 template <class Ch> int OpNoOperand(int line, View<Ch> firstOperand);
-// Replaces the tabs outside character constants by blanks, over the whole file. 0.
-template <class Ch> int TabsToBlanks();
+// Replaces the tabs outside character constants by blanks, over the whole file.
+template <class Ch> void TabsToBlanks();
 
 } // namespace tolvane

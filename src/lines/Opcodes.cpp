@@ -8,15 +8,26 @@
 
 namespace tolvane {
 
-template <class Ch> int CkOpStr(int prg) {
+namespace {
+
+// Reports a comma behind the opcode word. 1 with an Error, else 0.
+template <class Ch> int AnalystOP(int line) {
+    const View<Ch> op = LineAt<Ch>(line).strOp;
+    if (op.empty() || op.back() != Ch(',')) return 0;
+    cs->Error(line, LinesMsg.CommaBehindOp);
+    return 1;
+}
+
+} // namespace
+
+template <class Ch> void CkOpStr(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line <= program.EndLine; ++line) {
         const SrcData<Ch>& src = LineAt<Ch>(line);
         if (src.strOp.empty() || src.op != nullptr) continue;
         ExplainUnknownOp<Ch>(line);
-        return -cs->ErrorKazu;
+        return;
     }
-    return 0;
 }
 
 template <class Ch> void ExplainUnknownOp(int line) {
@@ -29,15 +40,7 @@ template <class Ch> void ExplainUnknownOp(int line) {
     AnalystOP<Ch>(line);
 }
 
-template <class Ch> int AnalystOP(int line) {
-    const View<Ch> op = LineAt<Ch>(line).strOp;
-    if (op.empty() || op.back() != Ch(',')) return 0;
-    cs->Error(line, LinesMsg.CommaBehindOp);
-    return 1;
-}
-
 TOLVANE_BOTH_KINDS(CkOpStr)
 TOLVANE_BOTH_KINDS(ExplainUnknownOp)
-TOLVANE_BOTH_KINDS(AnalystOP)
 
 } // namespace tolvane

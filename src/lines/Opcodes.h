@@ -5,12 +5,10 @@
 
 namespace tolvane {
 
-// Every opcode word of a program must be known; the first that is not is explained. 0, or minus ErrorKazu of cs.
-template <class Ch> int CkOpStr(int prg);
+// Every opcode word of a program must be known; the first that is not is explained.
+template <class Ch> void CkOpStr(int prg);
 // The Error for an unknown word, and behind it whatever its likely causes have to say. The array pipeline leaves out
 // the bare row of the full-width space.
 template <class Ch> void ExplainUnknownOp(int line);
-// Reports a comma behind the opcode word. 1 with an Error, else 0.
-template <class Ch> int AnalystOP(int line);
 
 } // namespace tolvane

@@ -109,7 +109,7 @@ template <class Ch> void SetBehindProgram(int prg, int address) {
 
 } // namespace
 
-template <class Ch> int AdrCk53(int prg) {
+template <class Ch> void AdrCk53(int prg) {
     PrgData<Ch>& program = PrgAt<Ch>(prg);
     Running at;
     at.abs = program.AbAdrAtStart;
@@ -117,7 +117,7 @@ template <class Ch> int AdrCk53(int prg) {
         const SrcData<Ch>& src = LineAt<Ch>(line);
         if (src.strOp.empty() || (src.op != nullptr && WalkLine<Ch>(prg, line, at))) continue;
         cs->Error(line, LinkerMsg.NoWalkForOp, {src.strOp, line, src.word_kazu});
-        return -1;
+        return;
     }
     program.AbAdrAtLite = at.abs;
     for (int line = program.StartLine; line < program.EndLine; ++line) {
@@ -127,7 +127,6 @@ template <class Ch> int AdrCk53(int prg) {
     program.PrgWordKazu = at.total;
     program.AbAdrAtEnd = at.abs - 1;
     SetBehindProgram<Ch>(prg, at.abs);
-    return 0;
 }
 
 TOLVANE_BOTH_KINDS(AdrCk53)

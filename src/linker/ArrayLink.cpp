@@ -42,6 +42,17 @@ void ClearForFirst(int prg) {
     if (prg == 0) comet2->InitComet2();
 }
 
+// Whether a total fits. 0, or 1 with an Error on the line.
+int CkMaxMemory2(int total, int line) {
+    const int limit = modeFlags->Pipe->limits.imageWords;
+    if (total <= limit) return 0;
+    if (total > AddressCount)
+        cs->Error(line, LinkerMsg.BeyondAllAddresses, {total});
+    else
+        cs->Error(line, LinkerMsg.BeyondMemory, {total, limit});
+    return 1;
+}
+
 // Refuses an image that would reach beyond the memory.
 bool Exceeds(int total, int line) {
     if (total <= modeFlags->Pipe->limits.imageWords) return false;
@@ -74,16 +85,6 @@ int CkMaxMemory(int prg) {
         return l;
     }
     return CkMaxMemory2(n + d + l, program.EndLine);
-}
-
-int CkMaxMemory2(int total, int line) {
-    const int limit = modeFlags->Pipe->limits.imageWords;
-    if (total <= limit) return 0;
-    if (total > AddressCount)
-        cs->Error(line, LinkerMsg.BeyondAllAddresses, {total});
-    else
-        cs->Error(line, LinkerMsg.BeyondMemory, {total, limit});
-    return 1;
 }
 
 int SetMemory25(int prg) {

@@ -77,6 +77,13 @@ template <class Ch> void StoreLiteral(const TLiteConst<Ch>& literal, int& addres
     if (address == begin) Store(address, literal.LiteValue);
 }
 
+// Writes the words of one program into the machine's memory.
+template <class Ch> void SetMemory(int prg) {
+    int address = PrgAt<Ch>(prg).AbAdrAtStart;
+    SetLinesInMemory<Ch>(prg, Taken::All, address);
+    SetLiteralsInMemory<Ch>(prg, address);
+}
+
 } // namespace
 
 template <class Ch> void SetLineOfWord() {
@@ -106,12 +113,6 @@ template <class Ch> void SetLiteralsInMemory(int prg, int& address) {
     }
 }
 
-template <class Ch> void SetMemory(int prg) {
-    int address = PrgAt<Ch>(prg).AbAdrAtStart;
-    SetLinesInMemory<Ch>(prg, Taken::All, address);
-    SetLiteralsInMemory<Ch>(prg, address);
-}
-
 template <class Ch> int Link31() {
     const int programs = PrgKazu<Ch>();
     for (int prg = 0; prg < programs; ++prg)
@@ -130,7 +131,6 @@ template <class Ch> int Link31() {
 TOLVANE_BOTH_KINDS(SetLineOfWord)
 TOLVANE_BOTH_KINDS(SetLinesInMemory)
 TOLVANE_BOTH_KINDS(SetLiteralsInMemory)
-TOLVANE_BOTH_KINDS(SetMemory)
 TOLVANE_BOTH_KINDS(Link31)
 
 } // namespace tolvane

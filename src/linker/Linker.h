@@ -10,8 +10,8 @@ namespace tolvane {
 
 // The address walk over one program: addresses of its lines, address operands, literals behind the lines, and the
 // start of the next program. It runs once at the end of the analysis, when references to what lies further down read
-// no address yet, and once more in the link. 0, or -1 for a line that no branch fits.
-template <class Ch> int AdrCk53(int prg);
+// no address yet, and once more in the link.
+template <class Ch> void AdrCk53(int prg);
 // Whether the whole file fits below the stack area. 0, or -1 or -2 with an Error.
 template <class Ch> int CkMaxMrySize();
 // The link: second walk, size check, image. 0; the complement of the index of a program with an Error; -2 if the size
@@ -26,8 +26,6 @@ enum class Taken { Instructions, Constants, All };
 // where the next word goes.
 template <class Ch> void SetLinesInMemory(int prg, Taken taken, int& address);
 template <class Ch> void SetLiteralsInMemory(int prg, int& address);
-// Writes the words of one program into the machine's memory.
-template <class Ch> void SetMemory(int prg);
 
 // The array pipeline, whose machine is smaller.
 
@@ -35,8 +33,6 @@ template <class Ch> void SetMemory(int prg);
 int AdrCk3(int prg);
 // Whether a program fits, with the constants and literals of the file so far. 0, or another value with an Error.
 int CkMaxMemory(int prg);
-// Whether a total fits. 0, or 1 with an Error on the line.
-int CkMaxMemory2(int total, int line);
 // Writes the words of a program, to an empty machine if it is the first program, with the sums checked again:
 // instructions, then DC and DS, then literals. 0, or -1 with an Error.
 int SetMemory25(int prg);

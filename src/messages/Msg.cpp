@@ -35,6 +35,11 @@ void AppendHex(std::string& out, long long value, std::size_t least) {
     out.append(digits.data(), size);
 }
 
+// The severity's prefix in a language: "Error : ", "エラー： ".
+const char* SeverityPrefix(Severity severity, int lang) {
+    return Prefixes[static_cast<int>(severity)][lang == 0 ? 0 : 1];
+}
+
 void AppendPrefix(std::string& out, const Filling& f) {
     if (!f.headless) out += SeverityPrefix(f.severity, f.lang);
 }
@@ -134,10 +139,6 @@ const char* Msg::For(int lang, Wording wording) const {
 
 Arg::Arg(ViewW wide) : text(Utf8(wide)) {}
 Arg::Arg(ViewA shiftJis) : text(Utf8From932(shiftJis)) {}
-
-const char* SeverityPrefix(Severity severity, int lang) {
-    return Prefixes[static_cast<int>(severity)][lang == 0 ? 0 : 1];
-}
 
 void AppendVisibly(std::string& out, std::string_view text) {
     for (const char c : text) {

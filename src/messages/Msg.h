@@ -15,8 +15,8 @@
 // "\n" breaks the console line.
 //
 // Where severity and line are told by other means, a text is composed without its heads: the tags of severity and line
-// and all in front of {body} are left out, {constbody} tells the constant's number, a joined line goes on behind a colon,
-// and blanks never double.
+// and all in front of {body} are left out, {constbody} tells the constant's number, a joined line goes on behind a
+// colon, and blanks never double.
 
 #include "text/Text.h"
 
@@ -122,9 +122,6 @@ struct Place {
     Place(int sourceLine, int constantNr = 0) : line(sourceLine), constant(constantNr) {}
 };
 inline const Place NoLine{};
-
-// The severity's prefix in a language: "Error : ", "エラー： ".
-const char* SeverityPrefix(Severity severity, int lang);
 
 // What the tags of a text are filled in from.
 struct Filling {

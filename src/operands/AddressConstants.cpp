@@ -131,6 +131,11 @@ template <class Ch> int FindProgram(View<Ch> name) {
     return FindOtherProgram(-1, name);
 }
 
+// Reports the first character of the text outside A to Z and 0 to 9, and sets its position.
+template <class Ch> void DetNonAdrConstMoziPosAW(View<Ch> text, int line, int& pos) {
+    if (DetNonLabelMoziPos(text, pos)) cs->Error(line, AddressMsg.UnsuitableChar, {text, pos + 1});
+}
+
 } // namespace
 
 template <class Ch> int FindOtherProgram(int own, View<Ch> name) {
@@ -138,10 +143,6 @@ template <class Ch> int FindOtherProgram(int own, View<Ch> name) {
     for (std::size_t i = 0; i < programs.size(); ++i)
         if (static_cast<int>(i) != own && programs[i].strPrgName == name) return static_cast<int>(i);
     return -1;
-}
-
-template <class Ch> void DetNonAdrConstMoziPosAW(View<Ch> text, int line, int& pos) {
-    if (DetNonLabelMoziPos(text, pos)) cs->Error(line, AddressMsg.UnsuitableChar, {text, pos + 1});
 }
 
 template <class Ch> int CkAdrConst20(int line, int n) {
@@ -205,7 +206,6 @@ template <class Ch> int CkStartAdrOperand(int prg, int line) {
 }
 
 TOLVANE_BOTH_KINDS(FindOtherProgram)
-TOLVANE_BOTH_KINDS(DetNonAdrConstMoziPosAW)
 TOLVANE_BOTH_KINDS(CkAdrConst20)
 TOLVANE_BOTH_KINDS(CkStartAdrOperand)
 

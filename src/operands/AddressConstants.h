@@ -9,8 +9,6 @@ namespace tolvane {
 template <class Ch> int CkAdrConst20(int line, int n);
 // Checks the operand of a program's START and sets the words of its line. 0, or 1 with an Error.
 template <class Ch> int CkStartAdrOperand(int prg, int line);
-// Reports the first character of the text outside A to Z and 0 to 9, and sets its position.
-template <class Ch> void DetNonAdrConstMoziPosAW(View<Ch> text, int line, int& pos);
 
 // The program other than `own` that has the name; -1 if there is none.
 template <class Ch> int FindOtherProgram(int own, View<Ch> name);

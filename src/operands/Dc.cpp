@@ -334,11 +334,10 @@ template <class Ch> int SetWordKazuAtDC(int line) {
     return 0;
 }
 
-template <class Ch> int SetMryInAtDC(int prg) {
+template <class Ch> void SetMryInAtDC(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line)
         if (HasShape(LineAt<Ch>(line).op, Shape::Dc)) SetLineMryInAtDC<Ch>(prg, line);
-    return 0;
 }
 
 TOLVANE_BOTH_KINDS(OprndAtDCtoChH)

@@ -17,7 +17,7 @@ template <class Ch> int TakeOutOprndsAtDC(int line);
 template <class Ch> int CkDC33(int line);
 // Counts the words of a DC line. 0, or -1 with an Error.
 template <class Ch> int SetWordKazuAtDC(int line);
-// Sets the kinds and values of all DC lines of a program. 0; errors are counted.
-template <class Ch> int SetMryInAtDC(int prg);
+// Sets the kinds and values of all DC lines of a program.
+template <class Ch> void SetMryInAtDC(int prg);
 
 } // namespace tolvane

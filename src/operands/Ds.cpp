@@ -51,13 +51,12 @@ template <class Ch> int SetWordKazuAtDS(int line) {
     return 0;
 }
 
-template <class Ch> int SetMryInAtDS(int prg) {
+template <class Ch> void SetMryInAtDS(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         if (HasShape(src.op, Shape::Ds)) SetDsWords(src, CountOf<Ch>(line));
     }
-    return 0;
 }
 
 TOLVANE_BOTH_KINDS(OprndAtDS)

@@ -9,7 +9,7 @@ namespace tolvane {
 template <class Ch> int OprndAtDS(int line);
 // Reads the count. 0, or negative with an Error.
 template <class Ch> int SetWordKazuAtDS(int line);
-// Sets the words of all DS lines of a program. 0.
-template <class Ch> int SetMryInAtDS(int prg);
+// Sets the words of all DS lines of a program.
+template <class Ch> void SetMryInAtDS(int prg);
 
 } // namespace tolvane

@@ -87,6 +87,11 @@ template <class Ch> void CutOprnds(int line, SrcData<Ch>& src) {
     if (cut == Cut::GoesOn && At(text, from) != Ch(0)) src.Oprnd(4) = text.substr(from);
 }
 
+// True if operand n is not empty.
+template <class Ch> bool CkNextOprndAriWithComma(int line, int n) {
+    return !Oprnd<Ch>(line, n).empty();
+}
+
 } // namespace
 
 template <class Ch> int SearchApostForNonCharConstOP(int prg) {
@@ -158,7 +163,7 @@ template <class Ch> int ExtractAllOprnds(int prg) {
 }
 
 // Looks at the comma behind the address operand. It leaves CommaAriFlag to the handlers.
-template <class Ch> int CkCommas(int prg) {
+template <class Ch> void CkCommas(int prg) {
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line) {
         const Opcode* op = LineAt<Ch>(line).op;
         if (op == nullptr || op->shape > Shape::Address) continue;
@@ -171,7 +176,6 @@ template <class Ch> int CkCommas(int prg) {
         if (comma && !next) cs->Error(line, ExtractionMsg.NextOperandExpected, {n});
         if (!comma && next) cs->Error(line, ExtractionMsg.CommaExpected, {n, n + 1});
     }
-    return 0;
 }
 
 template <class Ch> bool EndsInComma(View<Ch> operand) {
@@ -189,10 +193,6 @@ template <class Ch> void GetCommaAriFlagForNextOprnd(int line, int n) {
 bool CommaNextOprnd3(const char* place) {
     if (cs->CommaAriFlag != 0 && cs->CommaAriFlag != 1) cs->Error(NoLine, ExtractionMsg.CommaFlagBroken, {place});
     return cs->CommaAriFlag == 1;
-}
-
-template <class Ch> bool CkNextOprndAriWithComma(int line, int n) {
-    return !Oprnd<Ch>(line, n).empty();
 }
 
 template <class Ch> void DetStrConstGL10(std::size_t& pos, View<Ch> text) {
@@ -234,7 +234,6 @@ TOLVANE_BOTH_KINDS(CkCommas)
 TOLVANE_BOTH_KINDS(EndsInComma)
 TOLVANE_BOTH_KINDS(WithoutComma)
 TOLVANE_BOTH_KINDS(GetCommaAriFlagForNextOprnd)
-TOLVANE_BOTH_KINDS(CkNextOprndAriWithComma)
 TOLVANE_BOTH_KINDS(DetStrConstGL10)
 TOLVANE_BOTH_KINDS(IsStrConstClosedGL10)
 

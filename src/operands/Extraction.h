@@ -19,8 +19,8 @@ template <class Ch> int CopyOprndComStrToChH(int prg);
 template <class Ch> int operand20m15(int prg);
 // Presets word_kazu of each line by opcode, and cleans the text of DC lines. 0, or -1 for an unknown opcode.
 template <class Ch> int ExtractAllOprnds(int prg);
-// The pass of the pipelines with commaPass: a comma with nothing behind it, or a missing one. 0.
-template <class Ch> int CkCommas(int prg);
+// The pass of the pipelines with commaPass: a comma with nothing behind it, or a missing one.
+template <class Ch> void CkCommas(int prg);
 
 template <class Ch> bool EndsInComma(View<Ch> operand);
 // The operand without the comma that ended it.
@@ -29,8 +29,6 @@ template <class Ch> View<Ch> WithoutComma(View<Ch> operand);
 template <class Ch> void GetCommaAriFlagForNextOprnd(int line, int n);
 // True if CommaAriFlag is 1. `place` names the caller, for the self-check of the flag.
 bool CommaNextOprnd3(const char* place);
-// True if operand n is not empty.
-template <class Ch> bool CkNextOprndAriWithComma(int line, int n);
 
 // Moves pos from the opening apostrophe of a string constant to the closing one, or to the end of the text.
 template <class Ch> void DetStrConstGL10(std::size_t& pos, View<Ch> text);

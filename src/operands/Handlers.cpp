@@ -46,6 +46,11 @@ template <class Ch> void RegisterOrAddressHandler(int line, const Instruction& r
     RegX<Ch>(line, 3);
 }
 
+// The Error for r1,r2 where only r,adr is allowed, told at once in every pipeline.
+template <class Ch> void DspSyntaxErrorMsg(int line) {
+    cs->Error(line, HandlerMsg.SyntaxError, {LineAt<Ch>(line).strOp});
+}
+
 template <class Ch> void ReportForm(int line, const Instruction& row) {
     const Msg* own = modeFlags->Pipe->srl2OwnForm && row.optionalForm != nullptr ? row.optionalForm : row.form;
     if (own != nullptr)
@@ -175,11 +180,6 @@ template <class Ch> int OpCk(int prg) {
     return 0;
 }
 
-template <class Ch> void DspSyntaxErrorMsg(int line) {
-    cs->Error(line, HandlerMsg.SyntaxError, {LineAt<Ch>(line).strOp});
-}
-
 TOLVANE_BOTH_KINDS(OpCk)
-TOLVANE_BOTH_KINDS(DspSyntaxErrorMsg)
 
 } // namespace tolvane

@@ -7,7 +7,5 @@ namespace tolvane {
 
 // Runs the handler of each line of a program, END included. 0, or -2 if an opcode has no handler.
 template <class Ch> int OpCk(int prg);
-// The Error for r1,r2 where only r,adr is allowed, told at once in every pipeline.
-template <class Ch> void DspSyntaxErrorMsg(int line);
 
 } // namespace tolvane

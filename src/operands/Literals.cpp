@@ -39,6 +39,24 @@ std::size_t FindMark(View<Ch> text, std::string_view mark, Fits fits, std::size_
     return npos;
 }
 
+// Judges the first character literal of the text.
+template <class Ch> void CkMoziLiteral(int line, View<Ch> text) {
+    const std::size_t open = Find(text, "='") + 1;
+    const std::size_t close = FindClosingApost(text, open);
+    const Ch behind = close == npos ? Ch('?') : At(text, close + 1);
+    const bool ends = behind == Ch(0) || behind == Ch(',') || behind == Ch(';') || IsBlank(behind);
+    if (!ends) cs->Error(line, LiteralMsg.CharsNotClosed, {text});
+    if (CountWordKazuAtCharConst(text.substr(open)) == 0) cs->Error(line, LiteralMsg.NoCharacter);
+}
+
+// The text without the blanks behind its first "=".
+template <class Ch> View<Ch> WithoutBlanksBehindEqual(View<Ch> text) {
+    if (!Has(text, '=')) return text;
+    const std::size_t p = text.find(Ch('='));
+    if (!IsBlank(At(text, p + 1))) return text;
+    return b->Keep<Ch>(Text<Ch>(text.substr(0, p + 1)) += TrimLeftBlank(text.substr(p + 1)));
+}
+
 // The first form that fits decides. A sign is passed over: the digits behind it are judged with their address.
 template <class Ch> void CkLiteralForm(int line, View<Ch> operands) {
     const View<Ch> t = WithoutBlanksBehindEqual(operands);
@@ -76,35 +94,7 @@ template <class Ch> TLiteConst<Ch>& LiteralOf(SrcData<Ch>& src) {
     return literals[static_cast<std::size_t>(src.lite)];
 }
 
-} // namespace
-
-template <class Ch> View<Ch> WithoutBlanksBehindEqual(View<Ch> text) {
-    if (!Has(text, '=')) return text;
-    const std::size_t p = text.find(Ch('='));
-    if (!IsBlank(At(text, p + 1))) return text;
-    return b->Keep<Ch>(Text<Ch>(text.substr(0, p + 1)) += TrimLeftBlank(text.substr(p + 1)));
-}
-
-template <class Ch> void CkMoziLiteral(int line, View<Ch> text) {
-    const std::size_t open = Find(text, "='") + 1;
-    const std::size_t close = FindClosingApost(text, open);
-    const Ch behind = close == npos ? Ch('?') : At(text, close + 1);
-    const bool ends = behind == Ch(0) || behind == Ch(',') || behind == Ch(';') || IsBlank(behind);
-    if (!ends) cs->Error(line, LiteralMsg.CharsNotClosed, {text});
-    if (CountWordKazuAtCharConst(text.substr(open)) == 0) cs->Error(line, LiteralMsg.NoCharacter);
-}
-
-template <class Ch> int CkLiteral15(int prg) {
-    const PrgData<Ch>& program = PrgAt<Ch>(prg);
-    for (int line = program.StartLine; line < program.EndLine; ++line) {
-        const SrcData<Ch>& src = LineAt<Ch>(line);
-        if (!Has<Ch>(src.strOprndCom, '=')) continue;
-        if (src.op != nullptr && !src.op->takesLiteral) continue;
-        CkLiteralForm<Ch>(line, src.strOprndCom);
-    }
-    return cs->AnyErrorSoFar() ? -1 : 0;
-}
-
+// The text without the blanks at the commas left of the first "=", cut at a semicolon there.
 template <class Ch> View<Ch> TrimOprndComComma(View<Ch> text) {
     const std::size_t end = std::min(text.find(Ch('=')), text.size());
     if (!NeedsTrim(text.substr(0, end))) return text;
@@ -123,6 +113,19 @@ template <class Ch> View<Ch> TrimOprndComComma(View<Ch> text) {
         if (c == Ch(',')) i = std::min(FindNonBlank(text, i), end);
     }
     return b->Keep<Ch>(out += text.substr(end));
+}
+
+} // namespace
+
+template <class Ch> int CkLiteral15(int prg) {
+    const PrgData<Ch>& program = PrgAt<Ch>(prg);
+    for (int line = program.StartLine; line < program.EndLine; ++line) {
+        const SrcData<Ch>& src = LineAt<Ch>(line);
+        if (!Has<Ch>(src.strOprndCom, '=')) continue;
+        if (src.op != nullptr && !src.op->takesLiteral) continue;
+        CkLiteralForm<Ch>(line, src.strOprndCom);
+    }
+    return cs->AnyErrorSoFar() ? -1 : 0;
 }
 
 template <class Ch> int CkStrConstLiteral(int prg) {
@@ -153,10 +156,7 @@ template <class Ch> void SetLiteNumber(int line, int value) {
     LiteralOf(LineAt<Ch>(line)).LiteValue = value;
 }
 
-TOLVANE_BOTH_KINDS(WithoutBlanksBehindEqual)
-TOLVANE_BOTH_KINDS(CkMoziLiteral)
 TOLVANE_BOTH_KINDS(CkLiteral15)
-TOLVANE_BOTH_KINDS(TrimOprndComComma)
 TOLVANE_BOTH_KINDS(CkStrConstLiteral)
 TOLVANE_BOTH_KINDS(SetLiteCharConstMryIn)
 TOLVANE_BOTH_KINDS(SetLiteNumber)

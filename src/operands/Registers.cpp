@@ -21,6 +21,16 @@ int Refuse(int line, const Msg& msg, Args args) {
     return 1;
 }
 
+template <class Ch> int AnalystIndexReg(int line, int n) {
+    const View<Ch> s = Oprnd<Ch>(line, n);
+    const auto before = cs->ErrorKazu;
+    if (Is(s, "GR0")) cs->Error(line, RegisterMsg.IndexIsGR0);
+    if (s.size() == 3 && BeginsWithGR89(s)) cs->Error(line, RegisterMsg.IndexIsGR89);
+    if (IsDigit(At(s, 0))) cs->Error(line, RegisterMsg.IndexFirstDigit, {s});
+    if (CkSmallMozi(s) > 0) cs->Error(line, RegisterMsg.IndexSmallLetter, {s});
+    return cs->ErrorKazu - before;
+}
+
 template <class Ch> int RefuseIndex(int line, int n) {
     const View<Ch> s = Oprnd<Ch>(line, n);
     cs->Error(line, RegisterMsg.NoExactIndex, {s});
@@ -43,6 +53,46 @@ template <class Ch> int TakeIndex(int line, int n) {
     src.first_word |= digit;
     src.word_kazu = 2;
     return 0;
+}
+
+// Why a word is no register, or no index register. The number of faults found.
+template <class Ch> int AnalystRegMozi(View<Ch> text, int line) {
+    int faults = 0;
+    if (BeginsWithGR89(text)) {
+        Explain(Severity::Error, line, RegisterMsg.NoSuchRegister);
+        ++faults;
+    }
+    if (IsDigit(At(text, 0))) {
+        cs->Error(line, RegisterMsg.RegisterFirstDigit, {text});
+        ++faults;
+    }
+    if (CkSmallMozi(text) > 0) {
+        cs->Error(line, RegisterMsg.RegisterSmallLetter, {text});
+        ++faults;
+    }
+    return faults;
+}
+
+// Whether operand 1 is a register name, with or without a comma; an Error if the comma is missing.
+template <class Ch> bool GRxComma(int line) {
+    const View<Ch> s = Oprnd<Ch>(line, 1);
+    const View<Ch> name = WithoutComma(s);
+    if (!IsRegister(name)) return false;
+    if (!EndsInComma(s)) cs->Error(line, RegisterMsg.NoCommaBehindRegister, {name});
+    return true;
+}
+
+// The same; the comma is of no use behind the register of POP, and no other opcode takes the register at all.
+template <class Ch> bool GRxLabelAll(int line) {
+    const View<Ch> s = Oprnd<Ch>(line, 1);
+    const View<Ch> name = WithoutComma(s);
+    if (!IsRegister(name)) return false;
+    const SrcData<Ch>& src = LineAt<Ch>(line);
+    if (!HasShape(src.op, Shape::Register))
+        cs->Error(line, RegisterMsg.RegisterInsteadOfAddress, {src.strOp});
+    else if (EndsInComma(s))
+        cs->Warning(line, RegisterMsg.CommaBehindPopRegister, {name});
+    return true;
 }
 
 } // namespace
@@ -82,43 +132,6 @@ template <class Ch> bool CkOpTypeOprndOnePop(int line) {
     cs->Error(line, RegisterMsg.NoExactPopRegister, {s, op});
     AnalystRegMozi(s, line);
     return false;
-}
-
-template <class Ch> bool GRxComma(int line) {
-    const View<Ch> s = Oprnd<Ch>(line, 1);
-    const View<Ch> name = WithoutComma(s);
-    if (!IsRegister(name)) return false;
-    if (!EndsInComma(s)) cs->Error(line, RegisterMsg.NoCommaBehindRegister, {name});
-    return true;
-}
-
-template <class Ch> bool GRxLabelAll(int line) {
-    const View<Ch> s = Oprnd<Ch>(line, 1);
-    const View<Ch> name = WithoutComma(s);
-    if (!IsRegister(name)) return false;
-    const SrcData<Ch>& src = LineAt<Ch>(line);
-    if (!HasShape(src.op, Shape::Register))
-        cs->Error(line, RegisterMsg.RegisterInsteadOfAddress, {src.strOp});
-    else if (EndsInComma(s))
-        cs->Warning(line, RegisterMsg.CommaBehindPopRegister, {name});
-    return true;
-}
-
-template <class Ch> int AnalystRegMozi(View<Ch> text, int line) {
-    int faults = 0;
-    if (BeginsWithGR89(text)) {
-        Explain(Severity::Error, line, RegisterMsg.NoSuchRegister);
-        ++faults;
-    }
-    if (IsDigit(At(text, 0))) {
-        cs->Error(line, RegisterMsg.RegisterFirstDigit, {text});
-        ++faults;
-    }
-    if (CkSmallMozi(text) > 0) {
-        cs->Error(line, RegisterMsg.RegisterSmallLetter, {text});
-        ++faults;
-    }
-    return faults;
 }
 
 template <class Ch> int r2(int line) {
@@ -181,16 +194,6 @@ template <class Ch> int RegX(int line, int n) {
     return TakeIndex<Ch>(line, n);
 }
 
-template <class Ch> int AnalystIndexReg(int line, int n) {
-    const View<Ch> s = Oprnd<Ch>(line, n);
-    const auto before = cs->ErrorKazu;
-    if (Is(s, "GR0")) cs->Error(line, RegisterMsg.IndexIsGR0);
-    if (s.size() == 3 && BeginsWithGR89(s)) cs->Error(line, RegisterMsg.IndexIsGR89);
-    if (IsDigit(At(s, 0))) cs->Error(line, RegisterMsg.IndexFirstDigit, {s});
-    if (CkSmallMozi(s) > 0) cs->Error(line, RegisterMsg.IndexSmallLetter, {s});
-    return cs->ErrorKazu - before;
-}
-
 template <class Ch> void AnalystGR89(int line) {
     const View<Ch> s = Oprnd<Ch>(line, 2);
     if (s.size() == 3 && BeginsWithGR89(s)) cs->Warning(line, RegisterMsg.GR89AsLabel, {s});
@@ -199,13 +202,9 @@ template <class Ch> void AnalystGR89(int line) {
 TOLVANE_BOTH_KINDS(CkOpTypeOprndOne)
 TOLVANE_BOTH_KINDS(CkOpTypeOprndOneAdr)
 TOLVANE_BOTH_KINDS(CkOpTypeOprndOnePop)
-TOLVANE_BOTH_KINDS(GRxComma)
-TOLVANE_BOTH_KINDS(GRxLabelAll)
 TOLVANE_BOTH_KINDS(r2)
 TOLVANE_BOTH_KINDS(CkAdrOperand)
 TOLVANE_BOTH_KINDS(RegX)
-TOLVANE_BOTH_KINDS(AnalystRegMozi)
-TOLVANE_BOTH_KINDS(AnalystIndexReg)
 TOLVANE_BOTH_KINDS(AnalystGR89)
 
 } // namespace tolvane

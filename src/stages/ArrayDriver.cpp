@@ -55,13 +55,12 @@ bool RunSteps(int prg) {
 
 } // namespace
 
-int AnalyseArrayLines() {
+void AnalyseArrayLines() {
     for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg)
-        if (!RunSteps(prg)) return -1;
-    if (ErrorSum() > 0) return -1;
+        if (!RunSteps(prg)) return;
+    if (ErrorSum() > 0) return;
     for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg)
-        if (SetMemory25(prg) < 0) return -1;
-    return 0;
+        if (SetMemory25(prg) < 0) return;
 }
 
 } // namespace tolvane

@@ -16,48 +16,50 @@ namespace tolvane {
 
 namespace {
 
-template <class Ch> int CkCommasIfAsked(int prg) {
-    return modeFlags->Pipe->commaPass ? CkCommas<Ch>(prg) : 0;
+template <class Ch> void CkCommasIfAsked(int prg) {
+    if (modeFlags->Pipe->commaPass) CkCommas<Ch>(prg);
 }
 
-template <class Ch> int SetMryInAtDsAndDc(int prg) {
+template <class Ch> void SetMryInAtDsAndDc(int prg) {
     SetMryInAtDS<Ch>(prg);
     SetMryInAtDC<Ch>(prg);
-    return 0;
 }
 
-// The passes of a program. Each reads what those above it have written and may rely on their checks. The results say
-// no more than the count of Errors does.
+// A pass that the array driver has as well: there its result stops the driver, here the count of Errors alone does.
+template <auto pass> void Shared(int prg) {
+    pass(prg);
+}
+
+// The passes of a program. Each reads what those above it have written and may rely on their checks.
 template <class Ch>
-constexpr int (*Passes[])(int prg) = {
-    FindLabels<Ch>,
+constexpr void (*Passes[])(int prg) = {
+    Shared<FindLabels<Ch>>,
     SplitFields<Ch>,
     CkOpStr<Ch>,
-    SearchApostForNonCharConstOP<Ch>,
-    edit30c<Ch>,
-    edit50<Ch>,
-    CkLiteral15<Ch>,
-    CkStrConstLiteral<Ch>,
-    TrimZenOprndComOfFile<Ch>,
-    TrimOprndCom<Ch>,
-    CopyOprndComStrToChH<Ch>,
-    operand20m15<Ch>,
-    ExtractAllOprnds<Ch>,
+    Shared<SearchApostForNonCharConstOP<Ch>>,
+    Shared<edit30c<Ch>>,
+    Shared<edit50<Ch>>,
+    Shared<CkLiteral15<Ch>>,
+    Shared<CkStrConstLiteral<Ch>>,
+    Shared<TrimZenOprndComOfFile<Ch>>,
+    Shared<TrimOprndCom<Ch>>,
+    Shared<CopyOprndComStrToChH<Ch>>,
+    Shared<operand20m15<Ch>>,
+    Shared<ExtractAllOprnds<Ch>>,
     CkCommasIfAsked<Ch>,
-    OpCk<Ch>,
+    Shared<OpCk<Ch>>,
     SetMryInAtDsAndDc<Ch>,
     AdrCk53<Ch>,
 };
 
 } // namespace
 
-template <class Ch> int AnalyseLines() {
+template <class Ch> void AnalyseLines() {
     for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg)
         for (const auto pass : Passes<Ch>) {
             pass(prg);
-            if (ErrorSum() > 0) return -1;
+            if (ErrorSum() > 0) return;
         }
-    return 0;
 }
 
 TOLVANE_BOTH_KINDS(AnalyseLines)

@@ -3,10 +3,10 @@
 
 namespace tolvane {
 
-// Runs all passes over all programs and stops at the first pass that leaves an Error behind. 0, or -1 when one did.
-template <class Ch> int AnalyseLines();
+// Runs all passes over all programs and stops at the first pass that leaves an Error behind.
+template <class Ch> void AnalyseLines();
 // The same in the array pipeline, whose passes stop the analysis by their results as well, and which fills the memory
 // as soon as its lines are analysed.
-int AnalyseArrayLines();
+void AnalyseArrayLines();
 
 } // namespace tolvane

@@ -16,31 +16,29 @@ namespace tolvane {
 
 namespace {
 
-template <class Ch> int Normalise() {
-    return modeFlags->Pipe->normalising == Normalising::editN ? editN() : editNWB<Ch>();
+template <class Ch> void Normalise() {
+    modeFlags->Pipe->normalising == Normalising::editN ? editN() : editNWB<Ch>();
 }
 
-template <class Ch> int SettlePrograms() {
+template <class Ch> void SettlePrograms() {
     for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg) {
         StartEnd<Ch>(prg);
         StripComment<Ch>(prg);
     }
-    return 0;
 }
 
-template <class Ch> int CkPrgNames() {
+template <class Ch> void CkPrgNames() {
     for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg)
         CkPrgName<Ch>(prg);
-    return 0;
 }
 
-template <class Ch> int Analyse() {
-    return modeFlags->Pipe->analysis == Analysis::Tables ? AnalyseArrayLines() : AnalyseLines<Ch>();
+template <class Ch> void Analyse() {
+    modeFlags->Pipe->analysis == Analysis::Tables ? AnalyseArrayLines() : AnalyseLines<Ch>();
 }
 
-// The stages of an assembly. A negative result stops it, and so does an Error, whatever the result.
+// The stages of an assembly. An Error stops it.
 template <class Ch>
-constexpr int (*Stages[])() = {
+constexpr void (*Stages[])() = {
     Normalise<Ch>,      TabsToBlanks<Ch>,           StartEnd10<Ch>,     StartEnd20<Ch>,
     SettlePrograms<Ch>, IsAnySrcOutsideSartEnd<Ch>, CkPrgNames<Ch>,     CkPrgNameDouble<Ch>,
     Analyse<Ch>,        CkLabelInUse<Ch>,           CkPrgNameInUse<Ch>,
@@ -48,9 +46,9 @@ constexpr int (*Stages[])() = {
 
 template <class Ch> bool RunStagesOf(TMsgBase& game) {
     for (const auto stage : Stages<Ch>) {
-        const int result = stage();
+        stage();
         SumMsgKazu(game);
-        if (result < 0 || game.ErrorKazu > 0) return false;
+        if (game.ErrorKazu > 0) return false;
     }
     return true;
 }

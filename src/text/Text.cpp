@@ -65,11 +65,12 @@ template <class Ch, class Length> View<Ch> TrimZen(View<Ch> text, View<Ch> zen, 
     return text.substr(begin, end - begin);
 }
 
-} // namespace
-
+// The text without spaces, full-width spaces and tabs at the left end, spaces and full-width spaces at the right end.
 template <class Ch> View<Ch> TrimZenBlank(View<Ch> text) {
     return TrimZen<Ch>(text, ZenSpace<Ch>(), [](View<Ch> t, std::size_t i) { return CharLength(t, i); });
 }
+
+} // namespace
 
 std::string TrimZenBlankUtf8(const std::string& text) {
     const auto length = [](std::string_view t, std::size_t i) {
@@ -84,7 +85,6 @@ std::string TrimZenBlankUtf8(const std::string& text) {
 TOLVANE_BOTH_KINDS(TrimLeftBlank)
 TOLVANE_BOTH_KINDS(TrimRightBlank)
 TOLVANE_BOTH_KINDS(TrimBlank)
-TOLVANE_BOTH_KINDS(TrimZenBlank)
 TOLVANE_BOTH_KINDS(CharLength)
 TOLVANE_BOTH_KINDS(FindZenSpace)
 TOLVANE_BOTH_KINDS(IsZenKakuAt)

@@ -161,9 +161,8 @@ template <class Ch> View<Ch> TrimLeftBlank(View<Ch> text);
 template <class Ch> View<Ch> TrimRightBlank(View<Ch> text);
 template <class Ch> View<Ch> TrimBlank(View<Ch> text);
 
-// The text without spaces, full-width spaces and tabs at the left end, spaces and full-width spaces at the right end.
-template <class Ch> View<Ch> TrimZenBlank(View<Ch> text);
-// The same for UTF-8 text of the console.
+// UTF-8 text of the console without spaces, full-width spaces and tabs at the left end, spaces and full-width spaces at
+// the right end.
 std::string TrimZenBlankUtf8(const std::string& text);
 
 // The full-width space: U+3000, or the bytes 81 40.
