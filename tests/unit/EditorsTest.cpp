@@ -56,7 +56,7 @@ TEST(Editors, VimLoadsItsFiles) {
     if (std::system("vim --version >/dev/null 2>&1") != 0) GTEST_SKIP() << "no Vim here";
     const std::string path = "vim -es -u NONE -i NONE --cmd 'set nocp rtp^=" + (Editors / "vim").string() + "' ";
     const std::string load = "-c 'syn enable | filetype plugin on | compiler tolvane | set ft=casl2' ";
-    const std::string judge = "-c 'if v:errmsg != \"\" || !hlexists(\"casl2Macro\") || !&bomb | cq | endif' -c qa";
+    const std::string judge = "-c 'if v:errmsg != \"\" || !hlexists(\"casl2Macro\") || !exists(\"#casl2#BufWritePre#<buffer>\") | cq | endif' -c qa";
     EXPECT_EQ(std::system((path + load + judge).c_str()), 0);
 }
 

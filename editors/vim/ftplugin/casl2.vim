@@ -4,7 +4,8 @@ if exists("b:did_ftplugin")
 endif
 let b:did_ftplugin = 1
 
-if &l:fileencoding ==# "" || &l:fileencoding ==# "utf-8"
-  setlocal fileencoding=utf-8 bomb
-endif
-let b:undo_ftplugin = "setlocal bomb<"
+augroup casl2
+  autocmd! BufWritePre <buffer>
+  autocmd BufWritePre <buffer> if index(["", "utf-8"], &l:fileencoding) >= 0 | setlocal fileencoding=utf-8 bomb | endif
+augroup END
+let b:undo_ftplugin = "autocmd! casl2 BufWritePre <buffer>"
