@@ -111,7 +111,7 @@ std::vector<Book> ReadBooks(const std::filesystem::path& folder) {
     std::vector<Book> books;
     for (const auto& entry : std::filesystem::directory_iterator(folder))
         if (entry.path().extension() == ".book") books.push_back(Parse(entry.path()));
-    std::ranges::sort(books, {}, &Book::path);
+    std::sort(books.begin(), books.end(), [](const Book& a, const Book& b) { return a.path < b.path; });
     return books;
 }
 

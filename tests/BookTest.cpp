@@ -192,7 +192,9 @@ void Rewrite(const Book& book) {
 } // namespace
 
 void RegisterBooks(bool rewrite) {
-    if (rewrite) std::ranges::for_each(AllBooks(), Rewrite);
+    if (rewrite)
+        for (const Book& book : AllBooks())
+            Rewrite(book);
     for (const Book& book : AllBooks())
         for (const Case& c : book.cases) {
             const int line = static_cast<int>(c.begin) + 1;
