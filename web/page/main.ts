@@ -63,7 +63,7 @@ async function check() {
     editor.showChecked(found.diagnostics, found.lines);
     problems.show(found.diagnostics);
     document.documentElement.dataset['checked'] = String(performance.now());
-    if (found.good && (!isLoaded || picture?.state.latest === 0)) await load();
+    if (found.good) loadSoon();
   }
   isChecking = false;
 }
@@ -143,7 +143,14 @@ function goTo(line: number) {
 
 // --- The machine
 
+// A sound source stands in the machine as long as nothing has been run, for its registers and memory to be looked at.
+let loading: ReturnType<typeof setTimeout> | undefined;
+function loadSoon() {
+  clearTimeout(loading);
+  loading = setTimeout(() => void (isStale && (!isLoaded || picture?.state.latest === 0) && load()), 100);
+}
 async function load(): Promise<boolean> {
+  clearTimeout(loading);
   const { good, diagnostics } = await machineWorker.ask('load', editor.text(), settings.pipeline, settings.language);
   problems.show(diagnostics);
   if (!good) return false;
@@ -232,7 +239,7 @@ function showAll(marks: boolean, found?: ConsoleEntry[]) {
   machine.show(picture, marks);
   output.show(picture?.state, found);
   if (picture) editor.showRun(isStale || (picture.running && time.pace() === 0) ? -1 : picture.state.isEnd ? -1 : picture.state.line, isStale ? [] : picture.counts);
-  document.body.classList.toggle('stale', isStale && picture !== undefined);
+  document.body.classList.toggle('stale', isStale && (picture?.state.latest ?? 0) > 0);
 }
 function pictureCame(found: Picture) {
   picture = found;

@@ -92,8 +92,8 @@ export function makeTime(uses: TimeUses): Time {
   const now = () => shown?.state.now ?? 0;
 
   function statusText(): string {
-    if (isStale && shown && !shown.running) return t('stale');
     if (!shown) return '';
+    if (isStale && !shown.running) return shown.state.latest > 0 ? t('stale') : t('ready');
     if (shown.running) return t('running');
     const state = shown.state;
     if (state.isFault) return t('faulted');
