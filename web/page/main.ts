@@ -64,16 +64,18 @@ async function check() {
     problems.show(found.diagnostics);
     document.documentElement.dataset['checked'] = String(performance.now());
     if (found.good) loadSoon();
+    showTime();
   }
   isChecking = false;
 }
 
 function textChanged() {
   checked = undefined;
-  isStale = true;
   clearTimeout(saving);
   saving = setTimeout(keepAll, 400);
   void check();
+  if (isStale) return;
+  isStale = true;
   showAll(false);
 }
 
@@ -195,6 +197,7 @@ const time = makeTime({
   task: (task, back, number, pace) => void perform(task, back, number, pace),
   pause: () => void machineWorker.ask('pause'),
   restart: () => void restart(),
+  hasErrors: () => problems.errors() > 0,
 });
 const machine = makeMachine({
   format: () => settings.format,
@@ -234,12 +237,18 @@ function goOnBehindInput(isAnswer: boolean) {
   void machineWorker.ask('task', isWalk ? 'run' : 'resume', false, 0, lastTask.pace);
 }
 
-function showAll(marks: boolean, found?: ConsoleEntry[]) {
+function showTime() {
   time.show(picture, isStale);
+  document.body.classList.toggle('stale', isStale && picture !== undefined && (picture.state.latest > 0 || problems.errors() > 0));
+}
+function showAll(marks: boolean, found?: ConsoleEntry[]) {
+  showTime();
   machine.show(picture, marks);
   output.show(picture?.state, found);
-  if (picture) editor.showRun(isStale || (picture.running && time.pace() === 0) ? -1 : picture.state.isEnd ? -1 : picture.state.line, isStale ? [] : picture.counts);
-  document.body.classList.toggle('stale', isStale && (picture?.state.latest ?? 0) > 0);
+  if (!picture) return;
+  const { state, running, counts } = picture;
+  const isMoving = running && time.pace() === 0;
+  editor.showRun(isStale || isMoving || state.isEnd ? -1 : state.line, isStale ? [] : counts);
 }
 function pictureCame(found: Picture) {
   picture = found;

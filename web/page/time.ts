@@ -8,6 +8,7 @@ export interface TimeUses {
   task(task: Task, back: boolean, number: number, pace: number): void;
   pause(): void;
   restart(): void;
+  hasErrors(): boolean; // the source as it is
 }
 export interface Time {
   element: HTMLElement;
@@ -93,7 +94,7 @@ export function makeTime(uses: TimeUses): Time {
 
   function statusText(): string {
     if (!shown) return '';
-    if (isStale && !shown.running) return shown.state.latest > 0 ? t('stale') : t('ready');
+    if (isStale && !shown.running) return uses.hasErrors() ? t('cannotRun') : shown.state.latest > 0 ? t('stale') : t('ready');
     if (shown.running) return t('running');
     const state = shown.state;
     if (state.isFault) return t('faulted');
