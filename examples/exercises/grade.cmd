@@ -4,7 +4,7 @@ rem FILE is my.txt in the exercise's folder if it is not given. TOLVANE_RUN may 
 setlocal
 set "here=%~dp0"
 set "run=%TOLVANE_RUN%"
-if not defined run if exist "%here%..\..\tolvane-run.exe" set "run=%here%..\..\tolvane-run.exe"
+if not defined run if exist "%here%..\tolvane-run.exe" set "run=%here%..\tolvane-run.exe"
 if not defined run set "run=tolvane-run.exe"
 set "language="
 if "%~1"=="-l" set "language=-l %~2"
