@@ -131,6 +131,10 @@ void Write(std::string_view utf8) {
         TheOutput().Append(Encoded(OutputCode(), utf8, bytes));
 }
 
+std::string_view UsersMark() {
+    return TextFileMark();
+}
+
 std::string_view InUsersCode(std::string_view utf8, std::string& bytes) {
     return Encoded(TextFileCode(), utf8, bytes);
 }

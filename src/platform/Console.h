@@ -34,6 +34,9 @@ void WriteTo(std::string* text);
 // they are not those of the text.
 std::string_view InUsersCode(std::string_view utf8, std::string& bytes);
 
+// What such a file begins with where its code has to be told; else nothing.
+std::string_view UsersMark();
+
 // One line without its line end; what lies beyond `limit` characters is dropped with the line. Nothing at the end of
 // the input, or when a signal stops the simulated program that reads; a last line without its line end is a line.
 std::optional<std::string> ReadLine(std::size_t limit);

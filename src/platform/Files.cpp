@@ -62,6 +62,11 @@ template <class Read> Once ReadWithinMemory(const Read& read, std::size_t most) 
     }
 }
 
+// "\\server\share"; where the separators that follow are doubled, so is this one.
+bool BeginsWithMachine(std::string_view name) {
+    return name.starts_with("\\\\") && name.find("\\\\", 1) == std::string_view::npos;
+}
+
 } // namespace
 
 bool IsSystemName(const std::string& name) {
@@ -71,7 +76,7 @@ bool IsSystemName(const std::string& name) {
 std::string SystemPath(const std::string& path) {
     std::string_view name = path;
     if (name.size() >= 2 && name.front() == '"' && name.back() == '"') name = name.substr(1, name.size() - 2);
-    std::string out;
+    std::string out = NamesMachines() && BeginsWithMachine(name) ? "/" : "";
     for (std::size_t i = 0; i < name.size(); ++i) {
         const bool separator = name[i] == '\\';
         if (separator && i + 1 < name.size() && name[i + 1] == '\\') ++i;

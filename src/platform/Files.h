@@ -8,6 +8,8 @@
 
 namespace tolvane::platform {
 
+// Whether two backslashes at the front lead to another machine; then they stay two.
+bool NamesMachines();
 // The path as the system takes it.
 std::string SystemPath(const std::string& path);
 // The working directory; nothing if it cannot be read.

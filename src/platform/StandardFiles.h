@@ -19,6 +19,8 @@ const CharacterCode& InputCode();
 const CharacterCode& OutputCode();
 const CharacterCode& ErrorCode();
 const CharacterCode& TextFileCode();
+// What text files begin with where that tells their code to the other programs; else nothing.
+std::string_view TextFileMark();
 
 // Reads up to `size` bytes, at least one; 0 at the end of the input, and when a signal stops the program that reads.
 std::size_t ReadInput(char* bytes, std::size_t size);

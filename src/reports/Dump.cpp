@@ -363,6 +363,7 @@ std::string DumpText(const Tcomet2& machine, const std::string& fileName) {
 std::optional<std::string> WriteDumpFile(const Tcomet2& machine, const std::string& path, const std::string& fileName) {
     platform::FileWriter file(path);
     std::string bytes;
+    file.Write(console::UsersMark());
     if (file.IsGood())
         WriteDump(machine, fileName, [&](std::string_view piece) { file.Write(console::InUsersCode(piece, bytes)); });
     return file.Close();

@@ -81,6 +81,9 @@ TEST_F(Readers, Paths) {
     // The system's side of it
     EXPECT_EQ(platform::SystemPath("\"C\\\\my dir\\a.txt\""), "C/my dir/a.txt");
     EXPECT_EQ(platform::SystemPath("a\"b"), "a\"b");
+    const std::string machine = platform::NamesMachines() ? "/" : "";
+    EXPECT_EQ(platform::SystemPath("\\\\server\\share\\a.txt"), machine + "/server/share/a.txt");
+    EXPECT_EQ(platform::SystemPath("\\\\dir\\\\a.txt"), "/dir/a.txt");
     WriteFile("source", "");
     for (const std::string& none : {"."s, ""s, "/dev/zero"s, "source\0"s})
         EXPECT_FALSE(platform::IsFileThere(none));

@@ -35,6 +35,10 @@ bool Descriptor::Close() {
     return closing < 0 || close(closing) == 0;
 }
 
+bool NamesMachines() {
+    return false;
+}
+
 // Opens a regular file. What is none is not opened at all: a pipe without a writer would never come back.
 Descriptor OpenToRead(const std::string& path) {
     const std::string name = SystemPath(path);

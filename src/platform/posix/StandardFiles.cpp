@@ -95,6 +95,10 @@ const CharacterCode& TextFileCode() {
     return ConsoleCode();
 }
 
+std::string_view TextFileMark() {
+    return "";
+}
+
 std::size_t ReadInput(char* bytes, std::size_t size) {
     for (;;) {
         if (!signals::WaitReadable(STDIN_FILENO)) {

@@ -50,6 +50,10 @@ bool Descriptor::Close() {
     return closing < 0 || CloseHandle(HandleOf(closing)) != 0;
 }
 
+bool NamesMachines() {
+    return true;
+}
+
 Descriptor OpenToRead(const std::string& path) {
     const std::string name = SystemPath(path);
     if (!IsSystemName(name)) return Descriptor(-1);

@@ -83,6 +83,11 @@ UINT TextFilePage() {
     return GetACP();
 }
 
+// A page that is none of ours would lose the Japanese characters; the editors of such a system know UTF-8 by its mark.
+bool TextFilesAreMarked() {
+    return CodeOfLocale() == nullptr && &CodeOfPage<TextFilePage>() == &PageCode<TextFilePage>::Get();
+}
+
 // The code of a standard file: the console itself takes every character; the shells and terminals that have a locale
 // name the code of what they pass on; else it is that of the console.
 template <UINT (*Page)()> const CharacterCode& CodeOf(DWORD which) {
@@ -178,7 +183,11 @@ const CharacterCode& ErrorCode() {
 
 const CharacterCode& TextFileCode() {
     static const CharacterCode* const locale = CodeOfLocale();
-    return locale != nullptr ? *locale : CodeOfPage<TextFilePage>();
+    return locale != nullptr ? *locale : TextFilesAreMarked() ? Utf8Code : CodeOfPage<TextFilePage>();
+}
+
+std::string_view TextFileMark() {
+    return TextFilesAreMarked() ? "\xEF\xBB\xBF" : "";
 }
 
 std::size_t ReadInput(char* bytes, std::size_t size) {
