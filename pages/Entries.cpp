@@ -38,7 +38,7 @@ constexpr const char* Heads[] = {
 std::string WithoutHeads(std::string text) {
     for (bool found = true; found;) {
         text = TrimZenBlankUtf8(text);
-        const auto* const head = std::ranges::find_if(Heads, [&](const char* each) { return text.starts_with(each); });
+        const auto* const head = std::find_if(std::begin(Heads), std::end(Heads), [&](const char* each) { return text.starts_with(each); });
         found = head != std::end(Heads);
         if (found) text.erase(0, std::string_view(*head).size());
     }
@@ -117,7 +117,7 @@ std::string Said(const Assembly& assembly) {
     Strings texts;
     for (const Strings& lines : assembly.lines) {
         const std::string text = Joined(lines);
-        if (std::ranges::find(texts, text) == texts.end()) texts.push_back(text);
+        if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
     }
     return Joined(texts);
 }
@@ -145,8 +145,13 @@ struct Example {
     bool shownByConsole = true;
 };
 
+// The first diagnostic of a row; a.said.end() if there is none.
+std::vector<MsgRec>::const_iterator SaidOf(const Msg* row, const Assembly& a) {
+    return std::find_if(a.said.begin(), a.said.end(), [row](const MsgRec& said) { return said.row == row; });
+}
+
 Example ExampleOf(const Msg* row, const Case& c, const char* pipeline, const Assembly& a, std::size_t rows) {
-    const auto record = std::ranges::find(a.said, row, &MsgRec::row);
+    const auto record = SaidOf(row, a);
     const bool queued = row->ofOperands && !FindPipeline(pipeline)->printsOperandsAtOnce;
     return {&c, pipeline, rows, record->severity, record->place.line, !queued || a.counters[0] > 0};
 }
@@ -155,12 +160,14 @@ Example ExampleOf(const Msg* row, const Case& c, const char* pipeline, const Ass
 // said most often, in the shortest source.
 const Example& BestOf(const std::vector<Example>& examples) {
     const auto sameRule = [&](const Example& example) {
-        return std::ranges::count_if(examples, [&](const Example& e) { return e.c->rule == example.c->rule; });
+        return std::count_if(examples.begin(), examples.end(), [&](const Example& e) { return e.c->rule == example.c->rule; });
     };
-    return *std::ranges::min_element(examples, {}, [&](const Example& example) {
+    const auto rank = [&](const Example& example) {
         return std::tuple(example.rows, example.line != LineInFrame(*example.c), -sameRule(example),
                           SourceOf(*example.c).size());
-    });
+    };
+    return *std::min_element(examples.begin(), examples.end(),
+                             [&](const Example& a, const Example& b) { return rank(a) < rank(b); });
 }
 
 // The instruction of a line without a label, else nothing: a fault of a label has nothing to do with it.
@@ -178,7 +185,8 @@ std::string SoundTwin(const Example& example, const std::vector<const Case*>& so
         return !OpcodeOf(faulty).empty() && OpcodeOf(faulty) == OpcodeOf(c.source[0]);
     };
     const auto distance = [&](const Case& c) {
-        const auto alike = std::ranges::mismatch(faulty, c.source[0]).in1 - faulty.begin();
+        const auto differs = std::mismatch(faulty.begin(), faulty.end(), c.source[0].begin(), c.source[0].end());
+        const auto alike = differs.first - faulty.begin();
         return std::tuple(!sameOpcode(c), c.rule != example.c->rule, -alike, c.source[0].size());
     };
     for (const Case* c : sound) {
@@ -342,7 +350,7 @@ std::map<std::string, Case> CasesOf(const Guide& guide) {
 std::optional<Example> ExampleIn(const Msg* row, const Case& c) {
     for (const char* pipeline : PipelineOrder) {
         const Assembly a = AssembleCase(c, pipeline, 1);
-        if (std::ranges::find(a.said, row, &MsgRec::row) != a.said.end()) return ExampleOf(row, c, pipeline, a, 1);
+        if (SaidOf(row, a) != a.said.end()) return ExampleOf(row, c, pipeline, a, 1);
     }
     return std::nullopt;
 }

@@ -14,7 +14,6 @@
 #include <exception>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <set>
 
 namespace tolvane {
@@ -34,6 +33,14 @@ std::set<std::string> Listed(const fs::path& file) {
     return names;
 }
 
+bool Says(const Entry& entry, const std::string& row) {
+    return std::find(entry.rows.begin(), entry.rows.end(), row) != entry.rows.end();
+}
+
+bool HasEntry(const std::vector<Entry>& entries, const std::string& id) {
+    return std::any_of(entries.begin(), entries.end(), [&id](const Entry& entry) { return entry.id == id; });
+}
+
 // Rows without an entry that no list names, and names of lists that have an entry.
 Strings Faults(const std::vector<Entry>& entries, const fs::path& root) {
     std::set<std::string> listed = Listed(root / "pages/unexplained.txt");
@@ -41,11 +48,9 @@ Strings Faults(const std::vector<Entry>& entries, const fs::path& root) {
     Strings faults;
     for (const Msg* row : AllRows()) {
         const std::string name = NameOf(*row);
-        const auto says = [&name](const Entry& entry) {
-            return std::ranges::find(entry.rows, name) != entry.rows.end();
-        };
-        const bool explained = std::ranges::any_of(entries, says);
-        const bool shown = std::ranges::find(entries, name, &Entry::id) != entries.end();
+        const auto says = [&name](const Entry& entry) { return Says(entry, name); };
+        const bool explained = std::any_of(entries.begin(), entries.end(), says);
+        const bool shown = HasEntry(entries, name);
         const bool excepted = listed.contains(name);
         if (!explained && !excepted && !listed.contains(name.substr(0, name.find('.')) + ".*"))
             faults.push_back(name + " has no example: add a case to tests/books, or a reason to pages/unexplained.txt");
@@ -60,7 +65,7 @@ Strings WithoutPlace(const std::vector<Entry>& entries, const Guide& guide) {
     for (const Entry& entry : entries)
         if (!guide.notes.contains(entry.id)) faults.push_back(entry.id + " has no place in pages/rows.txt");
     for (const auto& [name, notes] : guide.notes)
-        if (std::ranges::find(entries, name, &Entry::id) == entries.end())
+        if (!HasEntry(entries, name))
             faults.push_back(name + " of pages/rows.txt has no entry");
     return faults;
 }
@@ -213,7 +218,7 @@ std::string WithGaps(std::string_view text) {
 std::string Searched(const Entry& entry) {
     std::set<std::string> texts;
     for (const Msg* row : AllRows())
-        if (std::ranges::find(entry.rows, NameOf(*row)) != entry.rows.end())
+        if (Says(entry, NameOf(*row)))
             for (const Wording wording : {WordingNWW, WordingWP, WordingNA, WordingAP, WordingNH})
                 for (const int language : {0, 1})
                     texts.insert(Json(WithGaps(row->For(language, wording))));
@@ -281,18 +286,23 @@ std::string Page(const std::vector<Entry>& entries, std::size_t language, const 
                "</script>\n<script>\n", FileText(folder / "page.js"), "</script>\n</body>\n</html>\n");
 }
 
+template <class Item> void Append(const std::vector<Item>& items, std::vector<Item>& all) {
+    all.insert(all.end(), items.begin(), items.end());
+}
+
 int Make(const fs::path& root, const fs::path& folder) {
     const Guide guide = ReadGuide(root / "pages/rows.txt");
     Strings faults;
     std::vector<Entry> entries = EntriesOfBooks(ReadBooks(root / "tests/books"), guide, faults);
-    std::ranges::move(EntriesOfFaults(root / "pages/faults.txt", guide), std::back_inserter(entries));
-    std::ranges::move(EntriesOfOpcodes(guide), std::back_inserter(entries));
-    std::ranges::move(Faults(entries, root), std::back_inserter(faults));
-    std::ranges::move(WithoutPlace(entries, guide), std::back_inserter(faults));
+    Append(EntriesOfFaults(root / "pages/faults.txt", guide), entries);
+    Append(EntriesOfOpcodes(guide), entries);
+    Append(Faults(entries, root), faults);
+    Append(WithoutPlace(entries, guide), faults);
     for (const std::string& fault : faults)
         std::cerr << fault << "\n";
     if (!faults.empty()) return 1;
-    std::ranges::stable_sort(entries, {}, &Entry::place);
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const Entry& a, const Entry& b) { return a.place < b.place; });
     const auto write = [&folder](const char* name, const std::string& text) {
         std::ofstream out(folder / name, std::ios::binary);
         return static_cast<bool>(out << text << std::flush);
