@@ -122,6 +122,7 @@ TEST(Documents, NameTheSameOptionsAndStatuses) {
             const std::string told = testing::TempDir() + "tolvane-help";
             ASSERT_EQ(std::system((path + " -l " + language + " --help >" + told).c_str()), 0);
             const std::string help = ReadFile(told);
+            EXPECT_LE(Lines(help).size(), 23u) << "a screen, and its prompt";
             const std::string list =
                 help.substr(std::min(help.find(language == "en" ? "Exit status" : "終了ステータス"), help.size()));
             if (options.empty()) options = WordsIn(help, option);

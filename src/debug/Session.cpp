@@ -234,7 +234,7 @@ void Session::ShowChanges() {
         const bool isNew = sp < before->registers.SP;
         cells.Add(sp, isNew ? ~machine.Stack[i] : before->Stack[i], machine.Stack[i]);
     }
-    const std::string row = run::ChangedRegisters(before->registers) + cells.Text();
+    const std::string row = run::ChangedRegisters(before->registers, machine.RegistersNow()) + cells.Text();
     if (!row.empty()) Print(" " + row);
 }
 

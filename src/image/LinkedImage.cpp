@@ -28,6 +28,7 @@ template <class Ch> LineText TextOfRecord(const SrcData<Ch>& src) {
     text.code = TrimZenBlankUtf8(AsUtf8(src.strOp) + " " + AsUtf8(src.strOprndCom));
     text.ends = HasShape(src.op, Shape::End);
     text.isInstruction = src.op != nullptr && !IsDcOrDs(src.op);
+    text.opcode = src.op;
     text.address = src.AbAdr;
     if (const TLiteConst<Ch>* literal = b->Literal(src)) text.literalAddress = literal->AbAdr;
     return text;

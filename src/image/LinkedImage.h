@@ -1,6 +1,8 @@
 #pragma once
 // A linked image and the source lines that it was made of, as UTF-8, for everything that tells of an address.
 
+#include "records/Opcode.h"
+
 #include <string>
 #include <vector>
 
@@ -12,6 +14,7 @@ struct LineText {
     std::string code;           // opcode and operands, empty for a line without an opcode
     bool ends = false;          // an END line
     bool isInstruction = false; // its words are there to be executed: no DC, no DS
+    const Opcode* opcode = nullptr;
     int address = 0;            // of its first word
     int literalAddress = -1;    // of its literal, -1 without one
 };

@@ -206,13 +206,17 @@ Stop Tcomet2::Told(Stop stop) {
     return stop;
 }
 
+Registers Tcomet2::RegistersNow() const {
+    return {GR, PR, SP, Fovf, Fsign, Fzero};
+}
+
 // What the instruction at PR is going to write.
 Step Tcomet2::NextStep() const {
     const auto cell = [this](int address) { return Memory[static_cast<std::size_t>(address)]; };
     const int w = cell(PR);
     const auto x = static_cast<std::size_t>(w & 7);
     const int e = Unsigned(cell(PR + 1) + (x == 0 ? 0 : GR[x]));
-    Step step{w, cell(PR + 1), {GR, PR, SP, Fovf, Fsign, Fzero}, {}};
+    Step step{w, cell(PR + 1), RegistersNow(), {}};
     if ((w >> 8 & 0xFF) == 0x11) step.written[0] = {e, 1};
     if ((w >> 8 & 0xFF) == 0xF0 && e == ServiceIn) step.written = {{{Unsigned(GR[2]), 1}, {Unsigned(GR[1]), 0}}};
     return step;

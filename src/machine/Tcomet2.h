@@ -151,6 +151,7 @@ public:
     // `write` may make them fewer. An instruction that meets a stop is one that was executed.
     std::int64_t Left = 0;
     void Keep(RunState& state) const;
+    Registers RegistersNow() const;
     void TakeUp(const RunState& state);
     // The address of the instruction at which a stop was met.
     int FaultAddress(Stop stop) const;

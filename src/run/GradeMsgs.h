@@ -16,9 +16,9 @@ struct GradeCatalogue {
                 "ケース {0}：プログラムが終わらないので、{1} 命令で止めた\n"};
 
     // {0} a line in quotation marks, or Nothing
-    Msg Typed{"   typed:    {0}\n", "   入力: {0}\n"};
-    Msg Expected{"   expected: {0}\n", "   期待: {0}\n"};
-    Msg Printed{"   printed:  {0}\n", "   表示: {0}\n"};
+    Msg Typed{"typed:    {0}", "入力: {0}"};
+    Msg Expected{"expected: {0}", "期待: {0}"};
+    Msg Printed{"printed:  {0}", "表示: {0}"};
     Msg InLine{"   The first line that differs is line {0}:\n", "   最初に異なるのは {0} 行目：\n"};
     Msg Nothing{"(nothing)", "（なし）"};
 

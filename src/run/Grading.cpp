@@ -4,6 +4,7 @@
 #include "machine/Tcomet2.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
+#include "run/Comparison.h"
 #include "run/Errors.h"
 #include "run/GradeMsgs.h"
 #include "run/Inputs.h"
@@ -63,10 +64,9 @@ std::vector<Case> ReadCases(const std::string& folder) {
     std::vector<Case> cases;
     for (int n = 1;; ++n) {
         const auto input = platform::ReadFile(NameOfCase(folder, "input", n));
-        auto expected = platform::ReadFile(NameOfCase(folder, "output", n));
+        const auto expected = platform::ReadFile(NameOfCase(folder, "output", n));
         if (!input || !expected) return cases;
-        std::erase(*expected, '\r');
-        cases.push_back({n, *input, *expected});
+        cases.push_back({n, *input, AsExpected(*expected)});
     }
 }
 
@@ -127,49 +127,20 @@ void WatchLook(Conduct& conduct, const image::LinkedImage& image, const Step& st
     if (image.LineOf(address) == line) conduct.looked.insert(address);
 }
 
-// The text in quotation marks, with what is not seen as "^X" or "<U+3000>".
-std::string Visible(const std::string& text) {
-    std::string shown = "\"";
-    for (const char16_t c : WideUtf8(text).value_or(u"")) {
-        if (c < 0x20) {
-            shown += {'^', static_cast<char>(c + '@')};
-        } else if (c == 0x3000 || c == 0xA0 || (c >= 0x200B && c <= 0x200F) || c == 0xFEFF) {
-            shown += c == 0x3000 ? "<U+3000>" : c == 0xA0 ? "<U+00A0>" : c == 0xFEFF ? "<U+FEFF>" : "<U+200B>";
-        } else {
-            shown += Utf8(std::u16string(1, c));
-        }
-    }
-    return shown + "\"";
-}
-
-std::vector<std::string> LinesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-        lines.push_back(line);
-    return lines;
-}
-
-void SayLine(const Msg& row, const std::vector<std::string>& lines, std::size_t n) {
-    const std::string text = n < lines.size() ? Visible(lines[n]) : TextOf(GradeMsg.Nothing);
-    Say(row, {Utf8Arg{text}});
+void SayIndented(const Msg& row, const std::string& line) {
+    console::Write("   " + TextOf(row, {Utf8Arg{line}}) + "\n");
 }
 
 void SayTyped(const Case& aCase) {
     const auto typed = LinesOf(aCase.input);
     for (std::size_t n = 0; n < std::max<std::size_t>(typed.size(), 1); ++n)
-        SayLine(GradeMsg.Typed, typed, n);
+        SayIndented(GradeMsg.Typed, ShownLine(typed, n));
 }
 
-void SayDifference(const Case& aCase, const std::string& printed) {
-    const auto want = LinesOf(aCase.expected);
-    const auto got = LinesOf(printed);
-    std::size_t n = 0;
-    while (n < want.size() && n < got.size() && want[n] == got[n])
-        ++n;
-    if (n > 0) Say(GradeMsg.InLine, {n + 1});
-    SayLine(GradeMsg.Expected, want, n);
-    SayLine(GradeMsg.Printed, got, n);
+void SayDifference(const Difference& difference) {
+    if (difference.line > 0) Say(GradeMsg.InLine, {difference.line + 1});
+    SayIndented(GradeMsg.Expected, difference.expected);
+    SayIndented(GradeMsg.Printed, difference.printed);
 }
 
 // The machine's reason and the place, as a diagnostic, but once.
@@ -236,13 +207,13 @@ Verdict GradeCase(Grader& grader, const Case& aCase) {
                        : stop == Stop::Interrupted ? CtrlC
                                                    : MachineStopped};
     }
-    const bool same = traffic.printed == aCase.expected;
+    const auto difference = FirstDifference(aCase.expected, traffic.printed);
     const bool tooManyLooks = conduct.looked.size() > rules.mostLooks;
-    const bool right = same && conduct.changed == 0 && !tooManyLooks;
+    const bool right = !difference && conduct.changed == 0 && !tooManyLooks;
     Say(right ? GradeMsg.Right : GradeMsg.Wrong, {aCase.number});
     if (right) return {true, AllEnded};
     SayTyped(aCase);
-    if (!same) SayDifference(aCase, traffic.printed);
+    if (difference) SayDifference(*difference);
     const std::string changed = "GR" + std::to_string(conduct.changed);
     if (conduct.changed != 0) Say(GradeMsg.Changed, {Utf8Arg{rules.keeps}, Utf8Arg{changed}});
     if (tooManyLooks) Say(GradeMsg.Looks, {conduct.looked.size(), Utf8Arg{rules.looks}, rules.mostLooks});

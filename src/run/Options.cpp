@@ -3,9 +3,11 @@
 #include "messages/TMsgBase.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
+#include "run/Comparison.h"
 #include "run/Errors.h"
 #include "run/Inputs.h"
 #include "run/RunMsgs.h"
+#include "run/Tracing.h"
 
 #include <algorithm>
 #include <charconv>
@@ -29,26 +31,34 @@ namespace {
 constexpr const char* ShortOptions = ":cd:hi:l:n:p:tVw";
 constexpr int ExplainOption = 256;
 constexpr int GradeOption = 257;
+constexpr int ExpectOption = 258;
+constexpr int LastOption = 259;
+constexpr int RegistersOption = 260;
+constexpr int WarningsOption = 261;
 constexpr option LongOptions[] = {
     {"check", no_argument, nullptr, 'c'},
     {"dump", required_argument, nullptr, 'd'},
+    {"expect", required_argument, nullptr, ExpectOption},
     {"explain", optional_argument, nullptr, ExplainOption},
     {"grade", required_argument, nullptr, GradeOption},
     {"help", no_argument, nullptr, 'h'},
     {"input", required_argument, nullptr, 'i'},
     {"lang", required_argument, nullptr, 'l'},
+    {"last", required_argument, nullptr, LastOption},
     {"limit", required_argument, nullptr, 'n'},
     {"pipeline", required_argument, nullptr, 'p'},
+    {"registers", no_argument, nullptr, RegistersOption},
     {"trace", no_argument, nullptr, 't'},
     {"version", no_argument, nullptr, 'V'},
+    {"werror", no_argument, nullptr, WarningsOption},
     {"words", no_argument, nullptr, 'w'},
     {nullptr, 0, nullptr, 0},
 };
 
 // The words of the command line as they stand there.
 struct CommandLine {
-    std::optional<std::string> lang, pipeline, limit, dump, input, explain, grade;
-    bool check = false, trace = false, words = false, help = false, version = false;
+    std::optional<std::string> lang, pipeline, limit, dump, input, expect, explain, grade, last;
+    bool check = false, trace = false, words = false, registers = false, werror = false, help = false, version = false;
     const Msg* fault = nullptr; // the first that getopt_long has found
     std::string faulty;
     std::vector<std::string> files;
@@ -81,6 +91,9 @@ CommandLine ReadWords(int argc, char** argv) {
         case 'd':
             line.dump = optarg;
             break;
+        case ExpectOption:
+            line.expect = optarg;
+            break;
         case ExplainOption:
             line.explain = WordOfExplain(argc, argv);
             break;
@@ -96,17 +109,26 @@ CommandLine ReadWords(int argc, char** argv) {
         case 'l':
             line.lang = optarg;
             break;
+        case LastOption:
+            line.last = optarg;
+            break;
         case 'n':
             line.limit = optarg;
             break;
         case 'p':
             line.pipeline = optarg;
             break;
+        case RegistersOption:
+            line.registers = true;
+            break;
         case 't':
             line.trace = true;
             break;
         case 'V':
             line.version = true;
+            break;
+        case WarningsOption:
+            line.werror = true;
             break;
         case 'w':
             line.words = true;
@@ -129,11 +151,25 @@ std::nullopt_t Wrong(int& status, const Msg& msg, Args args = {}) {
     return std::nullopt;
 }
 
-std::optional<std::int64_t> ReadLimit(std::string_view text) {
-    std::int64_t limit = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), limit);
-    if (error != std::errc() || end != text.data() + text.size() || limit < 0) return std::nullopt;
-    return limit;
+// A number of at least `least`.
+template <class Number> std::optional<Number> ReadNumber(std::string_view text, Number least) {
+    Number number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size() || number < least) return std::nullopt;
+    return number;
+}
+
+// The bytes of an input; nothing, and the status, if it cannot be read.
+std::optional<std::string> BytesOf(const std::string& name, int& status) {
+    platform::Once once = ReadInput(name);
+    if (once.end == platform::Once::End::Read) return std::move(once.bytes);
+    if (once.end == platform::Once::End::Interrupted) {
+        status = CtrlC;
+    } else {
+        const std::string why = WhyNotRead(once);
+        Wrong(status, RunMsg.CannotBeRead, {Utf8Arg{name}, Utf8Arg{why}});
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -170,25 +206,41 @@ std::optional<Options> ReadOptions(int argc, char** argv, int& status) {
     options.pipeline = FindPipeline(pipeline);
     if (options.pipeline == nullptr) return Wrong(status, RunMsg.NotAPipeline, {Utf8Arg{pipeline}});
     if (line.limit) {
-        const auto limit = ReadLimit(*line.limit);
+        const auto limit = ReadNumber<std::int64_t>(*line.limit, 0);
         if (!limit) return Wrong(status, RunMsg.NotALimit, {Utf8Arg{*line.limit}});
         options.limit = *limit;
     }
     options.check = line.check;
-    options.trace = line.trace;
+    options.trace = line.trace || line.last;
+    if (line.last) {
+        const auto last = ReadNumber(*line.last, 1);
+        if (!last || *last > Tracer::MostKept)
+            return Wrong(status, RunMsg.NotSteps, {Utf8Arg{*line.last}, Tracer::MostKept});
+        options.last = *last;
+    }
+    options.registers = line.registers;
+    options.warningsCount = line.werror;
     options.words = line.words;
     options.grade = line.grade;
     options.files = line.files;
     if (options.files.empty()) return Wrong(status, RunMsg.NoFile);
-    const auto readers = std::count(options.files.begin(), options.files.end(), StandardInput);
-    if (readers + (line.input == StandardInput ? 1 : 0) > 1) return Wrong(status, RunMsg.StandardInputTwice);
+    const auto refuseBoth = [&status](const char* one, const char* other) {
+        return Wrong(status, RunMsg.NotTogether, {Utf8Arg{one}, Utf8Arg{other}});
+    };
+    if (line.check && line.expect) return refuseBoth("--check", "--expect");
+    if (line.check && line.grade) return refuseBoth("--check", "--grade");
+    if (line.expect && line.grade) return refuseBoth("--expect", "--grade");
+    const auto readers = std::count(options.files.begin(), options.files.end(), StandardInput) +
+                         (line.input == StandardInput ? 1 : 0) + (line.expect == StandardInput ? 1 : 0);
+    if (readers > 1) return Wrong(status, RunMsg.StandardInputTwice);
     if (line.input) {
-        platform::Once once = ReadInput(*line.input);
-        status = once.end == platform::Once::End::Interrupted ? CtrlC : AllEnded;
-        if (status == CtrlC) return std::nullopt;
-        const std::string why = once.end == platform::Once::End::Read ? std::string() : WhyNotRead(once);
-        if (!why.empty()) return Wrong(status, RunMsg.CannotBeRead, {Utf8Arg{*line.input}, Utf8Arg{why}});
-        options.input = std::move(once.bytes);
+        options.input = BytesOf(*line.input, status);
+        if (!options.input) return std::nullopt;
+    }
+    if (line.expect) {
+        auto expected = BytesOf(*line.expect, status);
+        if (!expected) return std::nullopt;
+        options.expected = AsExpected(std::move(*expected));
     }
     if (line.dump) {
         std::error_code error;

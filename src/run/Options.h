@@ -29,12 +29,16 @@ struct Options {
     const Pipeline* pipeline = nullptr;
     bool check = false;
     bool trace = false;
+    int last = 0; // steps of the trace; 0: all
     bool words = false;
-    std::int64_t limit = 100'000'000;   // 0: none
-    std::optional<std::string> dump;    // the folder
-    std::optional<std::string> input;   // the text that IN reads
-    std::optional<std::string> grade;   // the folder of the cases
-    std::optional<std::string> explain; // words, or none for all titles; then nothing else is done
+    bool registers = false; // told at the end
+    bool warningsCount = false;
+    std::int64_t limit = 100'000'000;    // 0: none
+    std::optional<std::string> dump;     // the folder
+    std::optional<std::string> input;    // the text that IN reads
+    std::optional<std::string> expected; // the text that must be printed
+    std::optional<std::string> grade;    // the folder of the cases
+    std::optional<std::string> explain;  // words, or none for all titles; then nothing else is done
     std::vector<std::string> files;
 };
 

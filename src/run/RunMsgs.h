@@ -8,43 +8,49 @@ namespace tolvane {
 struct RunCatalogue {
     Msg Version{"tolvane-run " TOLVANE_VERSION "\n"};
     Msg Help{"Usage: tolvane-run [OPTIONS] FILE...\n"
-             "Assembles, links and runs each FILE, a source in CASL II. FILE - is the standard input.\n"
+             "Assembles, links and runs each FILE, a source in CASL II; - is standard input.\n"
              "\n"
-             "  -c, --check           do not run\n"
-             "  -d, --dump DIR        write both dumps into DIR: NAME.assembled.txt, NAME.result.txt\n"
-             "      --explain [WORDS] explain a message that is pasted, words or an opcode; list all without\n"
-             "      --grade FOLDER    run with each input-N.txt of FOLDER, compare with output-N.txt\n"
-             "  -h, --help            show this text\n"
-             "  -i, --input FILE      what IN reads, for each program from its beginning\n"
-             "  -l, --lang en|ja      the language of the diagnostics (default: the locale's)\n"
-             "  -n, --limit N         the most instructions of a run (default: 100000000; 0: no limit)\n"
-             "  -p, --pipeline NAME   WP (default), NWW, NwW, NaW, NA, AP or NH\n"
-             "  -t, --trace           tell each instruction and what it has changed\n"
-             "  -V, --version         show the version\n"
-             "  -w, --words           list the words of the image beside the source\n"
+             "  -c, --check            do not run\n"
+             "  -d, --dump DIR         write NAME.assembled.txt and NAME.result.txt into DIR\n"
+             "      --expect FILE      compare what OUT writes with FILE\n"
+             "      --explain [WORDS]  explain a pasted message, words, an opcode; list all\n"
+             "      --grade FOLDER     run with input-N.txt of FOLDER, expect output-N.txt\n"
+             "  -h, --help             show this text; -V, --version: the version\n"
+             "  -i, --input FILE       what IN reads, for each program from its beginning\n"
+             "      --last N           trace the last N steps alone\n"
+             "  -l, --lang en|ja       the language of the diagnostics (default: the locale's)\n"
+             "  -n, --limit N          the most instructions (default: 100000000; 0: no limit)\n"
+             "  -p, --pipeline NAME    WP (default), NWW, NwW, NaW, NA, AP or NH\n"
+             "      --registers        tell registers, flags and instructions at the end\n"
+             "  -t, --trace            tell each instruction, what it reads and changes\n"
+             "      --werror           status 1 for warnings, too\n"
+             "  -w, --words            list the words of the image beside the source\n"
              "\n"
-             "Standard output has what OUT writes, standard error all else.\n"
-             "Exit status: 0 all ran to their end, 1 errors in a source, 2 stopped by the machine, 3 limit reached,\n"
-             "4 wrong use or a file that cannot be read or written, 5 graded as wrong, 130 Ctrl+C. Of several the highest.\n",
+             "Standard output has what OUT writes, standard error all else. Exit status:\n"
+             "0 all ran to their end, 1 errors in a source, 2 stopped by the machine, 3 limit,\n"
+             "4 wrong use or a file's fault, 5 wrong output, 130 Ctrl+C; the highest counts.\n",
              "使い方: tolvane-run [オプション] ファイル...\n"
-             "CASL II のソースファイルを順にアセンブル、リンク、実行する。ファイル名 - は標準入力。\n"
+             "CASL II のソースを順にアセンブル、リンク、実行する。ファイル名 - は標準入力。\n"
              "\n"
-             "  -c, --check           実行しない\n"
-             "  -d, --dump DIR        二つのダンプを DIR に書く: 名前.assembled.txt, 名前.result.txt\n"
-             "      --explain [言葉]  貼り付けたメッセージ、言葉、命令を説明する。言葉がなければ一覧\n"
-             "      --grade FOLDER    FOLDER の input-N.txt で実行し、出力を output-N.txt と比べる\n"
-             "  -h, --help            この説明を表示する\n"
-             "  -i, --input FILE      IN が読むファイル。プログラムごとに先頭から読む\n"
-             "  -l, --lang en|ja      メッセージの言語（既定値はロケールによる）\n"
-             "  -n, --limit N         実行する命令数の上限（既定値 100000000、0 は無制限）\n"
-             "  -p, --pipeline NAME   WP（既定値）, NWW, NwW, NaW, NA, AP, NH\n"
-             "  -t, --trace           一命令ごとに、変化したものを表示する\n"
-             "  -V, --version         版を表示する\n"
-             "  -w, --words           機械語をソースの横に並べて表示する\n"
+             "  -c, --check            実行しない\n"
+             "  -d, --dump DIR         DIR に NAME.assembled.txt と NAME.result.txt を書く\n"
+             "      --expect FILE      OUT の出力を FILE と比べる\n"
+             "      --explain [言葉]   貼り付けたメッセージ、言葉、命令の説明。なければ一覧\n"
+             "      --grade FOLDER     FOLDER の input-N.txt で実行し、output-N.txt と比べる\n"
+             "  -h, --help             この説明を表示する。-V, --version: 版\n"
+             "  -i, --input FILE       IN が読むファイル。プログラムごとに先頭から読む\n"
+             "      --last N           最後の N ステップだけをトレースする\n"
+             "  -l, --lang en|ja       メッセージの言語（既定値はロケールによる）\n"
+             "  -n, --limit N          実行する命令数の上限（既定値 100000000、0 は無制限）\n"
+             "  -p, --pipeline NAME    WP（既定値）, NWW, NwW, NaW, NA, AP, NH\n"
+             "      --registers        最後にレジスタ、フラグ、命令数を表示する\n"
+             "  -t, --trace            一命令ごとに、読んだ値と変化したものを表示する\n"
+             "      --werror           警告があれば終了ステータスを 1 にする\n"
+             "  -w, --words            機械語をソースの横に並べて表示する\n"
              "\n"
-             "標準出力には OUT の出力だけを、ほかはすべて標準エラー出力に書く。\n"
-             "終了ステータス: 0 すべて最後まで実行、1 ソースの誤り、2 COMET II による停止、3 上限に達した、\n"
-             "4 使い方の誤り、または読み書きできないファイル、5 採点して不正解、130 Ctrl+C。複数のときはその最大値。\n"};
+             "標準出力には OUT の出力だけを、ほかは標準エラー出力に書く。終了ステータス:\n"
+             "0 すべて最後まで実行、1 ソースの誤り、2 COMET II による停止、3 上限に達した、\n"
+             "4 使い方かファイルの誤り、5 出力の誤り、130 Ctrl+C。複数のときはその最大値。\n"};
 
     // Wrong use, on one line. {0} of UseError one of the rows behind it
     Msg UseError{"tolvane-run: {0} (see --help)\n", "tolvane-run: {0}（--help を参照）\n"};
@@ -54,6 +60,8 @@ struct RunCatalogue {
     Msg NotALimit{"\"{0}\" is no number of instructions", "「{0}」は命令数ではない"};
     Msg NotAPipeline{"there is no pipeline \"{0}\"; there are WP, NWW, NwW, NaW, NA, AP and NH",
                      "パイプライン「{0}」は存在しない。WP, NWW, NwW, NaW, NA, AP, NH のどれか"};
+    Msg NotSteps{"\"{0}\" is no number of steps from 1 to {1}", "「{0}」は 1 から {1} までのステップ数ではない"};
+    Msg NotTogether{"{0} and {1} do not go together", "{0} と {1} は同時に使えない"};
     Msg NoFile{"no file is given", "ファイルの指定がない"};
     Msg StandardInputTwice{"the standard input is read but once", "標準入力は一度しか読めない"};
     // {0} a name, {1} the system's reason
@@ -77,9 +85,19 @@ struct RunCatalogue {
     Msg MoreExplained{"  and {0} more\n", "  ほか {0} 件\n"};
 
     // About the code of a source
-    Msg MaybeUtf8{"The source was read as Shift_JIS, but its bytes are UTF-8 as well. If its Japanese is UTF-8, save it with "
-                  "a mark (BOM).",
-                  "ソースを Shift_JIS として読んだが、UTF-8 としても読める。UTF-8 で書いたのなら BOM を付けて保存すること。"};
+    Msg MaybeUtf8{
+        "The source was read as Shift_JIS, but its bytes are UTF-8 as well. If its Japanese is UTF-8, save it with "
+        "a mark (BOM).",
+        "ソースを Shift_JIS として読んだが、UTF-8 としても読める。UTF-8 で書いたのなら BOM を付けて保存すること。"};
+
+    // The trace: what a jump has decided, and what IN has met in the place of a line
+    Msg Taken{"taken", "分岐する"};
+    Msg NotTaken{"not taken", "分岐しない"};
+    Msg EndOfInput{"(end of the input)", "（入力の終わり）"};
+
+    // Behind the run
+    Msg Executed{"Instructions: {0}\n", "命令数: {0}\n"};
+    Msg OutputDiffers{"The output differs from what is expected in line {0}.", "出力の {0} 行目が期待と異なる。"};
 
     // The ends of a run that are not the machine's. {0} the limit
     Msg LimitReached{"The limit of {0} instructions was reached.", "命令数の上限 {0} に達した。"};

@@ -1,17 +1,23 @@
 #include "run/Running.h"
 
+#include "image/Disassembly.h"
 #include "machine/MachineMsgs.h"
 #include "machine/Tcomet2.h"
 #include "platform/Console.h"
+#include "run/Comparison.h"
 #include "run/Errors.h"
+#include "run/GradeMsgs.h"
 #include "run/Inputs.h"
 #include "run/RunMsgs.h"
 #include "run/Tracing.h"
 #include "text/Convert.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <numeric>
 #include <optional>
 #include <set>
+#include <string_view>
 #include <utility>
 
 namespace tolvane::run {
@@ -27,11 +33,14 @@ struct Program {
 bool inputIsFresh = true; // nothing of the standard input has been read
 
 struct Streams {
-    std::optional<InputLines> input;
+    std::optional<InputLines> input = {};
     bool standardInput;
     const Program& program;
-    std::set<int> told;    // the addresses of SVCs of which the OS has said something
-    std::string swallowed; // the stop in the words of the console, which are told as diagnostics
+    std::set<int> told = {};     // the addresses of SVCs of which the OS has said something
+    std::string swallowed = {};  // the stop in the words of the console, which are told as diagnostics
+    std::size_t mostPrinted = 0; // bytes that are kept
+    std::string printed = {};
+    Tracer* tracer = nullptr;
 };
 
 void PrintAt(const Program& program, int address, Severity severity, std::vector<std::string> lines) {
@@ -41,11 +50,14 @@ void PrintAt(const Program& program, int address, Severity severity, std::vector
 
 // Both streams may go to one terminal or file, so that each is written out before the other goes on.
 void WriteOut(void* context, const std::string& line) {
+    Streams& streams = *static_cast<Streams*>(context);
     FlushErr();
     console::WriteTo(nullptr);
     console::Write(line);
     console::FlushSoon();
-    console::WriteTo(&static_cast<Streams*>(context)->swallowed);
+    console::WriteTo(&streams.swallowed);
+    if (streams.printed.size() <= streams.mostPrinted) streams.printed += line;
+    if (streams.tracer != nullptr) streams.tracer->SetText(line);
 }
 
 // A line of the standard input; a mark of UTF-8 at its front is no character.
@@ -57,14 +69,21 @@ std::optional<MachineIo::Line> ReadTyped(bool isFirst, std::size_t limit) {
     return MachineIo::Line{line->substr(mark), valid - std::min(valid, mark)};
 }
 
-std::optional<MachineIo::Line> ReadIn(void* context, std::size_t limit) {
-    Streams& streams = *static_cast<Streams*>(context);
-    FlushErr();
+std::optional<MachineIo::Line> NextLine(Streams& streams, std::size_t limit) {
     if (streams.standardInput && !streams.input) return ReadTyped(std::exchange(inputIsFresh, false), limit);
     std::optional<std::string> line = streams.input ? streams.input->Next(limit) : std::nullopt;
     if (!line) return std::nullopt;
     const std::size_t valid = line->size();
     return MachineIo::Line{std::move(*line), valid};
+}
+
+std::optional<MachineIo::Line> ReadIn(void* context, std::size_t limit) {
+    Streams& streams = *static_cast<Streams*>(context);
+    FlushErr();
+    auto line = NextLine(streams, limit);
+    if (streams.tracer != nullptr)
+        streams.tracer->SetText(line ? std::optional<std::string_view>(line->text) : std::nullopt);
+    return line;
 }
 
 // A service that does not exist and input that cannot be read are told once for each instruction.
@@ -123,28 +142,58 @@ int TellEnd(const Options& options, const Program& program, std::size_t firstRec
     }
 }
 
+// Registers, flags and the number of instructions that were executed.
+void TellRegisters() {
+    std::string row;
+    for (std::size_t n = 0; n < comet2->GR.size(); ++n)
+        row += "GR" + std::to_string(n) + "=" + image::Hex(comet2->GR[n]) + (n == 7 ? "\n" : " ");
+    row += "PR=" + image::Hex(comet2->PR) + " SP=" + image::Hex(comet2->SP);
+    for (const auto& [name, flag] :
+         {std::pair(" Fovf=", comet2->Fovf), std::pair(" Fsign=", comet2->Fsign), std::pair(" Fzero=", comet2->Fzero)})
+        row += name + std::to_string(flag);
+    const auto instructions = std::accumulate(comet2->RunCount.begin(), comet2->RunCount.end(), std::int64_t{0});
+    WriteErr(row + "\n" + TextOf(RunMsg.Executed, {instructions}));
+}
+
+// The first line of the output that is not the one that is expected.
+int Compare(const Options& options, const Program& program, const std::string& printed) {
+    const auto difference = FirstDifference(*options.expected, printed);
+    if (!difference) return AllEnded;
+    PrintDiagnostic(program.file, -1, Severity::Error,
+                    {TextOf(RunMsg.OutputDiffers, {difference->line + 1}),
+                     TextOf(GradeMsg.Expected, {Utf8Arg{difference->expected}}),
+                     TextOf(GradeMsg.Printed, {Utf8Arg{difference->printed}})});
+    return WrongOutput;
+}
+
 } // namespace
 
 int RunProgram(const Options& options, const image::LinkedImage& image, const std::string& file, bool standardInput) {
     const Program program{image, file};
-    Streams streams{std::nullopt, standardInput, program, {}, {}};
+    Streams streams{.standardInput = standardInput, .program = program};
     if (options.input) streams.input.emplace(*options.input);
+    if (options.expected) streams.mostPrinted = options.expected->size() + 1;
+    std::optional<Tracer> tracer;
+    if (options.trace) streams.tracer = &tracer.emplace(image, options.last);
     const std::size_t firstRecord = store->Records.size();
     const MachineIo io{WriteOut, ReadIn, SayOnce, &streams};
     comet2->Io = &io;
     console::WriteTo(&streams.swallowed);
-    const auto traceInOrder = [&image](const Step& step) {
+    const auto traceInOrder = [&tracer](const Step& step) {
         console::Flush();
-        TraceStep(image, step);
+        tracer->Observe(step);
     };
     const Stop stop =
         options.trace ? comet2->RunTraced(options.limit, traceInOrder) : comet2->RunLimited(options.limit);
+    if (tracer) tracer->PrintKept();
     console::WriteTo(nullptr);
     comet2->Io = &DialogueIo;
     const auto counts = comet2->RunCount.begin();
     comet2->MaxRunCount = *std::max_element(counts, counts + MaxImageWords);
     console::Flush();
-    return TellEnd(options, program, firstRecord, stop);
+    const int ended = TellEnd(options, program, firstRecord, stop);
+    if (options.registers) TellRegisters();
+    return ended == AllEnded && options.expected ? Compare(options, program, streams.printed) : ended;
 }
 
 } // namespace tolvane::run

@@ -29,6 +29,12 @@ bool MayBeUtf8(const std::string& source) {
     return asShiftJis && !IsAscii(ViewA(source)) && WideUtf8(source);
 }
 
+int WarningStatus(const Options& options) {
+    const auto isWarning = [](const MsgRec& record) { return record.severity == Severity::Warning; };
+    const bool counts = options.warningsCount && std::any_of(store->Records.begin(), store->Records.end(), isWarning);
+    return counts ? SourceErrors : AllEnded;
+}
+
 int AssembleAndRun(const Options& options, const std::string& file, const std::string& source) {
     const std::string told = Told(file);
     const bool assembled = Assemble(options, told, source);
@@ -41,11 +47,11 @@ int AssembleAndRun(const Options& options, const std::string& file, const std::s
     if (options.words) WriteErr(image::ListedWords(image));
     const auto dump = [&](Dumped dumped) { return options.dump ? WriteDump(*options.dump, file, dumped) : AllEnded; };
     const int dumped = dump(Dumped::Assembled);
-    if (options.check) return dumped;
+    if (options.check) return std::max(dumped, WarningStatus(options));
     const bool inputIsFree =
         std::find(options.files.begin(), options.files.end(), StandardInput) == options.files.end();
     const int ran = RunProgram(options, image, told, inputIsFree);
-    return std::max({ran, dumped, dump(Dumped::Result)});
+    return std::max({ran, dumped, dump(Dumped::Result), WarningStatus(options)});
 }
 
 } // namespace
