@@ -57,7 +57,7 @@ struct DebugCatalogue {
              "  show [WHAT]            registers and flags (* changed), or one of WHAT\n"
              "  show stack, show calls, show output, show input\n"
              "  list [PLACE]           the source round a place\n"
-             "  type TEXT              a line for IN; without one, a run that needs it asks\n"
+             "  type TEXT, close       a line for IN; the end of its input. Else a run asks\n"
              "  help, quit             this text; the end\n"
              "PLACE: a label LOOP, LOOP+2, MAIN.LOOP; the number of a line, 12; an address, #0012\n"
              "WHAT: GR0 to GR7, SP, Fovf, Fsign, Fzero, a word at a PLACE; for show also\n"
@@ -79,7 +79,7 @@ struct DebugCatalogue {
              "  show stack, show calls, show output, show input\n"
              "                         スタック、呼出し、出力、入力\n"
              "  list [場所]            その場所の前後のソース\n"
-             "  type 文字列            IN が読む行。なければ、必要なときに入力を求める\n"
+             "  type 文字列, close     IN が読む行、入力の終わり。なければ実行中に求める\n"
              "  help, quit             この説明、終了\n"
              "場所: ラベル LOOP, LOOP+2, MAIN.LOOP、行番号 12、アドレス #0012\n"
              "対象: GR0～GR7, SP, Fovf, Fsign, Fzero、場所の語。show では範囲\n"
@@ -95,9 +95,11 @@ struct DebugCatalogue {
                    "IN が続けて 1,000 回、入力の終わりに達した。\n"};
     Msg StoppedByMachine{"The machine has stopped here.\n", "COMET II はここで停止した。\n"};
     Msg Waits{"IN waits for a line: type TEXT\n", "IN が入力を待っている: type 文字列\n"};
-    Msg InputEnds{"The input has ended; the run waits in front of IN.\n", "入力は終わった。IN の手前で待つ。\n"};
+    Msg InputEnds{"The input has ended; the run waits in front of IN. \"close\" lets IN meet the end.\n",
+                  "入力は終わった。IN の手前で待つ。close で IN に入力の終わりを伝える。\n"};
     Msg Interrupted{"Stopped by Ctrl+C.\n", "Ctrl+C により止めた。\n"};
     Msg MoreOutput{"({0} lines of output before)\n", "（この前に {0} 行の出力）\n"};
+    Msg MoreInput{"({0} lines read before)\n", "（この前に {0} 行を読んだ）\n"};
     Msg MoreWords{" and {0} more words", " ほか {0} 語"};
 
     // Answers. {0} a number, {1} a place or a cell
@@ -115,8 +117,9 @@ struct DebugCatalogue {
     Msg LineRead{"read:  {0}\n", "読んだ行: {0}\n"};
     Msg LineWaits{"waits: {0}\n", "待つ行:   {0}\n"};
     Msg LineKept{"The next IN reads it.\n", "次の IN が読む。\n"};
-    Msg FutureForgotten{"What came after [{0}] is forgotten; the next IN reads it.\n",
-                        "[{0}] より後の実行は取り消した。次の IN が読む。\n"};
+    Msg EndKept{"Behind the lines that wait, IN meets the end of the input.\n",
+                "待っている行の後で、IN は入力の終わりに達する。\n"};
+    Msg FutureForgotten{"What came after [{0}] is forgotten.\n", "[{0}] より後の実行は取り消した。\n"};
 
     // What is not understood, and what is possible there
     Msg NoCommand{"There is no command \"{0}\"; \"help\" shows them all.\n",

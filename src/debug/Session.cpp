@@ -5,6 +5,7 @@
 #include "messages/TMsgBase.h"
 #include "platform/Console.h"
 #include "run/Errors.h"
+#include "run/RunMsgs.h"
 #include "run/Tracing.h"
 
 #include <algorithm>
@@ -22,7 +23,7 @@ using debugger::Why;
 using image::Hex;
 
 constexpr std::int64_t Slice = 10'000'000;
-constexpr std::size_t MostLines = 20; // of output that are shown at once
+constexpr std::size_t MostLines = 20; // of input and output that are shown at once
 constexpr int MostWords = 8;          // of changes
 constexpr int LinesAround = 5;
 constexpr int MostCells = 256; // of a stretch
@@ -76,7 +77,7 @@ const Session::Command Session::Commands[] = {
     {"until", &Session::Until}, {"run", &Session::RunOn},   {"reverse", &Session::Reverse}, {"go", &Session::Go},
     {"break", &Session::Break}, {"watch", &Session::Watch}, {"delete", &Session::Delete},   {"who", &Session::Who},
     {"show", &Session::Show},   {"list", &Session::List},   {"type", &Session::Type},       {"help", &Session::Help},
-    {"quit", &Session::Quit},
+    {"quit", &Session::Quit},   {"close", &Session::Close},
 };
 
 Session::Session(const image::LinkedImage& linked, TypedLines& typed, const std::vector<std::string>& input)
@@ -90,7 +91,7 @@ void Session::Run() {
     Say(DebugMsg.Welcome);
     ShowPlace();
     while (!hasQuit) {
-        const auto line = lines.Next(DebugMsg.Prompt);
+        const auto line = lines.Next(DebugMsg.Prompt, TypedLines::Kind::Command);
         if (!line) return;
         if (!lines.WasInterrupted()) Obey(*line);
     }
@@ -188,7 +189,7 @@ void Session::Finish() {
 }
 
 bool Session::Ask() {
-    auto line = lines.Next(DebugMsg.InPrompt);
+    auto line = lines.Next(DebugMsg.InPrompt, TypedLines::Kind::Input);
     if (line && !lines.WasInterrupted()) {
         debugger.Past().Type(std::move(*line));
         return true;
@@ -396,11 +397,15 @@ void Session::ShowCalls() {
 
 void Session::ShowInput() {
     const debugger::History& past = debugger.Past();
-    if (past.ReadCount() == 0 && past.Waiting().empty()) return Say(DebugMsg.NoInput);
-    for (std::size_t i = 0; i < past.ReadCount(); ++i)
-        Say(DebugMsg.LineRead, {Utf8Arg{past.Reads()[i].text.value_or("")}});
+    if (past.ReadCount() == 0 && past.Waiting().empty() && !past.HasInputEnded()) return Say(DebugMsg.NoInput);
+    const std::string end = TextOf(RunMsg.EndOfInput);
+    const std::size_t shown = past.ReadCount() - std::min(past.ReadCount(), MostLines);
+    if (shown > 0) Say(DebugMsg.MoreInput, {shown});
+    for (std::size_t i = shown; i < past.ReadCount(); ++i)
+        Say(DebugMsg.LineRead, {Utf8Arg{past.Reads()[i].text.value_or(end)}});
     for (const std::string& line : past.Waiting())
         Say(DebugMsg.LineWaits, {Utf8Arg{line}});
+    if (past.HasInputEnded()) Say(DebugMsg.LineWaits, {Utf8Arg{end}});
 }
 
 void Session::ShowCells(const std::string& what) {
@@ -453,8 +458,19 @@ void Session::Type(const Words& words) {
     const std::size_t command = last.find(words.front());
     const Moment latest = debugger.Past().Latest();
     debugger.Past().Type(last.substr(command + words.front().size() + 1));
-    if (debugger.Past().Latest() == latest) return Say(DebugMsg.LineKept);
-    Say(DebugMsg.FutureForgotten, {static_cast<long long>(debugger.Now())});
+    TellForgotten(latest);
+    Say(DebugMsg.LineKept);
+}
+
+void Session::Close(const Words&) {
+    const Moment latest = debugger.Past().Latest();
+    debugger.Past().EndInput();
+    TellForgotten(latest);
+    Say(DebugMsg.EndKept);
+}
+
+void Session::TellForgotten(Moment latest) const {
+    if (debugger.Past().Latest() != latest) Say(DebugMsg.FutureForgotten, {static_cast<long long>(debugger.Now())});
 }
 
 void Session::Help(const Words&) {

@@ -46,11 +46,14 @@ private:
     void Type(const Words& words);
     void Help(const Words& words);
     void Quit(const Words& words);
+    void Close(const Words& words);
 
     // Works on the task that has been begun, asks for lines, and shows where the run stands then.
     void Finish();
     // A line for an IN that waits; false at the end of the input.
     bool Ask();
+    // Tells whether a later part of the run, which went on to that moment, has been forgotten.
+    void TellForgotten(debugger::Moment latest) const;
     void ShowNews(debugger::Moment since);
     void ShowOutput(std::size_t first, std::size_t end);
     void ShowNote(const debugger::History::Note& note);

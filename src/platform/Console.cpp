@@ -163,6 +163,14 @@ void WriteTo(std::string* text) {
     TheOutput().instead = text;
 }
 
+int ReadByte() {
+    return TheInput().Next();
+}
+
+bool InputIsUtf8() {
+    return InputCode().IsUtf8();
+}
+
 std::optional<std::string> ReadLine(std::size_t limit) {
     constexpr std::size_t longestChar = 4;
     constexpr std::size_t lineEnd = 1; // a CR that belongs to it

@@ -41,6 +41,10 @@ std::string_view UsersMark();
 // the input, or when a signal stops the simulated program that reads; a last line without its line end is a line.
 std::optional<std::string> ReadLine(std::size_t limit);
 
+// The next byte of the input, for an editor of lines; -1 where ReadLine has nothing. What is buffered goes to both.
+int ReadByte();
+bool InputIsUtf8();
+
 // Bytes of the last line's text in front of the first ones that were not valid in the console's code.
 std::size_t LastLineValidLength();
 
