@@ -15,8 +15,8 @@ struct LineText {
     bool ends = false;          // an END line
     bool isInstruction = false; // its words are there to be executed: no DC, no DS
     const Opcode* opcode = nullptr;
-    int address = 0;            // of its first word
-    int literalAddress = -1;    // of its literal, -1 without one
+    int address = 0;         // of its first word
+    int literalAddress = -1; // of its literal, -1 without one
 };
 
 class LinkedImage {

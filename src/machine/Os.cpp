@@ -108,6 +108,7 @@ Stop Tcomet2::OsIn() {
     const int buffer = GR[1] & 0xFFFF;
     InputCells = std::min(static_cast<int>(text.size()), AddressCount - buffer);
     std::copy_n(text.begin(), InputCells, Memory.begin() + buffer);
+    if (Io->stored != nullptr) Io->stored(Io->context, buffer, InputCells);
     return Stop::None;
 }
 

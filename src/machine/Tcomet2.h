@@ -55,6 +55,8 @@ struct MachineIo {
     void (*tell)(void* context, Severity severity, const Msg& msg, Args args) = TellDiagnostic;
     // Whether `read` may be called now; else the run stops in front of the IN. Null: always.
     bool (*isReady)(void* context) = nullptr;
+    // An IN has stored so many characters from an address on. Null: nobody is interested.
+    void (*stored)(void* context, int buffer, int characters) = nullptr;
 
     // Into the store, and printed.
     static void TellDiagnostic(void* context, Severity severity, const Msg& msg, Args args);
@@ -156,10 +158,10 @@ public:
     // The address of the instruction at which a stop was met.
     int FaultAddress(Stop stop) const;
 
-private:
     static constexpr int ServiceIn = 1;
     static constexpr int ServiceOut = 2;
 
+private:
     // The run loop. Leaves registers and flags as the last instruction left them.
     template <bool limited, bool watching = false> Stop Execute(std::int64_t instructions, const Watched& watched = {});
     Stop Told(Stop stop);

@@ -35,6 +35,7 @@ constexpr int ExpectOption = 258;
 constexpr int LastOption = 259;
 constexpr int RegistersOption = 260;
 constexpr int WarningsOption = 261;
+constexpr int NoHintsOption = 262;
 constexpr option LongOptions[] = {
     {"check", no_argument, nullptr, 'c'},
     {"dump", required_argument, nullptr, 'd'},
@@ -46,6 +47,7 @@ constexpr option LongOptions[] = {
     {"lang", required_argument, nullptr, 'l'},
     {"last", required_argument, nullptr, LastOption},
     {"limit", required_argument, nullptr, 'n'},
+    {"no-hints", no_argument, nullptr, NoHintsOption},
     {"pipeline", required_argument, nullptr, 'p'},
     {"registers", no_argument, nullptr, RegistersOption},
     {"trace", no_argument, nullptr, 't'},
@@ -58,7 +60,8 @@ constexpr option LongOptions[] = {
 // The words of the command line as they stand there.
 struct CommandLine {
     std::optional<std::string> lang, pipeline, limit, dump, input, expect, explain, grade, last;
-    bool check = false, trace = false, words = false, registers = false, werror = false, help = false, version = false;
+    bool check = false, trace = false, words = false, registers = false, werror = false, noHints = false, help = false,
+         version = false;
     const Msg* fault = nullptr; // the first that getopt_long has found
     std::string faulty;
     std::vector<std::string> files;
@@ -117,6 +120,9 @@ CommandLine ReadWords(int argc, char** argv) {
             break;
         case 'p':
             line.pipeline = optarg;
+            break;
+        case NoHintsOption:
+            line.noHints = true;
             break;
         case RegistersOption:
             line.registers = true;
@@ -220,6 +226,7 @@ std::optional<Options> ReadOptions(int argc, char** argv, int& status) {
     }
     options.registers = line.registers;
     options.warningsCount = line.werror;
+    options.hints = !line.noHints;
     options.words = line.words;
     options.grade = line.grade;
     options.files = line.files;

@@ -33,6 +33,7 @@ struct Options {
     bool words = false;
     bool registers = false; // told at the end
     bool warningsCount = false;
+    bool hints = true;
     std::int64_t limit = 100'000'000;    // 0: none
     std::optional<std::string> dump;     // the folder
     std::optional<std::string> input;    // the text that IN reads

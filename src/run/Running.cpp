@@ -7,6 +7,7 @@
 #include "run/Comparison.h"
 #include "run/Errors.h"
 #include "run/GradeMsgs.h"
+#include "run/Hindsight.h"
 #include "run/Inputs.h"
 #include "run/RunMsgs.h"
 #include "run/Tracing.h"
@@ -41,6 +42,8 @@ struct Streams {
     std::size_t mostPrinted = 0; // bytes that are kept
     std::string printed = {};
     Tracer* tracer = nullptr;
+    Hindsight* hindsight = nullptr; // with hints
+    std::vector<hints::Hint> overruns = {};
 };
 
 void PrintAt(const Program& program, int address, Severity severity, std::vector<std::string> lines) {
@@ -81,9 +84,23 @@ std::optional<MachineIo::Line> ReadIn(void* context, std::size_t limit) {
     Streams& streams = *static_cast<Streams*>(context);
     FlushErr();
     auto line = NextLine(streams, limit);
+    if (streams.hindsight != nullptr) streams.hindsight->Keep(line);
     if (streams.tracer != nullptr)
         streams.tracer->SetText(line ? std::optional<std::string_view>(line->text) : std::nullopt);
     return line;
+}
+
+void LookAtStored(void* context, int buffer, int characters) {
+    Streams& streams = *static_cast<Streams*>(context);
+    const auto hint = hints::Overrun(streams.program.image, buffer, characters);
+    const auto isTold = [&](const hints::Hint& told) { return told.line == hint->line; };
+    if (hint && std::none_of(streams.overruns.begin(), streams.overruns.end(), isTold))
+        streams.overruns.push_back(*hint);
+}
+
+void TellHints(const Program& program, const std::vector<hints::Hint>& hints) {
+    for (const hints::Hint& hint : hints)
+        PrintDiagnostic(program.file, hint.line, Severity::Note, {hint.text});
 }
 
 // A service that does not exist and input that cannot be read are told once for each instruction.
@@ -175,8 +192,11 @@ int RunProgram(const Options& options, const image::LinkedImage& image, const st
     if (options.expected) streams.mostPrinted = options.expected->size() + 1;
     std::optional<Tracer> tracer;
     if (options.trace) streams.tracer = &tracer.emplace(image, options.last);
+    std::optional<Hindsight> hindsight;
+    if (options.hints) streams.hindsight = &hindsight.emplace(image);
     const std::size_t firstRecord = store->Records.size();
-    const MachineIo io{WriteOut, ReadIn, SayOnce, &streams};
+    MachineIo io{WriteOut, ReadIn, SayOnce, &streams};
+    if (options.hints) io.stored = LookAtStored;
     comet2->Io = &io;
     console::WriteTo(&streams.swallowed);
     const auto traceInOrder = [&tracer](const Step& step) {
@@ -192,6 +212,9 @@ int RunProgram(const Options& options, const image::LinkedImage& image, const st
     comet2->MaxRunCount = *std::max_element(counts, counts + MaxImageWords);
     console::Flush();
     const int ended = TellEnd(options, program, firstRecord, stop);
+    TellHints(program, streams.overruns);
+    const auto misled = hindsight ? hindsight->Look() : std::nullopt;
+    if (misled) TellHints(program, {*misled});
     if (options.registers) TellRegisters();
     return ended == AllEnded && options.expected ? Compare(options, program, streams.printed) : ended;
 }

@@ -1,5 +1,6 @@
 #include "run/Sources.h"
 
+#include "hints/Hints.h"
 #include "image/Listing.h"
 #include "input/Readers.h"
 #include "input/TMoziCode.h"
@@ -44,6 +45,9 @@ int AssembleAndRun(const Options& options, const std::string& file, const std::s
         return SourceErrors;
     }
     const image::LinkedImage image;
+    if (options.hints)
+        for (const hints::Hint& hint : hints::HintsOf(image))
+            PrintDiagnostic(told, hint.line, Severity::Note, {hint.text});
     if (options.words) WriteErr(image::ListedWords(image));
     const auto dump = [&](Dumped dumped) { return options.dump ? WriteDump(*options.dump, file, dumped) : AllEnded; };
     const int dumped = dump(Dumped::Assembled);

@@ -1,5 +1,6 @@
 #include "run/Tracing.h"
 
+#include "image/Codes.h"
 #include "image/Disassembly.h"
 #include "run/Errors.h"
 #include "run/RunMsgs.h"
@@ -11,35 +12,12 @@ namespace tolvane::run {
 namespace {
 
 using image::Hex;
+using image::RegisterForm;
+using enum image::Code;
 
 constexpr std::size_t LabelWidth = 8;
 constexpr std::size_t CodeWidth = 32;
 constexpr std::size_t TextLength = 60; // characters of IN and OUT that are shown
-
-// Operation codes; those of r1,r2 have one bit more.
-enum Code {
-    RegisterForm = 0x04,
-    Ld = 0x10,
-    St = 0x11,
-    Addl = 0x22,
-    Subl = 0x23,
-    And = 0x30,
-    Xor = 0x32,
-    Cpa = 0x40,
-    Cpl = 0x41,
-    Sla = 0x50,
-    Sll = 0x52,
-    Srl = 0x53,
-    Jmi = 0x61,
-    Jnz = 0x62,
-    Jze = 0x63,
-    Jpl = 0x65,
-    Jov = 0x66,
-    Push = 0x70,
-    Pop = 0x71,
-    Call = 0x80,
-    Svc = 0xF0
-};
 
 int CodeOf(const Step& step) {
     return step.word >> 8 & 0xFF;
@@ -92,7 +70,7 @@ std::string Operands(const Step& step, int operand) {
     const int operation = OperationOf(step);
     if (operation == Ld || operation == Pop) return "  (" + Number(operation, operand) + ")";
     const bool compares = operation == Cpa || operation == Cpl;
-    if (operation <= St + 1 || (operation > Cpl && !IsShift(operation))) return {};
+    if (operation <= Lad || (operation > Cpl && !IsShift(operation))) return {};
     const std::string second = IsShift(operation) ? std::to_string(operand) : Number(operation, operand);
     return "  (" + Number(operation, RegisterR(step)) + (compares ? " : " : ", ") + second + ")";
 }
@@ -114,8 +92,8 @@ bool HoldsFor(int jump, const Registers& flags) {
 
 std::string Decision(const Step& step) {
     const int code = CodeOf(step);
-    const bool decides = code == Jmi || code == Jnz || code == Jze || code == Jpl || code == Jov;
-    return decides ? "  " + TextOf(HoldsFor(code, step.before) ? RunMsg.Taken : RunMsg.NotTaken) : "";
+    return image::IsConditional(code) ? "  " + TextOf(HoldsFor(code, step.before) ? RunMsg.Taken : RunMsg.NotTaken)
+                                      : "";
 }
 
 void Pad(std::string& text, std::size_t width) {

@@ -80,6 +80,9 @@ TEST(Explain, TheWordsOfAPersonLeadToAnEntry) {
         {"LD LAD", "ld-for-lad"},
         {"a.txt:3: error: The limit of 1000 instructions was reached.\n  #0003 LOOP: LAD GR1,1,GR1", "endless-loop"},
         {"#0008 ADD      ADDA GR0,GR1             GR0=#0005", "ADDA"},
+        {"a.txt:2: note: この LD は数 5 ではなく、アドレス 5 の語を使う。数そのものならリテラル =5 と書く。", "ld-for-lad"},
+        {"a.txt:9: note: ST writes over an instruction: #0016 SUB: PUSH 0,GR1. A word for data is made by DS or DC.",
+         "store-into-instruction"},
         {"tolvane-run: no file is given (see --help)", "options"},
     };
     for (const auto& [words, id] : asked)
