@@ -2,6 +2,7 @@
 
 #include "Engine.h"
 #include "explain/Explanations.h"
+#include "hints/Hints.h"
 #include "input/Readers.h"
 #include "input/TMoziCode.h"
 #include "machine/Tcomet2.h"
@@ -58,7 +59,7 @@ val Check(const std::string& source, const std::string& pipeline, int language) 
     val result = val::object();
     const bool good = Assemble(source, pipeline, language);
     result.set("good", good);
-    result.set("diagnostics", Diagnostics());
+    result.set("diagnostics", Diagnostics(good));
     val lines = val::array();
     if (good) {
         const image::LinkedImage image;
@@ -173,11 +174,17 @@ val Diagnostic(Severity severity, const Msg& row, std::span<const KeptArg> args,
     return result;
 }
 
-val Diagnostics() {
+val Diagnostics(bool good) {
     val array = val::array();
     for (const MsgRec& record : store->Records) {
         val each = Diagnostic(record.severity, *record.row, record.args, record.place.line);
         each.set("lines", Strings(run::TextLines(record)));
+        array.call<void>("push", each);
+    }
+    if (!good) return array;
+    for (const hints::Hint& hint : hints::HintsOf(image::LinkedImage())) {
+        val each = Diagnostic(Severity::Note, *hint.row, {}, hint.line);
+        each.set("lines", Strings({hint.text}));
         array.call<void>("push", each);
     }
     return array;

@@ -20,8 +20,8 @@ val Strings(const std::vector<std::string>& texts);
 
 // Forgets the program before, assembles and links the source, UTF-8. Whether its image is good.
 bool Assemble(const std::string& source, const std::string& pipeline, int language);
-// What the assembly has said, as an array.
-val Diagnostics();
+// What the assembly has said, as an array; of a good image, in front of the run, also what is hardly meant.
+val Diagnostics(bool good);
 // One diagnostic: its texts without heads, in the language in force.
 val Diagnostic(Severity severity, const Msg& row, std::span<const KeptArg> args, int line);
 

@@ -55,7 +55,7 @@ val Load(const std::string& source, const std::string& pipeline, int language) {
     const bool good = Assemble(source, pipeline, language);
     val result = val::object();
     result.set("good", good);
-    result.set("diagnostics", Diagnostics());
+    result.set("diagnostics", Diagnostics(good));
     if (good) loaded.emplace();
     return result;
 }

@@ -1,7 +1,7 @@
 // Output and input of the run, as they came.
 
 import type { ConsoleEntry, State } from './engine.js';
-import { button, h, inEachLanguage, named, region, replaceIfChanged } from './dom.js';
+import { button, h, inEachLanguage, named, region, update } from './dom.js';
 import { t } from './texts.js';
 
 export interface Console {
@@ -24,12 +24,16 @@ export function makeConsole(uses: { type(line: string): void; endInput(): void; 
   const dump = button('saveDump', () => uses.saveDump(), { class: 'quiet' });
   const element = region('output', { class: 'panel', id: 'output' }, dump, lines, form);
 
+  lines.addEventListener('click', (event) => {
+    const line = event.target instanceof HTMLElement ? event.target.dataset['line'] : undefined;
+    if (line) uses.goTo(Number(line));
+  });
+
   function lineOf(entry: ConsoleEntry) {
     const text = entry.kind === 'end' ? t('inputEnded') : entry.kind === 'more' ? t('moreAbove') : entry.text.replace(/\n$/, '');
     const row = h('div', { class: 'line-' + entry.kind }, text);
     if (entry.line !== undefined && entry.line >= 0) {
-      const line = entry.line;
-      row.append(' ', h('button', { type: 'button', class: 'place', onclick: () => uses.goTo(line) }, t('atLine', line + 1)));
+      row.append(' ', h('button', { type: 'button', class: 'place', 'data-line': entry.line }, t('atLine', entry.line + 1)));
     }
     return row;
   }
@@ -48,7 +52,7 @@ export function makeConsole(uses: { type(line: string): void; endInput(): void; 
   function showLines() {
     const rows = entries.length > 0 ? entries.map(lineOf) : [h('div', { class: 'hint' }, t('noOutput'))];
     const atEnd = lines.scrollTop + lines.clientHeight >= lines.scrollHeight - 20;
-    replaceIfChanged(lines, rows);
+    update(lines, rows);
     if (atEnd) lines.scrollTop = lines.scrollHeight;
   }
   inEachLanguage(element, () => ((isNew = true), show()));

@@ -46,12 +46,23 @@ export function region(key: TextKey, attributes: Attributes, ...children: Child[
   return named(h('section', attributes, heading, ...children), key);
 }
 
-// Puts new children in only if they differ from the old ones, so that focus and reading place stay.
-export function replaceIfChanged(parent: Element, children: Node[]) {
-  const holder = document.createElement(parent.tagName);
-  holder.append(...children);
-  if (holder.innerHTML === parent.innerHTML) return;
-  parent.replaceChildren(...holder.childNodes);
+// Makes the children those of new ones by changing what differs in them, so that focus, reading place and a click that
+// has begun stay. Who listens to a child does so at the parent, since the old ones stay.
+export function update(parent: Element, children: Node[]) {
+  children.forEach((fresh, i) => {
+    const old = parent.childNodes[i];
+    if (!old) parent.append(fresh);
+    else if (old.nodeName !== fresh.nodeName) old.replaceWith(fresh);
+    else if (old instanceof Element && fresh instanceof Element) updateElement(old, fresh);
+    else if (old.nodeValue !== fresh.nodeValue) old.nodeValue = fresh.nodeValue;
+  });
+  while (parent.childNodes.length > children.length) parent.lastChild!.remove();
+}
+function updateElement(old: Element, fresh: Element) {
+  if (old.outerHTML === fresh.outerHTML) return;
+  for (const name of old.getAttributeNames()) if (!fresh.hasAttribute(name)) old.removeAttribute(name);
+  for (const name of fresh.getAttributeNames()) if (old.getAttribute(name) !== fresh.getAttribute(name)) old.setAttribute(name, fresh.getAttribute(name)!);
+  update(old, [...fresh.childNodes]);
 }
 
 export function dialog(key: TextKey, ...children: Child[]): HTMLDialogElement {

@@ -1,7 +1,7 @@
 // Registers, memory and stack, and what is told of one of their cells.
 
 import type { Cell, MemoryRow, Outcome, Picture, State, Word } from './engine.js';
-import { button, dialog, h, inEachLanguage, named, region, replaceIfChanged, word } from './dom.js';
+import { button, dialog, h, inEachLanguage, named, region, update, word } from './dom.js';
 import { formats, formatted, hex, type Format } from './numbers.js';
 import { t } from './texts.js';
 
@@ -31,6 +31,13 @@ export function nameOf(cell: Cell): string {
 function valueOf(state: State, cell: Cell): number {
   if (cell.kind === 'GR') return state.gr[cell.index] ?? 0;
   return cell.kind === 'SP' ? state.sp : cell.kind === 'OF' ? state.of : cell.kind === 'SF' ? state.sf : state.zf;
+}
+
+// The cell of such a name.
+function cellOf(name: string): Cell {
+  if (name.startsWith('GR')) return { kind: 'GR', index: Number(name.slice(2)) };
+  if (name.startsWith('#')) return { kind: 'word', index: parseInt(name.slice(1), 16) };
+  return { kind: name as 'SP' | 'OF' | 'SF' | 'ZF', index: 0 };
 }
 
 export function makeMachine(uses: MachineUses): Machine {
@@ -102,7 +109,12 @@ export function makeMachine(uses: MachineUses): Machine {
   }
   function cellButton(cell: Cell, text: string, isChanged = false) {
     const style = 'cell' + (isChanged ? ' changed' : '') + (isWatched(cell) ? ' watched' : '');
-    return h('button', { type: 'button', class: style, onclick: () => void tell(cell), 'data-cell': nameOf(cell) }, text);
+    return h('button', { type: 'button', class: style, 'data-cell': nameOf(cell) }, text);
+  }
+  const dataOf = (target: EventTarget | null, key: string) => (target instanceof HTMLElement ? target.closest<HTMLElement>(`[data-${key}]`)?.dataset[key] : undefined);
+  function cellPressed(event: Event) {
+    const name = dataOf(event.target, 'cell');
+    if (name) void tell(cellOf(name));
   }
   const changed = (cell: Cell) => marks && before !== undefined && shown !== undefined && valueOf(before.state, cell) !== valueOf(shown.state, cell);
 
@@ -112,6 +124,11 @@ export function makeMachine(uses: MachineUses): Machine {
   const watchList = h('ul', { class: 'watches' });
   const nothing = h('p', { class: 'hint' }, word('notLoaded'));
   const registers = region('registers', { class: 'panel', id: 'registers' }, nothing, table, others, watchList);
+  registers.addEventListener('click', cellPressed);
+  watchList.addEventListener('click', (event) => {
+    const name = dataOf(event.target, 'watched');
+    if (name) setWatch(cellOf(name), false);
+  });
 
   function registerRow(index: number, value: number) {
     const cell: Cell = { kind: 'GR', index };
@@ -121,16 +138,16 @@ export function makeMachine(uses: MachineUses): Machine {
   function showRegisters(state: State) {
     const titles = formats.map((format) => h('th', { scope: 'col', class: format }, t(format)));
     const head = h('thead', {}, h('tr', {}, h('th', { scope: 'col' }, t('register')), ...titles));
-    replaceIfChanged(table, [head, h('tbody', {}, ...state.gr.map((value, index) => registerRow(index, value)))]);
+    update(table, [head, h('tbody', {}, ...state.gr.map((value, index) => registerRow(index, value)))]);
     const pr = h('span', { class: marks && before?.state.pr !== state.pr ? 'fact changed' : 'fact' }, h('b', {}, 'PR'), ' ' + hex(state.pr));
     const flag = (kind: 'OF' | 'SF' | 'ZF') => cellButton({ kind, index: 0 }, kind + ' ' + valueOf(state, { kind, index: 0 }), changed({ kind, index: 0 }));
     const sp = cellButton({ kind: 'SP', index: 0 }, 'SP ' + hex(state.sp), changed({ kind: 'SP', index: 0 }));
-    replaceIfChanged(others, [pr, sp, h('span', { class: 'fact' }, h('b', {}, t('flags'))), flag('OF'), flag('SF'), flag('ZF')]);
+    update(others, [pr, sp, h('span', { class: 'fact' }, h('b', {}, t('flags'))), flag('OF'), flag('SF'), flag('ZF')]);
     const items = watched.map((cell) => {
-      const remove = h('button', { type: 'button', class: 'quiet', 'aria-label': t('remove') + ' ' + nameOf(cell), onclick: () => setWatch(cell, false) }, '✕');
+      const remove = h('button', { type: 'button', class: 'quiet', 'aria-label': t('remove') + ' ' + nameOf(cell), 'data-watched': nameOf(cell) }, '✕');
       return h('li', {}, t('watching', nameOf(cell)), ' ', remove);
     });
-    replaceIfChanged(watchList, items);
+    update(watchList, items);
   }
 
   // --- Memory
@@ -142,6 +159,7 @@ export function makeMachine(uses: MachineUses): Machine {
   lookForm.append(pages);
   const rows = named(h('div', { class: 'memory', role: 'group' }), 'memory');
   const memory = region('memory', { class: 'panel', id: 'memory' }, lookForm, rows);
+  rows.addEventListener('click', cellPressed);
   lookForm.addEventListener('submit', (event) => {
     event.preventDefault();
     const address = uses.placeOf(place.value.trim());
@@ -188,11 +206,11 @@ export function makeMachine(uses: MachineUses): Machine {
   function showMemory(picture: Picture) {
     const old = new Map((before?.memory ?? []).flatMap((each) => each.words.map((value, i) => [each.address + i, value] as const)));
     const focused = document.activeElement instanceof HTMLElement ? document.activeElement.dataset['cell'] : undefined;
-    replaceIfChanged(rows, picture.memory.map((each) => memoryRow(each, old, picture.state.pr)));
+    update(rows, picture.memory.map((each) => memoryRow(each, old, picture.state.pr)));
     const cells = [...rows.querySelectorAll<HTMLButtonElement>('button')];
-    const again = cells.find((each) => each.dataset['cell'] === focused) ?? cells[0];
+    const again = cells.find((each) => each.dataset['cell'] === focused) ?? cells.find((each) => each === document.activeElement) ?? cells[0];
     for (const each of cells) each.tabIndex = each === again ? 0 : -1;
-    if (focused?.startsWith('#') && document.activeElement === document.body) again?.focus();
+    if (focused?.startsWith('#') && document.activeElement !== again) again?.focus();
   }
 
   // --- Stack
@@ -203,7 +221,7 @@ export function makeMachine(uses: MachineUses): Machine {
       const call = each.routine === undefined ? '' : t('calledFrom', each.routine, (each.line ?? -1) + 1);
       return h('li', {}, h('span', { class: 'address' }, hex(each.address)), ' ', formatted(each.value, uses.format()), ' ', h('span', { class: 'code' }, call));
     });
-    replaceIfChanged(words, items.length > 0 ? items : [h('li', { class: 'hint' }, t('stackEmpty'))]);
+    update(words, items.length > 0 ? items : [h('li', { class: 'hint' }, t('stackEmpty'))]);
   }
 
   function show() {

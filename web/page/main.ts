@@ -24,6 +24,7 @@ let machineWorker: Client;
 let checked: Checked | undefined; // of the text as it is
 let isLoaded = false; // a program stands in the machine
 let isStale = false; // it is not that of the text as it is
+let edition = 0; // of the text
 let picture: Picture | undefined;
 let memoryFirst = 0;
 let lastTask: { task: Task; back: boolean; pace: number } | undefined;
@@ -70,6 +71,7 @@ async function check() {
 }
 
 function textChanged() {
+  ++edition;
   checked = undefined;
   clearTimeout(saving);
   saving = setTimeout(keepAll, 400);
@@ -153,11 +155,13 @@ function loadSoon() {
 }
 async function load(): Promise<boolean> {
   clearTimeout(loading);
+  const loaded = edition;
   const { good, diagnostics } = await machineWorker.ask('load', editor.text(), settings.pipeline, settings.language);
-  problems.show(diagnostics);
+  const isCurrent = loaded === edition; // nothing has been written since
+  if (isCurrent) problems.show(diagnostics);
   if (!good) return false;
   isLoaded = true;
-  isStale = false;
+  isStale = !isCurrent;
   if (notices.textContent?.includes(t('cannotRun'))) notices.replaceChildren();
   void machineWorker.ask('setBreakpoints', editor.breakpoints());
   for (const cell of machine.watches()) void machineWorker.ask('setWatch', cell.kind, cell.index, true);

@@ -1,5 +1,6 @@
 // Chromium without a screen, and the page in it as a person sees it: by names and regions.
 
+import assert from 'node:assert/strict';
 import { mkdtempSync, rmSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
@@ -27,8 +28,16 @@ export async function startBrowser() {
   return { browser, close };
 }
 
+// In the page: each message to a worker arrives so many milliseconds later.
+function slowWorkers(delay) {
+  const post = Worker.prototype.postMessage;
+  Worker.prototype.postMessage = function (message) {
+    setTimeout(() => post.call(this, message), delay);
+  };
+}
+
 // A page of its own, without what another one has kept. What it finds wrong by itself is in `faults`.
-export async function openPage(browser, { link = address, width = 1280, dark = false, language = 'en-US' } = {}) {
+export async function openPage(browser, { link = address, width = 1280, dark = false, language = 'en-US', delay = 0 } = {}) {
   const context = await browser.createBrowserContext();
   const page = await context.newPage();
   const faults = [];
@@ -37,12 +46,15 @@ export async function openPage(browser, { link = address, width = 1280, dark = f
   await page.setViewport({ width, height: width > 800 ? 800 : 844 });
   await page.emulateMediaFeatures([{ name: 'prefers-color-scheme', value: dark ? 'dark' : 'light' }]);
   await page.evaluateOnNewDocument((chosen) => Object.defineProperty(navigator, 'language', { get: () => chosen }), language);
+  if (delay > 0) await page.evaluateOnNewDocument(slowWorkers, delay);
   await page.goto(link);
   await page.waitForFunction(() => document.documentElement.dataset.checked, { timeout: patience });
   const control = (name, role = 'button') => page.locator(`::-p-aria([name="${name}"][role="${role}"])`).setTimeout(patience);
   const text = (region) => page.$eval(`section[aria-label="${region}"]`, (each) => each.innerText);
   const waits = (region, wanted) =>
-    page.waitForFunction((name, part) => document.querySelector(`section[aria-label="${name}"]`).innerText.includes(part), { timeout: patience }, region, wanted);
+    page
+      .waitForFunction((name, part) => document.querySelector(`section[aria-label="${name}"]`).innerText.includes(part), { timeout: patience }, region, wanted)
+      .catch(async () => assert.fail(`"${wanted}" is not in ${region}: ${await text(region)}\n${await page.$eval('body', (each) => each.innerText)}`));
   return {
     page,
     faults,

@@ -45,6 +45,21 @@ way('a program runs, asks for its input, and goes on', {}, async ({ write, waits
   assert.equal(await page.$('#output b'), null, 'what is printed is no markup');
 });
 
+way('what is written while another program is on its way into the machine runs', { delay: 500 }, async ({ write, waits, press }) => {
+  await new Promise((done) => setTimeout(done, 200)); // the sample's load has been posted
+  await write(echo);
+  await waits('Time', 'Moment 0 of 0');
+  await press('Run');
+  await waits('Time', 'IN waits');
+});
+
+way('what is sound but hardly meant draws a note', {}, async ({ write, waits, page }) => {
+  await write('MAIN START\n LD GR1,5\n ST GR1,A\n RET\nA DS 1\n END\n');
+  await waits('Problems', 'not the number 5');
+  await page.click('#problems summary');
+  await page.waitForFunction(() => document.querySelector('#problems details pre').textContent.includes('LAD GR1,5'));
+});
+
 way('steps go on and back, over a loop', {}, async ({ write, waits, press, register, moment }) => {
   await write(loop);
   for (let n = 1; n <= 3; ++n) {
