@@ -4,6 +4,8 @@
 
 #include "machine/Tcomet2.h"
 #include "platform/Console.h"
+#include "platform/SignalState.h"
+#include "platform/Signals.h"
 
 #include <algorithm>
 #include <array>
@@ -11,6 +13,7 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // A broken invariant stops the target, which keeps the input.
 #define TOLVANE_MUST(condition) ((condition) ? void() : std::abort())
@@ -18,6 +21,12 @@
 namespace tolvane::fuzz {
 
 inline std::string_view typed; // what IN reads, up to its end
+
+inline void PressCtrlC() {
+    signals::interrupt = true;
+    signals::noted = true;
+    signals::LoopLimit = 0;
+}
 
 inline const MachineIo Io{[](void*, const std::string&) {},
                           [](void*, std::size_t limit) -> std::optional<MachineIo::Line> {
@@ -40,6 +49,16 @@ inline std::string Begin(const std::uint8_t* data, std::size_t size) {
     modeFlags->Pipe = FindPipeline(Pipelines[choice / 2 % Pipelines.size()]);
     modeFlags->Lang = choice % 2;
     return std::string(reinterpret_cast<const char*>(data), size);
+}
+
+// The parts of an input, which stand between zeros; at least one.
+inline std::vector<std::string> Fields(std::string_view bytes) {
+    std::vector<std::string> fields;
+    for (std::size_t zero = 0; zero != std::string_view::npos; bytes.remove_prefix(std::min(zero + 1, bytes.size()))) {
+        zero = bytes.find('\0');
+        fields.emplace_back(bytes.substr(0, zero));
+    }
+    return fields;
 }
 
 } // namespace tolvane::fuzz
