@@ -1,5 +1,6 @@
 #include "run/Hindsight.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tolvane::run {
@@ -21,8 +22,8 @@ void Hindsight::Keep(const std::optional<MachineIo::Line>& line) {
     if (start && lines.size() < MostLines) lines.push_back(line);
 }
 
-std::optional<hints::Hint> Hindsight::Look() {
-    if (!start) return std::nullopt;
+std::optional<hints::Hint> Hindsight::Look(std::int64_t executed) {
+    if (!start || executed < 1) return std::nullopt;
     const auto end = std::make_unique<RunState>();
     const int most = comet2->MaxRunCount;
     comet2->Keep(*end);
@@ -36,7 +37,7 @@ std::optional<hints::Hint> Hindsight::Look() {
     io.tell = [](void*, Severity, const Msg&, Args) {};
     const MachineIo* const before = std::exchange(comet2->Io, &io);
     hints::ReturnWatch watch(image);
-    comet2->RunTraced(MostInstructions, [&watch](const Step& step) { watch.Observe(step); });
+    comet2->RunTraced(std::min(executed, MostInstructions), [&watch](const Step& step) { watch.Observe(step); });
     comet2->Io = before;
     comet2->TakeUp(*end);
     comet2->MaxRunCount = most;

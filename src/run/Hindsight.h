@@ -3,6 +3,7 @@
 
 #include "hints/RunHints.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -16,8 +17,8 @@ public:
 
     // What an IN of the run has read, nothing at the end of the input.
     void Keep(const std::optional<MachineIo::Line>& line);
-    // Behind the run: goes through its first instructions again. The machine is then as it was.
-    std::optional<hints::Hint> Look();
+    // Behind the run of so many instructions: goes through the first of them again. The machine is then as it was.
+    std::optional<hints::Hint> Look(std::int64_t executed);
 
 private:
     const image::LinkedImage& image;

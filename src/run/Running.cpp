@@ -159,6 +159,12 @@ int TellEnd(const Options& options, const Program& program, std::size_t firstRec
     }
 }
 
+// The number of instructions that were executed, unless one was 4,294,967,296 times.
+std::int64_t Executed() {
+    const auto add = [](std::int64_t sum, int count) { return sum + static_cast<unsigned>(count); };
+    return std::accumulate(comet2->RunCount.begin(), comet2->RunCount.end(), std::int64_t{0}, add);
+}
+
 // Registers, flags and the number of instructions that were executed.
 void TellRegisters() {
     std::string row;
@@ -168,8 +174,7 @@ void TellRegisters() {
     for (const auto& [name, flag] :
          {std::pair(" Fovf=", comet2->Fovf), std::pair(" Fsign=", comet2->Fsign), std::pair(" Fzero=", comet2->Fzero)})
         row += name + std::to_string(flag);
-    const auto instructions = std::accumulate(comet2->RunCount.begin(), comet2->RunCount.end(), std::int64_t{0});
-    WriteErr(row + "\n" + TextOf(RunMsg.Executed, {instructions}));
+    WriteErr(row + "\n" + TextOf(RunMsg.Executed, {Executed()}));
 }
 
 // The first line of the output that is not the one that is expected.
@@ -213,7 +218,7 @@ int RunProgram(const Options& options, const image::LinkedImage& image, const st
     console::Flush();
     const int ended = TellEnd(options, program, firstRecord, stop);
     TellHints(program, streams.overruns);
-    const auto misled = hindsight ? hindsight->Look() : std::nullopt;
+    const auto misled = hindsight ? hindsight->Look(Executed()) : std::nullopt;
     if (misled) TellHints(program, {*misled});
     if (options.registers) TellRegisters();
     return ended == AllEnded && options.expected ? Compare(options, program, streams.printed) : ended;
