@@ -98,8 +98,8 @@ int LineOfLabel(const image::LinkedImage& image, const std::string& label) {
 }
 
 bool ReadsMemory(int code) {
-    constexpr int Reading[] = {0x10, 0x20, 0x21, 0x22, 0x23, 0x30, 0x31, 0x32, 0x40, 0x41};
-    return std::find(std::begin(Reading), std::end(Reading), code) != std::end(Reading);
+    const auto reads = [code](const Opcode& op) { return op.shape == Shape::RegisterOrAddress && op.code == code; };
+    return std::any_of(opcodes::Table.begin(), opcodes::Table.end(), reads);
 }
 
 void WatchCall(Conduct& conduct, const Step& step) {

@@ -161,11 +161,11 @@ bool Tracer::IsInService(const Step& step) const {
 }
 
 Tracer::Executed Tracer::WithEffects(const Step& step) const {
-    Executed executed{step, comet2->RegistersNow(), OperandOf(step), -1, 0, {}};
+    Executed executed{step, comet2->RegistersNow(), OperandOf(step), {}, 0, {}};
     const int code = CodeOf(step);
     if (code == Svc) executed.text = text;
     if (step.written[0].cells > 0) executed.address = step.written[0].first;
-    if (executed.address >= 0) executed.value = MemoryAt(executed.address);
+    if (executed.address) executed.value = MemoryAt(*executed.address);
     const int top = StackBottom - comet2->SP;
     if ((code == Push || code == Call) && top >= 0) {
         executed.address = comet2->SP;
@@ -209,7 +209,7 @@ std::string Tracer::RowOf(const Executed& executed) const {
     if (!isFirst || !HasShape(source.opcode, Shape::RpushRpop)) code += Operands(step, executed.operand);
     code += Decision(step);
     std::string changes = ChangedRegisters(step.before, executed.after);
-    if (executed.address >= 0) AddCell(changes, executed.address, executed.value);
+    if (executed.address) AddCell(changes, *executed.address, executed.value);
     if (!changes.empty()) Pad(code, CodeWidth);
     return Hex(address) + " " + label + " " + code + changes + "\n";
 }

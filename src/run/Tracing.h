@@ -41,10 +41,10 @@ private:
     struct Executed {
         Step step;
         Registers after;
-        int operand = 0;  // the last that it has read
-        int address = -1; // of the word that it has written, -1 without one
-        int value = 0;    // of that word
-        std::string text; // of IN or OUT
+        int operand = 0;            // the last that it has read
+        std::optional<int> address; // of the word that it has written
+        int value = 0;              // of that word
+        std::string text;           // of IN or OUT
     };
     bool IsInService(const Step& step) const;
     Executed WithEffects(const Step& step) const;
