@@ -22,7 +22,7 @@ bool GoesOn(const Instruction& instruction) {
     return instruction.code != Jump && instruction.code != Ret && instruction.code != Exit;
 }
 
-Program::Program(const image::LinkedImage& linked) : image(linked), indexAt(AddressCount, -1) {
+Program::Program(const image::LinkedImage& linked) : image(linked), indexAt(AddressCount, -1), called(AddressCount) {
     for (int line = 0; line < image.LineCount(); ++line)
         AddLine(line);
     std::sort(all.begin(), all.end(), [](const Instruction& a, const Instruction& b) { return a.address < b.address; });
@@ -30,6 +30,8 @@ Program::Program(const image::LinkedImage& linked) : image(linked), indexAt(Addr
         std::fill_n(indexAt.begin() + all[i].address, all[i].words, static_cast<int>(i));
     reached = Reach(true);
     main = Reach(false);
+    for (const Instruction& each : all)
+        if (each.code == Call && each.x == 0 && IsReached(each)) called[static_cast<std::size_t>(each.second)] = true;
 }
 
 void Program::AddLine(int line) {
@@ -57,12 +59,6 @@ const Instruction* Program::At(int address) const {
 
 bool Program::IsCode(int address) const {
     return indexAt[static_cast<std::size_t>(address & 0xFFFF)] >= 0;
-}
-
-bool Program::IsCalled(int address) const {
-    return std::any_of(all.begin(), all.end(), [&](const Instruction& each) {
-        return each.code == Call && each.x == 0 && each.second == address && IsReached(each);
-    });
 }
 
 std::vector<const Instruction*> Program::Next(const Instruction& instruction) const {

@@ -36,7 +36,7 @@ public:
     bool IsReached(const Instruction& instruction) const { return Has(reached, instruction); }
     bool IsMain(const Instruction& instruction) const { return Has(main, instruction); }
     // Whether a CALL names the address.
-    bool IsCalled(int address) const;
+    bool IsCalled(int address) const { return called[static_cast<std::size_t>(address)]; }
     // Where the run may go from an instruction, but for CALL, behind which it comes back.
     std::vector<const Instruction*> Next(const Instruction& instruction) const;
     // The instruction that a CALL names, null if that is none or is not known before the run.
@@ -51,6 +51,7 @@ private:
     std::vector<Instruction> all;
     std::vector<int> indexAt;        // by address: of the instruction to which the word belongs, -1 without one
     std::vector<bool> reached, main; // by index
+    std::vector<bool> called;        // by address
 };
 
 } // namespace tolvane::hints
