@@ -27,8 +27,9 @@ std::vector<std::string> TakeFields(std::string_view bytes) {
     return {"\n1\na\n1\n\n\n11\n1\n", "a.txt", fields[0], SettingsName, settings};
 }
 
-int Talk(const std::vector<std::string>& fields, bool dumps) {
-    fuzz::BeginWorld(fields[0]);
+int Talk(const std::vector<std::string>& fields, std::size_t size) {
+    const bool dumps = size % 64 == 0; // they take longer than all the rest
+    fuzz::BeginWorld(fields[0], size / 64);
     for (std::size_t i = 1; i + 1 < fields.size(); i += 2)
         fuzz::LayDown(fields[i], fields[i + 1]);
     for (const char* dump : {"aaAssembledRegMry.txt", "aaResultantRegMry.txt"})
@@ -46,11 +47,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::vector<std::string> fields = TakeFields(fuzz::Begin(data, size));
     console::WriteTo(nullptr);
     comet2->Io = &DialogueIo;
-    const bool dumps = size % 64 == 0; // they take longer than all the rest
-    const int status = Talk(fields, dumps);
+    const int status = Talk(fields, size);
     TOLVANE_MUST(status == 0 || status == 130);
     const fuzz::World first = fuzz::world;
-    const int again = Talk(fields, dumps);
+    const int again = Talk(fields, size);
     if (first.pressed || fuzz::world.pressed) return 0;
     TOLVANE_MUST(again == status && fuzz::world.output == first.output && fuzz::world.errors == first.errors);
     return 0;

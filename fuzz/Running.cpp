@@ -47,7 +47,7 @@ Task TaskOf(std::string_view bytes) {
 }
 
 void LayDown(const Task& task) {
-    fuzz::BeginWorld(task.input);
+    fuzz::BeginWorld(task.input, task.source.size() / 64);
     fuzz::LayDown("s.txt", task.source);
     fuzz::LayDown("input-1.txt", task.input);
     fuzz::LayDown("output-1.txt", task.expected);

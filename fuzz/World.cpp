@@ -9,6 +9,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sys/time.h>
 #include <system_error>
 #include <unistd.h>
@@ -46,13 +47,15 @@ void GoToFolder() {
 
 } // namespace
 
-void BeginWorld(std::string_view input) {
+void BeginWorld(std::string_view input, std::size_t choice) {
+    constexpr const console::CharacterCode* Codes[] = {&console::Utf8Code, &console::ShiftJisCode, &console::EucJpCode};
     static const bool begun = (GoToFolder(), SetTicks(), true);
     TOLVANE_MUST(begun);
     world = {};
     while (console::ReadByte() >= 0) { // what was buffered and not read
     }
     world.typed = input;
+    world.code = Codes[choice % std::size(Codes)];
     signals::interrupt = false;
     for (const fs::directory_entry& entry : fs::directory_iterator("."))
         fs::remove_all(entry);
@@ -78,16 +81,16 @@ std::optional<Loss> Append(std::string& kept, std::string_view bytes) {
 void OpenStandardFiles() {}
 
 const CharacterCode& InputCode() {
-    return Utf8Code;
+    return *fuzz::world.code;
 }
 const CharacterCode& OutputCode() {
-    return Utf8Code;
+    return *fuzz::world.code;
 }
 const CharacterCode& ErrorCode() {
-    return Utf8Code;
+    return *fuzz::world.code;
 }
 const CharacterCode& TextFileCode() {
-    return Utf8Code;
+    return *fuzz::world.code;
 }
 std::string_view TextFileMark() {
     return {};
