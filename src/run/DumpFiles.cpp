@@ -63,7 +63,7 @@ fs::path PathBelow(const std::string& source) {
 }
 
 std::string DumpPath(const std::string& folder, const std::string& source, Dumped dumped) {
-    return (fs::path(folder) / PathBelow(source)).string() + Suffixes[static_cast<int>(dumped)];
+    return (fs::path(folder) / PathBelow(source)).generic_string() + Suffixes[static_cast<int>(dumped)];
 }
 
 } // namespace

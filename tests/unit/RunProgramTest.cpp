@@ -9,6 +9,7 @@
 #include "InFolder.h"
 
 #include <cstdlib>
+#include <regex>
 #include <sys/wait.h>
 
 namespace tolvane::tests {
@@ -49,12 +50,20 @@ std::string RunSession(const std::string& expected) {
     return found;
 }
 
+// Programs of another system give its reasons for a failure, and what starts them may say a word of its own.
+std::string WithoutSystem(const std::string& text) {
+    static const std::regex reason("(cannot be (read|made|written): )[^(\n]*");
+    static const std::regex starter("! (wine client error|sh: ).*\n(!\n)?");
+    return std::regex_replace(std::regex_replace(text, reason, "$1"), starter, "");
+}
+
 class RunProgram : public InFolder {};
 
 } // namespace
 
 TEST_F(RunProgram, Sessions) {
     const char* setting = std::getenv("TOLVANE_REWRITE");
+    const bool isForeign = std::getenv("TOLVANE_FOREIGN") != nullptr;
     for (const char* name : {"session.txt", "debug.txt"}) {
         const fs::path file = fs::path(TOLVANE_TESTS) / "run" / name;
         const std::string expected = ReadFile(file);
@@ -62,7 +71,7 @@ TEST_F(RunProgram, Sessions) {
         if (setting != nullptr && std::string(setting) == "1")
             WriteFile(file, found);
         else
-            EXPECT_EQ(expected, found);
+            EXPECT_EQ(isForeign ? WithoutSystem(expected) : expected, isForeign ? WithoutSystem(found) : found);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "platform/Files.h"
 
 #include "platform/Descriptor.h"
+#include "platform/Signals.h"
 #include "platform/StandardFiles.h"
 #include "platform/windows/System.h"
 
@@ -91,7 +92,9 @@ std::optional<std::size_t> ReadWaiting(const Descriptor& file, char* room, std::
 }
 
 std::optional<std::size_t> ReadStandardInput(char* room, std::size_t size) {
-    return console::ReadInput(room, size);
+    const std::size_t got = console::ReadInput(room, size);
+    const bool isEnd = signals::EndAsked() || signals::InterruptAsked() || GetLastError() == ERROR_BROKEN_PIPE;
+    return got > 0 || isEnd || GetLastError() == ERROR_SUCCESS ? std::optional(got) : std::nullopt;
 }
 
 std::string LastFailure() {

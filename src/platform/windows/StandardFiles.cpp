@@ -157,6 +157,7 @@ bool ReadTyped(HANDLE console, char* bytes, std::size_t size, std::size_t& got) 
 
 bool ReadFrom(HANDLE file, char* bytes, std::size_t size, std::size_t& got) {
     DWORD read = 0;
+    SetLastError(ERROR_SUCCESS);
     const bool good = ReadFile(file, bytes, static_cast<DWORD>(size), &read, nullptr) != 0;
     got = read;
     return good;
