@@ -4,8 +4,8 @@
 import createEngine from '../../build-web/wasm/web/engine/engine.js';
 import type { Engine, FromWorker, Outcome, Question, Questions, Task, ToWorker, Why } from './engine.js';
 
-const sliceTime = 10; // ms
-const pictureTime = 45;
+const sliceTime = 20; // ms
+const pictureTime = 80;
 const unit = 1000; // instructions of the least budget
 
 let engine: Engine;
