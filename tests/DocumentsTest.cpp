@@ -1,6 +1,7 @@
 // The documents in two languages: each pair is parallel, and each example of the guides, a block casl that holds a
 // whole source, prints what the blocks behind it tell.
 
+#include "ProgramRun.h"
 #include "TextTools.h"
 
 #include <cstdlib>
@@ -65,7 +66,7 @@ std::set<std::string> WordsIn(const std::string& text, const std::string& patter
 // The guide with the results of its examples as they are now.
 std::string RunGuide(const std::string& guide, const std::string& language, const fs::path& folder) {
     const std::string tools =
-        "cd " + folder.string() + " && LC_ALL=C.UTF-8 " + fs::path(TOLVANE_RUN).parent_path().string();
+        "cd " + folder.string() + " && LC_ALL=C.UTF-8 " + ProgramFolder().string();
     std::string found;
     std::string block;
     std::map<std::string, std::string> example; // its blocks
@@ -114,7 +115,7 @@ TEST(Documents, AreParallelAndTheirExamplesTrue) {
 TEST(Documents, NameTheSameOptionsAndStatuses) {
     for (const std::string program : {"tolvane-run", "tolvane-debug"}) {
         if (!fs::exists(Root / "completions" / program)) continue;
-        const std::string path = (fs::path(TOLVANE_RUN).parent_path() / program).string();
+        const std::string path = (ProgramFolder() / program).string();
         const std::string option = R"(--([a-z]{2,}))";
         std::set<std::string> options;
         std::set<std::string> statuses;

@@ -97,4 +97,9 @@ ProgramRun RunProgram(const ProgramCall& call) {
     return run;
 }
 
+std::filesystem::path ProgramFolder() {
+    const char* other = std::getenv("TOLVANE_PROGRAMS");
+    return other != nullptr ? std::filesystem::path(other) : std::filesystem::path(TOLVANE_RUN).parent_path();
+}
+
 } // namespace tolvane::tests

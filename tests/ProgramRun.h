@@ -22,4 +22,7 @@ struct ProgramRun {
 
 ProgramRun RunProgram(const ProgramCall& call);
 
+// The folder of the programs under test: that of the build, or another system's that TOLVANE_PROGRAMS names.
+std::filesystem::path ProgramFolder();
+
 } // namespace tolvane::tests

@@ -169,7 +169,7 @@ private:
         const fs::file_time_type old;
         for (const std::string& name : DumpNames)
             if (known.count(name) != 0) fs::last_write_time(work / name, old);
-        call.program = TOLVANE_PROGRAM;
+        call.program = (ProgramFolder() / "tolvane").string();
         call.folder = work;
         call.environment = Environment();
         const ProgramRun ran = RunProgram(call);

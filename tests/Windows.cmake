@@ -1,5 +1,5 @@
-# The tests that need no POSIX, built for Windows with the sources of GoogleTest. The others start programs; they are
-# built here and start those of TOLVANE_PROGRAMS (tools/check-windows).
+# The tests that need no POSIX, built for Windows with the sources of GoogleTest. The others start programs; those of
+# this system start the programs that TOLVANE_PROGRAMS names (tools/check-windows).
 add_library(gtest STATIC /usr/src/googletest/googletest/src/gtest-all.cc)
 target_include_directories(gtest SYSTEM PUBLIC /usr/src/googletest/googletest/include)
 target_include_directories(gtest PRIVATE /usr/src/googletest/googletest)

@@ -7,6 +7,7 @@
 //   = STATUS
 
 #include "InFolder.h"
+#include "ProgramRun.h"
 
 #include <cstdlib>
 #include <regex>
@@ -27,7 +28,7 @@ std::string Marked(const std::string& text, const char* mark) {
 
 std::string RunCommand(const std::string& command) {
     const std::string exercises = (fs::path(TOLVANE_TESTS).parent_path() / "examples" / "exercises").string();
-    const std::string path = "PATH=" + fs::path(TOLVANE_RUN).parent_path().string() + ":$PATH";
+    const std::string path = "PATH=" + ProgramFolder().string() + ":$PATH";
     const std::string script = "export LC_ALL=C.UTF-8 EXERCISES=" + exercises + " " + path + " && ( " + command +
                                "\n) </dev/null >.out 2>.err";
     const int status = std::system(script.c_str());
