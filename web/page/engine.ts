@@ -115,7 +115,7 @@ export interface Engine {
   encodeShiftJis(text: string): Encoded;
   grade(source: string, pipeline: string, language: Language, folder: string): boolean;
   load(source: string, pipeline: string, language: Language): { good: boolean; diagnostics: Diagnostic[] };
-  begin(task: Task, back: boolean, number: number): boolean;
+  begin(task: Exclude<Task, 'step'>, back: boolean, number: number): boolean;
   beginWho(kind: CellKind, index: number): boolean;
   work(budget: number): boolean;
   pace(instructions: number): Why;
@@ -134,8 +134,8 @@ export interface Engine {
   dump(name: string): string;
   FS: { mkdir(path: string): void; writeFile(path: string, text: string): void; analyzePath(path: string): { exists: boolean }; unlink(path: string): void; readdir(path: string): string[] };
 }
-// "resume" goes on with a task that has stopped in front of an IN.
-export type Task = 'go' | 'run' | 'over' | 'out' | 'resume';
+// "resume" goes on with a task that has stopped in front of an IN; "step" goes so many moments on or back.
+export type Task = 'go' | 'step' | 'run' | 'over' | 'out' | 'resume';
 
 // What is shown of the machine at a moment.
 export interface Picture {

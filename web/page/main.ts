@@ -151,7 +151,8 @@ function goTo(line: number) {
 let loading: ReturnType<typeof setTimeout> | undefined;
 function loadSoon() {
   clearTimeout(loading);
-  loading = setTimeout(() => void (isStale && (!isLoaded || picture?.state.latest === 0) && load()), 100);
+  const isFree = () => isStale && (!isLoaded || picture?.state.latest === 0);
+  loading = setTimeout(() => inTurn(async () => void (isFree() && (await load()))), 100);
 }
 async function load(): Promise<boolean> {
   clearTimeout(loading);
@@ -180,7 +181,13 @@ async function unload() {
 }
 
 let marksChanges = false;
-async function perform(task: Task, back: boolean, number: number, pace: number) {
+// What is asked of the machine waits for what was asked before it: that may be on its way to load the program.
+let turn = Promise.resolve();
+function inTurn(act: () => Promise<void>) {
+  turn = turn.then(act).catch((fault: unknown) => notice(t('failed', String(fault)), 'bad'));
+}
+const perform = (...words: Parameters<typeof performNow>) => inTurn(() => performNow(...words));
+async function performNow(task: Task, back: boolean, number: number, pace: number) {
   const isNew = isStale || !isLoaded || (task === 'run' && !back && picture?.state.isEnd);
   if (isNew && !(await load())) return refuse();
   marksChanges = !time.isDragging();
@@ -198,9 +205,9 @@ async function restart() {
 }
 
 const time = makeTime({
-  task: (task, back, number, pace) => void perform(task, back, number, pace),
+  task: perform,
   pause: () => void machineWorker.ask('pause'),
-  restart: () => void restart(),
+  restart: () => inTurn(restart),
   hasErrors: () => problems.errors() > 0,
 });
 const machine = makeMachine({
@@ -212,7 +219,7 @@ const machine = makeMachine({
   placeOf,
   wordAt: (address) => machineWorker.ask('wordAt', address),
   who: (cell) => machineWorker.ask('who', cell.kind, cell.index),
-  go: (moment) => void perform('go', false, moment, 0),
+  go: (moment) => perform('go', false, moment, 0),
   goTo: (line) => goTo(line),
   watch: (cell, isOn) => void machineWorker.ask('setWatch', cell.kind, cell.index, isOn),
 });
@@ -236,7 +243,7 @@ const output = makeConsole({
   },
 });
 function goOnBehindInput(isAnswer: boolean) {
-  if (!isAnswer || !lastTask || lastTask.back || lastTask.task === 'go') return;
+  if (!isAnswer || !lastTask || lastTask.back || lastTask.task === 'go' || lastTask.task === 'step') return;
   const isWalk = lastTask.task === 'run' && lastTask.pace > 0;
   void machineWorker.ask('task', isWalk ? 'run' : 'resume', false, 0, lastTask.pace);
 }

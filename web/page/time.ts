@@ -65,8 +65,8 @@ export function makeTime(uses: TimeUses): Time {
   };
   const acts = {
     run: () => uses.task('run', false, 0, pace()),
-    step: () => uses.task('go', false, now() + 1, 0),
-    stepBack: () => uses.task('go', false, Math.max(0, now() - 1), 0),
+    step: () => uses.task('step', false, 1, 0),
+    stepBack: () => uses.task('step', false, -1, 0),
     over: () => uses.task('over', false, 0, 0),
     out: () => uses.task('out', false, 0, 0),
     continueBack: () => uses.task('run', true, 0, 0),
@@ -90,7 +90,6 @@ export function makeTime(uses: TimeUses): Time {
   let shown: Picture | undefined;
   let isStale = false;
   let reason: Why | undefined;
-  const now = () => shown?.state.now ?? 0;
 
   function statusText(): string {
     if (!shown) return '';

@@ -14,6 +14,7 @@ let isLoaded = false;
 let view = { first: 0, rows: 32 };
 let current = 0; // the task that is worked on; a later one ends it
 let running = false;
+let aim: number | undefined; // the moment that a task is on its way to
 let shownConsole = ''; // the mark of the one that the page has
 let budget = 100 * unit;
 
@@ -79,6 +80,11 @@ async function walk(mine: number, pace: number): Promise<Why | undefined> {
 
 async function perform(task: Task, back: boolean, number: number, pace: number) {
   const mine = ++current;
+  if (task === 'step') {
+    number = Math.max(0, (aim ?? engine.state().now) + number);
+    task = 'go';
+  }
+  aim = task === 'go' ? number : undefined;
   running = true;
   if (task === 'run' && !back && pace > 0) {
     const why = await walk(mine, pace);
@@ -90,12 +96,14 @@ async function perform(task: Task, back: boolean, number: number, pace: number) 
   engine.begin(task, back, number);
   if (!(await workOn(mine, task !== 'go'))) return;
   running = false;
+  aim = undefined;
   show(engine.outcome());
 }
 
 function stop() {
   ++current;
   running = false;
+  aim = undefined;
 }
 
 const answers: { [Q in Question]: (...words: Parameters<Questions[Q]>) => unknown } = {
@@ -126,7 +134,8 @@ const answers: { [Q in Question]: (...words: Parameters<Questions[Q]>) => unknow
   task: (...words) => void (isLoaded && perform(...words)),
   async who(kind, index) {
     answers.pause();
-    const mine = ++current;
+    stop();
+    const mine = current;
     running = true;
     engine.beginWho(kind, index);
     const done = await workOn(mine, false);
