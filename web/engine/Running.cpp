@@ -70,6 +70,7 @@ bool Begin(const std::string& task, bool back, double number) {
     if (task == "run") debugger.BeginRun(way);
     if (task == "over") debugger.BeginOver(way);
     if (task == "out") debugger.BeginOut(way);
+    if (task == "until") debugger.BeginUntil(static_cast<int>(number), way);
     if (task == "resume") debugger.Resume();
     return true;
 }

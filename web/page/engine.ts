@@ -134,8 +134,9 @@ export interface Engine {
   dump(name: string): string;
   FS: { mkdir(path: string): void; writeFile(path: string, text: string): void; analyzePath(path: string): { exists: boolean }; unlink(path: string): void; readdir(path: string): string[] };
 }
-// "resume" goes on with a task that has stopped in front of an IN; "step" goes so many moments on or back.
-export type Task = 'go' | 'step' | 'run' | 'over' | 'out' | 'resume';
+// "resume" goes on with a task that has stopped in front of an IN; "step" goes so many moments on or back,
+// "until" to an address.
+export type Task = 'go' | 'step' | 'run' | 'over' | 'out' | 'until' | 'resume';
 
 // What is shown of the machine at a moment.
 export interface Picture {

@@ -192,7 +192,7 @@ async function performNow(task: Task, back: boolean, number: number, pace: numbe
   if (isNew && !(await load())) return refuse();
   marksChanges = !time.isDragging();
   lastTask = { task, back, pace };
-  void machineWorker.ask('task', task, back, isNew ? 1 : number, pace);
+  void machineWorker.ask('task', task, back, isNew && task === 'go' ? 1 : number, pace);
 }
 function refuse() {
   isStale = true;
@@ -209,6 +209,7 @@ const time = makeTime({
   pause: () => void machineWorker.ask('pause'),
   restart: () => inTurn(restart),
   hasErrors: () => problems.errors() > 0,
+  placeOf,
 });
 const machine = makeMachine({
   format: () => settings.format,

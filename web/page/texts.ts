@@ -44,6 +44,9 @@ const all = {
   overHint: ['CALL なら、戻るところまで進む (F10)', 'One instruction; a CALL with all that it does (F10)'],
   outHint: ['今の副プログラムから戻るところまで進む (Shift+F10)', 'On until this subroutine returns (Shift+F10)'],
   continueBackHint: ['前のブレークポイントか始まりまで戻る (Shift+Ctrl+Enter)', 'Back to the last breakpoint or the start (Shift+Ctrl+Enter)'],
+  until: ['ここまで実行', 'Run to'],
+  untilHint: ['このアドレスかラベルの命令の直前まで実行する', 'On to the instruction at this address or label'],
+  untilPlace: ['止めるアドレスかラベル', 'Address or label to run to'],
   restartHint: ['新しく始める。入力も忘れる', 'A new run, without what was typed'],
 
   // Sources

@@ -1,13 +1,14 @@
 // The controls of time: run, step, both backwards, and a slider over the whole run.
 
 import type { Picture, Task, Why } from './engine.js';
-import { h, inEachLanguage, named, region } from './dom.js';
+import { h, inEachLanguage, named, region, word } from './dom.js';
 import { t, type TextKey } from './texts.js';
 
 export interface TimeUses {
   task(task: Task, back: boolean, number: number, pace: number): void;
   pause(): void;
   restart(): void;
+  placeOf(text: string): number | undefined; // of an address or a label
   hasErrors(): boolean; // the source as it is
 }
 export interface Time {
@@ -83,9 +84,20 @@ export function makeTime(uses: TimeUses): Time {
   };
   const slider = named(h('input', { type: 'range', min: 0, max: 0, value: 0, step: 1 }), 'slider');
   slider.addEventListener('input', () => uses.task('go', false, Number(slider.value), 0));
+  const place = named(h('input', { type: 'text', size: 12, autocomplete: 'off', spellcheck: 'false' }), 'untilPlace');
+  inEachLanguage(place, () => (place.placeholder = t('untilPlace')));
+  const until = named(h('button', { type: 'submit', class: 'control' }, word('until')), 'until', 'untilHint');
+  const noPlace = h('span', { role: 'status', class: 'hint' });
+  const untilForm = h('form', { class: 'look' }, place, until, noPlace);
+  untilForm.addEventListener('submit', (event) => {
+    event.preventDefault();
+    const address = uses.placeOf(place.value.trim());
+    noPlace.textContent = address === undefined ? t('noSuchPlace') : '';
+    if (address !== undefined) uses.task('until', false, address, 0);
+  });
   const moment = h('span', { class: 'moment' });
   const status = h('p', { role: 'status', class: 'status' });
-  const element = region('time', { class: 'panel', id: 'time' }, h('div', { class: 'controls' }, ...Object.values(controls)), h('div', { class: 'line' }, slider, moment, speed), status);
+  const element = region('time', { class: 'panel', id: 'time' }, h('div', { class: 'controls' }, ...Object.values(controls)), untilForm, h('div', { class: 'line' }, slider, moment, speed), status);
 
   let shown: Picture | undefined;
   let isStale = false;
@@ -110,7 +122,7 @@ export function makeTime(uses: TimeUses): Time {
     controls.pause.disabled = !running;
     controls.run.disabled = running;
     controls.stepBack.disabled = controls.continueBack.disabled = running || past || state!.now === 0;
-    controls.step.disabled = controls.over.disabled = controls.out.disabled = running || (!past && state!.isEnd);
+    controls.step.disabled = controls.over.disabled = controls.out.disabled = until.disabled = running || (!past && state!.isEnd);
     controls.restart.disabled = !shown;
     slider.disabled = past || state!.latest === 0;
     if (state) {

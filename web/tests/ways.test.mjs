@@ -60,7 +60,7 @@ way('what is sound but hardly meant draws a note', {}, async ({ write, waits, pa
   await page.waitForFunction(() => document.querySelector('#problems details pre').textContent.includes('LAD GR1,5'));
 });
 
-way('steps go on and back, over a loop, however fast they are asked for', { delay: 200 }, async ({ write, waits, press, register, moment }) => {
+way('steps go on and back, over a loop, however fast they are asked for', { delay: 200 }, async ({ write, waits, press, register, moment, page }) => {
   await write(loop);
   for (let n = 1; n <= 3; ++n) await press('Step');
   await waits('Time', 'Moment 3 of 3');
@@ -69,6 +69,8 @@ way('steps go on and back, over a loop, however fast they are asked for', { dela
   await press('Step back');
   await waits('Time', 'Moment 1 of 3');
   assert.equal(await register('GR1'), '0000');
+  await page.type('input[aria-label="Address or label to run to"]', 'loop\n');
+  await waits('Time', 'Moment 2 of');
   await press('Run');
   await waits('Time', 'has ended');
   assert.equal(await register('GR1'), '0005');
