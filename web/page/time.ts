@@ -97,7 +97,7 @@ export function makeTime(uses: TimeUses): Time {
   });
   const moment = h('span', { class: 'moment' });
   const status = h('p', { role: 'status', class: 'status' });
-  const element = region('time', { class: 'panel', id: 'time' }, h('div', { class: 'controls' }, ...Object.values(controls)), untilForm, h('div', { class: 'line' }, slider, moment, speed), status);
+  const element = region('time', { class: 'panel', id: 'time' }, h('div', { class: 'controls' }, ...Object.values(controls)), h('div', { class: 'line' }, slider, moment, speed), untilForm, status);
 
   let shown: Picture | undefined;
   let isStale = false;
