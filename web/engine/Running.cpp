@@ -20,8 +20,8 @@ using debugger::Moment;
 using debugger::Way;
 using debugger::Why;
 
-// Checkpoints of half a megabyte each: a page shares the memory of its browser.
-constexpr std::size_t MostCheckpoints = 48;
+// Checkpoints of half a megabyte each.
+constexpr std::size_t MostCheckpoints = 96;
 constexpr std::size_t MostEntries = 2000; // of the console, the latest
 constexpr int MostStackWords = 200;
 
