@@ -3,8 +3,8 @@
 
 #include "hints/Hints.h"
 
-#include "hints/Code.h"
 #include "hints/HintMsgs.h"
+#include "hints/Program.h"
 #include "image/Codes.h"
 #include "machine/Tcomet2.h"
 #include "messages/TMsgBase.h"

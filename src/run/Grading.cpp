@@ -1,5 +1,6 @@
 #include "run/Grading.h"
 
+#include "image/Codes.h"
 #include "image/LinkedImage.h"
 #include "machine/Tcomet2.h"
 #include "platform/Console.h"
@@ -178,8 +179,8 @@ Verdict GradeCase(Grader& grader, const Case& aCase) {
     Conduct conduct;
     const auto watch = [&](const Step& step) {
         const int code = (step.word >> 8) & 0xFF;
-        if (code == 0x80) WatchCall(conduct, step);
-        if (code == 0x81) WatchReturn(conduct, kept);
+        if (code == image::Call) WatchCall(conduct, step);
+        if (code == image::Ret) WatchReturn(conduct, kept);
         if (looked >= 0 && ReadsMemory(code)) WatchLook(conduct, image, step, looked);
     };
 

@@ -1,4 +1,4 @@
-#include "hints/Code.h"
+#include "hints/Program.h"
 
 #include "image/Codes.h"
 #include "image/Disassembly.h"
