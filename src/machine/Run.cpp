@@ -257,8 +257,16 @@ Stop Tcomet2::Execute(std::int64_t instructions, [[maybe_unused]] const Watched&
 // clang-format off
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wpedantic" // labels as values
-    // Where each code's operation stands: each jumps to the next one itself, so that the processor can tell their
-    // successors apart.
+// How an operation is reached. WebAssembly has no jump to an address from a table, and takes a switch. Elsewhere each
+// operation jumps to the next one itself, so that the processor can tell their successors apart.
+#ifdef __wasm__
+#define OPERATION(code) case 0x##code
+#define UNKNOWN_OPERATION default
+#define TO_OPERATION() goto operation
+#else
+#define OPERATION(code) op_##code
+#define UNKNOWN_OPERATION op_unknown
+#define TO_OPERATION() goto* operations[static_cast<std::uint8_t>(w >> 8)]
 #define L(code) &&op_##code
 #define ____ &&op_unknown
     static const void* const operations[256] = {
@@ -281,6 +289,7 @@ Stop Tcomet2::Execute(std::int64_t instructions, [[maybe_unused]] const Watched&
     };
 #undef L
 #undef ____
+#endif
 
 // The turn from the instruction before to the operation of the next one.
 #define TURN()                                                                                                         \
@@ -291,7 +300,7 @@ Stop Tcomet2::Execute(std::int64_t instructions, [[maybe_unused]] const Watched&
             if (instructions-- == 0) STOP(Stop::LimitReached);                                                         \
         w = Memory[pr];                                                                                                \
         if (pr >= signals::LoopLimit.load(std::memory_order_relaxed)) [[unlikely]] goto beyond;                        \
-        goto* operations[static_cast<std::uint8_t>(w >> 8)];                                                           \
+        TO_OPERATION();                                                                                                \
     } while (false)
 #define STOP(reason)                                                                                                   \
     do {                                                                                                               \
@@ -300,8 +309,9 @@ Stop Tcomet2::Execute(std::int64_t instructions, [[maybe_unused]] const Watched&
     } while (false)
 
 // How an operation begins: its nibbles, which must be below 8 where they name a register, and its count.
-#define ONE_WORD(code, nibbles)                                                                                        \
-    op_##code:                                                                                                         \
+#define ONE_WORD(code, nibbles) BEGIN(OPERATION(code), nibbles)
+#define BEGIN(operation, nibbles)                                                                                      \
+    operation:                                                                                                         \
         if ((w & (nibbles)) != 0) [[unlikely]] goto badRegister;                                                       \
         RunCount[pr] = static_cast<int>(static_cast<unsigned>(RunCount[pr]) + 1U);                                     \
         r = static_cast<unsigned>(w >> 4) & 7U;                                                                        \
@@ -334,6 +344,10 @@ Stop Tcomet2::Execute(std::int64_t instructions, [[maybe_unused]] const Watched&
 again:
     signals::SetLoopLimit(limit);
     TURN();
+#ifdef __wasm__
+operation:
+    switch (static_cast<std::uint8_t>(w >> 8)) {
+#endif
     ONE_WORD(00, 0) // NOP
         if (w != 0) STOP(Stop::NotANop);
         NEXT(1);
@@ -472,10 +486,17 @@ again:
         if (stop == Stop::InputWanted) goto wanting;
         if (stop != Stop::None) goto out;
         NEXT(2);
-    ONE_WORD(unknown, NibbleR | NibbleX)
+    BEGIN(UNKNOWN_OPERATION, NibbleR | NibbleX)
         STOP(Stop::UnknownCode);
+#ifdef __wasm__
+    }
+#endif
+#undef OPERATION
+#undef UNKNOWN_OPERATION
+#undef TO_OPERATION
 #undef TURN
 #undef STOP
+#undef BEGIN
 #undef ONE_WORD
 #undef TWO_WORDS
 #undef EFFECTIVE_ADDRESS
