@@ -54,20 +54,23 @@ val Line(const image::LinkedImage& image, int line) {
     return row;
 }
 
-// Faults while typing, and what stands beside a sound source.
+// Faults while typing.
 val Check(const std::string& source, const std::string& pipeline, int language) {
     val result = val::object();
     const bool good = Assemble(source, pipeline, language);
     result.set("good", good);
     result.set("diagnostics", Diagnostics(good));
-    val lines = val::array();
-    if (good) {
-        const image::LinkedImage image;
-        for (int line = 0; line < image.LineCount(); ++line)
-            lines.call<void>("push", Line(image, line));
-    }
-    result.set("lines", lines);
     return result;
+}
+
+// What stands beside the lines of a sound source, nothing for any other.
+val Lines(const std::string& source, const std::string& pipeline, int language) {
+    val lines = val::array();
+    if (!Assemble(source, pipeline, language)) return lines;
+    const image::LinkedImage image;
+    for (int line = 0; line < image.LineCount(); ++line)
+        lines.call<void>("push", Line(image, line));
+    return lines;
 }
 
 // In the language: 0 Japanese, 1 English.
@@ -192,6 +195,7 @@ val Diagnostics(bool good) {
 
 EMSCRIPTEN_BINDINGS(checking) {
     emscripten::function("check", &Check);
+    emscripten::function("lines", &Lines);
     emscripten::function("explanation", &ExplanationText);
     emscripten::function("opcodes", &Opcodes);
     emscripten::function("decode", &Decode);

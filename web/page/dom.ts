@@ -49,20 +49,34 @@ export function region(key: TextKey, attributes: Attributes, ...children: Child[
 // Makes the children those of new ones by changing what differs in them, so that focus, reading place and a click that
 // has begun stay. Who listens to a child does so at the parent, since the old ones stay.
 export function update(parent: Element, children: Node[]) {
-  children.forEach((fresh, i) => {
-    const old = parent.childNodes[i];
-    if (!old) parent.append(fresh);
-    else if (old.nodeName !== fresh.nodeName) old.replaceWith(fresh);
-    else if (old instanceof Element && fresh instanceof Element) updateElement(old, fresh);
-    else if (old.nodeValue !== fresh.nodeValue) old.nodeValue = fresh.nodeValue;
-  });
+  children.forEach((fresh, i) => updateChild(parent, i, fresh));
   while (parent.childNodes.length > children.length) parent.lastChild!.remove();
 }
+function updateChild(parent: Element, i: number, fresh: Node) {
+  const old = parent.childNodes[i];
+  if (!old) parent.append(fresh);
+  else if (old.nodeName !== fresh.nodeName) old.replaceWith(fresh);
+  else if (old instanceof Element && fresh instanceof Element) updateElement(old, fresh);
+  else if (old.nodeValue !== fresh.nodeValue) old.nodeValue = fresh.nodeValue;
+}
 function updateElement(old: Element, fresh: Element) {
-  if (old.outerHTML === fresh.outerHTML) return;
   for (const name of old.getAttributeNames()) if (!fresh.hasAttribute(name)) old.removeAttribute(name);
   for (const name of fresh.getAttributeNames()) if (old.getAttribute(name) !== fresh.getAttribute(name)) old.setAttribute(name, fresh.getAttribute(name)!);
   update(old, [...fresh.childNodes]);
+}
+
+// The same for many rows, each of which shows its plain data and nothing else: one whose data are as before is not even
+// made.
+const shownData = new WeakMap<Node, string>();
+export function updateRows<Data>(parent: Element, rows: Data[], make: (row: Data) => HTMLElement) {
+  rows.forEach((row, i) => {
+    const data = JSON.stringify(row);
+    const old = parent.childNodes[i];
+    if (old && shownData.get(old) === data) return;
+    updateChild(parent, i, make(row));
+    shownData.set(parent.childNodes[i]!, data);
+  });
+  while (parent.childNodes.length > rows.length) parent.lastChild!.remove();
 }
 
 export function dialog(key: TextKey, ...children: Child[]): HTMLDialogElement {

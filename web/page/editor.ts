@@ -123,7 +123,8 @@ export interface Editor {
   breakpoints(): number[]; // lines
   open(id: string, text: string): void; // with the history that this text had before
   replace(text: string): void;
-  showChecked(diagnostics: Diagnostic[], lines: LineInfo[]): void;
+  showFaults(diagnostics: Diagnostic[]): void;
+  showLines(lines: LineInfo[]): void;
   showRun(line: number, counts: number[]): void;
   goTo(line: number): void;
   reveal(line: number): void; // without taking the focus
@@ -224,7 +225,7 @@ export function makeEditor(parent: Element, uses: EditorUses): Editor {
     replace(text) {
       view.dispatch({ changes: { from: 0, to: view.state.doc.length, insert: text } });
     },
-    showChecked(diagnostics, lines) {
+    showFaults(diagnostics) {
       const marks = diagnostics
         .filter((each) => each.line >= 0)
         .map((each): Mark => {
@@ -233,8 +234,9 @@ export function makeEditor(parent: Element, uses: EditorUses): Editor {
           const from = line.from + Math.min(blank, line.text.trimEnd().length);
           return { from, to: Math.max(from, line.from + line.text.trimEnd().length), severity: severities[each.severity] ?? 'info', message: each.lines.join('\n') };
         });
-      view.dispatch(setDiagnostics(view.state, marks), { effects: lineInfos.effect.of(lines) });
+      view.dispatch(setDiagnostics(view.state, marks));
     },
+    showLines: (lines) => view.dispatch({ effects: lineInfos.effect.of(lines) }),
     showRun(line, counts) {
       view.dispatch({ effects: [setCurrent.of(line), runCounts.effect.of(counts)] });
     },

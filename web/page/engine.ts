@@ -20,7 +20,6 @@ export interface LineInfo {
 export interface Checked {
   good: boolean;
   diagnostics: Diagnostic[];
-  lines: LineInfo[]; // of a sound source
 }
 export interface Decoded {
   text: string;
@@ -109,12 +108,13 @@ export interface Word {
 // The module that emscripten makes.
 export interface Engine {
   check(source: string, pipeline: string, language: Language): Checked;
+  lines(source: string, pipeline: string, language: Language): LineInfo[];
   explanation(index: number, language: Language): string;
   opcodes(): Opcode[];
   decode(bytes: Uint8Array): Decoded;
   encodeShiftJis(text: string): Encoded;
   grade(source: string, pipeline: string, language: Language, folder: string): boolean;
-  load(source: string, pipeline: string, language: Language): { good: boolean; diagnostics: Diagnostic[] };
+  load(source: string, pipeline: string, language: Language): Checked;
   begin(task: Exclude<Task, 'step'>, back: boolean, number: number): boolean;
   beginWho(kind: CellKind, index: number): boolean;
   work(budget: number): boolean;
@@ -151,11 +151,12 @@ export interface Picture {
 // What a worker can be asked, with what it answers. Tasks answer by pictures.
 export interface Questions {
   check(source: string, pipeline: Pipeline, language: Language): Checked;
+  lines(source: string, pipeline: Pipeline, language: Language): LineInfo[]; // none of a source with errors
   explanation(index: number, language: Language): string;
   decode(bytes: Uint8Array): Decoded;
   encodeShiftJis(text: string): Encoded;
   grade(source: string, pipeline: Pipeline, language: Language, name: string, cases: CaseFile[]): Graded;
-  load(source: string, pipeline: Pipeline, language: Language): { good: boolean; diagnostics: Diagnostic[] };
+  load(source: string, pipeline: Pipeline, language: Language): Checked;
   unload(): void; // no picture comes behind its answer
   task(task: Task, back: boolean, number: number, pace: number): void; // instructions a second, 0: at full speed
   who(kind: CellKind, index: number): Outcome;

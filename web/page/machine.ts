@@ -1,7 +1,7 @@
 // Registers, memory and stack, and what is told of one of their cells.
 
 import type { Cell, MemoryRow, Outcome, Picture, State, Word } from './engine.js';
-import { button, dialog, h, inEachLanguage, named, region, update, word } from './dom.js';
+import { button, dialog, h, inEachLanguage, named, region, update, updateRows, word } from './dom.js';
 import { formats, formatted, hex, type Format } from './numbers.js';
 import { t } from './texts.js';
 
@@ -107,10 +107,8 @@ export function makeMachine(uses: MachineUses): Machine {
     uses.watch(cell, isOn);
     show();
   }
-  function cellButton(cell: Cell, text: string, isChanged = false) {
-    const style = 'cell' + (isChanged ? ' changed' : '') + (isWatched(cell) ? ' watched' : '');
-    return h('button', { type: 'button', class: style, 'data-cell': nameOf(cell) }, text);
-  }
+  const styleOf = (cell: Cell, isChanged: boolean) => 'cell' + (isChanged ? ' changed' : '') + (isWatched(cell) ? ' watched' : '');
+  const cellButton = (name: string, style: string, text: string) => h('button', { type: 'button', class: style, 'data-cell': name }, text);
   const dataOf = (target: EventTarget | null, key: string) => (target instanceof HTMLElement ? target.closest<HTMLElement>(`[data-${key}]`)?.dataset[key] : undefined);
   function cellPressed(event: Event) {
     const name = dataOf(event.target, 'cell');
@@ -119,7 +117,9 @@ export function makeMachine(uses: MachineUses): Machine {
   const changed = (cell: Cell) => marks && before !== undefined && shown !== undefined && valueOf(before.state, cell) !== valueOf(shown.state, cell);
 
   // --- Registers
-  const table = h('table', { class: 'registers' });
+  const titles = inEachLanguage(h('tr'), (row) => update(row, [h('th', { scope: 'col' }, t('register')), ...formats.map((format) => h('th', { scope: 'col', class: format }, t(format)))]));
+  const registerRows = h('tbody');
+  const table = h('table', { class: 'registers' }, h('thead', {}, titles), registerRows);
   const others = h('div', { class: 'others' });
   const watchList = h('ul', { class: 'watches' });
   const nothing = h('p', { class: 'hint' }, word('notLoaded'));
@@ -130,19 +130,20 @@ export function makeMachine(uses: MachineUses): Machine {
     if (name) setWatch(cellOf(name), false);
   });
 
-  function registerRow(index: number, value: number) {
+  function registerData(index: number, value: number) {
     const cell: Cell = { kind: 'GR', index };
+    return { name: nameOf(cell), value, style: styleOf(cell, false), changed: changed(cell) };
+  }
+  function registerRow({ name, value, style, changed }: ReturnType<typeof registerData>) {
     const columns = formats.map((format) => h('td', { class: format }, formatted(value, format)));
-    return h('tr', { class: changed(cell) ? 'changed' : '' }, h('th', { scope: 'row' }, cellButton(cell, nameOf(cell))), ...columns);
+    return h('tr', { class: changed ? 'changed' : '' }, h('th', { scope: 'row' }, cellButton(name, style, name)), ...columns);
   }
   function showRegisters(state: State) {
-    const titles = formats.map((format) => h('th', { scope: 'col', class: format }, t(format)));
-    const head = h('thead', {}, h('tr', {}, h('th', { scope: 'col' }, t('register')), ...titles));
-    update(table, [head, h('tbody', {}, ...state.gr.map((value, index) => registerRow(index, value)))]);
+    updateRows(registerRows, state.gr.map((value, index) => registerData(index, value)), registerRow);
     const pr = h('span', { class: marks && before?.state.pr !== state.pr ? 'fact changed' : 'fact' }, h('b', {}, 'PR'), ' ' + hex(state.pr));
-    const flag = (kind: 'OF' | 'SF' | 'ZF') => cellButton({ kind, index: 0 }, kind + ' ' + valueOf(state, { kind, index: 0 }), changed({ kind, index: 0 }));
-    const sp = cellButton({ kind: 'SP', index: 0 }, 'SP ' + hex(state.sp), changed({ kind: 'SP', index: 0 }));
-    update(others, [pr, sp, h('span', { class: 'fact' }, h('b', {}, t('flags'))), flag('OF'), flag('SF'), flag('ZF')]);
+    const other = (kind: 'SP' | 'OF' | 'SF' | 'ZF', text: string) => cellButton(kind, styleOf({ kind, index: 0 }, changed({ kind, index: 0 })), kind + ' ' + text);
+    const flags = [other('OF', String(state.of)), other('SF', String(state.sf)), other('ZF', String(state.zf))];
+    update(others, [pr, other('SP', hex(state.sp)), h('span', { class: 'fact' }, h('b', {}, t('flags'))), ...flags]);
     const items = watched.map((cell) => {
       const remove = h('button', { type: 'button', class: 'quiet', 'aria-label': t('remove') + ' ' + nameOf(cell), 'data-watched': nameOf(cell) }, '✕');
       return h('li', {}, t('watching', nameOf(cell)), ' ', remove);
@@ -185,31 +186,36 @@ export function makeMachine(uses: MachineUses): Machine {
     event.preventDefault();
     cells[Math.max(0, Math.min(at + step, cells.length - 1))]?.focus();
   });
-  function memoryRow(each: MemoryRow, old: Map<number, number>, pr: number) {
+  function memoryData(each: MemoryRow, old: Map<number, number>, pr: number) {
     const cells = each.words.map((value, i) => {
-      const address = each.address + i;
-      const was = old.get(address);
-      const cell = cellButton({ kind: 'word', index: address }, formatted(value, uses.format()), marks && was !== undefined && was !== value);
-      cell.classList.toggle('next', address === pr);
-      return cell;
+      const cell: Cell = { kind: 'word', index: each.address + i };
+      const was = old.get(cell.index);
+      const style = styleOf(cell, marks && was !== undefined && was !== value) + (cell.index === pr ? ' next' : '');
+      return { name: nameOf(cell), style, text: formatted(value, uses.format()) };
     });
-    const isHere = each.words.some((_, i) => each.address + i === pr);
+    const isHere = each.address <= pr && pr < each.address + each.words.length;
+    return { address: hex(each.address), cells, label: each.label ?? '', code: each.text ?? '', style: isHere ? 'mrow here' : 'mrow' };
+  }
+  function memoryRow({ address, cells, label, code, style }: ReturnType<typeof memoryData>) {
     return h(
       'div',
-      { class: isHere ? 'mrow here' : 'mrow' },
-      h('span', { class: 'address' }, hex(each.address)),
-      h('span', { class: 'words' }, ...cells),
-      h('span', { class: 'label' }, each.label ?? ''),
-      h('span', { class: 'code' }, each.text ?? ''),
+      { class: style },
+      h('span', { class: 'address' }, address),
+      h('span', { class: 'words' }, ...cells.map((cell) => cellButton(cell.name, cell.style, cell.text))),
+      h('span', { class: 'label' }, label),
+      h('span', { class: 'code' }, code),
     );
   }
   function showMemory(picture: Picture) {
     const old = new Map((before?.memory ?? []).flatMap((each) => each.words.map((value, i) => [each.address + i, value] as const)));
     const focused = document.activeElement instanceof HTMLElement ? document.activeElement.dataset['cell'] : undefined;
-    update(rows, picture.memory.map((each) => memoryRow(each, old, picture.state.pr)));
+    updateRows(rows, picture.memory.map((each) => memoryData(each, old, picture.state.pr)), memoryRow);
     const cells = [...rows.querySelectorAll<HTMLButtonElement>('button')];
     const again = cells.find((each) => each.dataset['cell'] === focused) ?? cells.find((each) => each === document.activeElement) ?? cells[0];
-    for (const each of cells) each.tabIndex = each === again ? 0 : -1;
+    for (const each of cells) {
+      const order = each === again ? '0' : '-1';
+      if (each.getAttribute('tabindex') !== order) each.setAttribute('tabindex', order);
+    }
     if (focused?.startsWith('#') && document.activeElement !== again) again?.focus();
   }
 

@@ -4,7 +4,7 @@ import { compiledEngine, startWorker, type Client } from './client.js';
 import { makeConsole } from './console.js';
 import { button, dialog, h, inEachLanguage, languageChanged, named, region, word } from './dom.js';
 import { makeEditor } from './editor.js';
-import { pipelines, type Checked, type ConsoleEntry, type Picture, type Task } from './engine.js';
+import { pipelines, type ConsoleEntry, type LineInfo, type Picture, type Task } from './engine.js';
 import { library, type Exercise } from './library.js';
 import { makeMachine, rowsShown } from './machine.js';
 import { formats, hex, type Format } from './numbers.js';
@@ -21,7 +21,7 @@ setLanguage(settings.language);
 
 let checker: Client;
 let machineWorker: Client;
-let checked: Checked | undefined; // of the text as it is
+let lines: LineInfo[] = []; // of the text as it is, if it is sound
 let isLoaded = false; // a program stands in the machine
 let isStale = false; // it is not that of the text as it is
 let edition = 0; // of the text
@@ -58,21 +58,25 @@ async function check() {
   isChecking = true;
   while (isCheckWanted) {
     isCheckWanted = false;
-    const found = await checker.ask('check', editor.text(), settings.pipeline, settings.language);
+    const text = [editor.text(), settings.pipeline, settings.language] as const;
+    const { good, diagnostics } = await checker.ask('check', ...text);
     if (isCheckWanted) continue;
-    checked = found;
-    editor.showChecked(found.diagnostics, found.lines);
-    problems.show(found.diagnostics);
+    editor.showFaults(diagnostics);
+    problems.show(diagnostics);
     document.documentElement.dataset['checked'] = String(performance.now());
-    if (found.good) loadSoon();
+    if (good) loadSoon();
     showTime();
+    const found = good ? await checker.ask('lines', ...text) : [];
+    if (isCheckWanted) continue;
+    lines = found;
+    editor.showLines(lines);
   }
   isChecking = false;
 }
 
 function textChanged() {
   ++edition;
-  checked = undefined;
+  lines = [];
   clearTimeout(saving);
   saving = setTimeout(keepAll, 400);
   void check();
@@ -95,7 +99,6 @@ const editor = makeEditor(h('div', { class: 'editor' }), {
 
 // The first and the last line of the program that a line belongs to.
 function programOf(line: number): [number, number] {
-  const lines = checked?.lines ?? [];
   let first = line;
   while (first > 0 && !lines[first - 1]?.ends) --first;
   let last = line;
@@ -103,7 +106,6 @@ function programOf(line: number): [number, number] {
   return [first, last];
 }
 function lineOfLabel(name: string, near: number): number {
-  const lines = checked?.lines ?? [];
   const [first, last] = programOf(near);
   const inside = lines.findIndex((each, i) => i >= first && i <= last && each.label === name);
   return inside >= 0 ? inside : lines.findIndex((each) => each.label === name);
@@ -111,7 +113,7 @@ function lineOfLabel(name: string, near: number): number {
 async function meaningOf(name: string, line: number): Promise<string | undefined> {
   const opcode = library.opcodes.find((each) => each.word === name);
   if (opcode) return opcode.explanation >= 0 ? checker.ask('explanation', opcode.explanation, settings.language) : undefined;
-  const info = checked?.lines[lineOfLabel(name, line)];
+  const info = lines[lineOfLabel(name, line)];
   if (!info) return undefined;
   const place = t('labelHover', name, hex(info.address), info.address);
   if (!isLoaded || isStale) return place;
@@ -133,7 +135,7 @@ function placeOf(text: string): number | undefined {
   if (/^[0-9]{1,5}$/.test(text)) return Number(text) <= 0xffff ? Number(text) : undefined;
   const name = text.toUpperCase();
   if (['PR', 'SP'].includes(name) && picture) return name === 'PR' ? picture.state.pr : picture.state.sp;
-  return checked?.lines[lineOfLabel(name, Math.max(picture?.state.line ?? 0, 0))]?.address;
+  return lines[lineOfLabel(name, Math.max(picture?.state.line ?? 0, 0))]?.address;
 }
 
 const problems = makeProblems({

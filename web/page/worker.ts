@@ -5,7 +5,7 @@ import createEngine from '../../build-web/wasm/web/engine/engine.js';
 import type { Engine, FromWorker, Outcome, Question, Questions, Task, ToWorker, Why } from './engine.js';
 
 const sliceTime = 20; // ms
-const pictureTime = 80;
+const pictureTime = 100;
 const unit = 1000; // instructions of the least budget
 
 let engine: Engine;
@@ -108,6 +108,7 @@ function stop() {
 
 const answers: { [Q in Question]: (...words: Parameters<Questions[Q]>) => unknown } = {
   check: (...words) => engine.check(...words),
+  lines: (...words) => engine.lines(...words),
   explanation: (...words) => engine.explanation(...words),
   decode: (bytes) => engine.decode(bytes),
   encodeShiftJis: (text) => engine.encodeShiftJis(text),
