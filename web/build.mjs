@@ -16,6 +16,8 @@ const root = join(here, '..');
 const engine = join(root, 'build-web/wasm/web/engine/engine');
 const read = (...path) => readFileSync(join(root, ...path), 'utf8');
 const languages = ['ja', 'en'];
+// A line's end between two Japanese characters is no blank.
+const joined = (text) => text.replace(/([^\x00-\x7f])\n(?=[^\x00-\x7f])/g, '$1');
 
 // --- What the repository holds
 
@@ -29,7 +31,7 @@ function exercise(id) {
   return {
     id,
     titles: tasks.map(titleOf),
-    tasks: tasks.map((text) => marked.parse(taskOf(text))),
+    tasks: tasks.map((text) => marked.parse(joined(taskOf(text)))),
     start: read('examples/exercises', id, 'start.txt'),
     cases: files.map((name) => ({ name, text: read('examples/exercises', id, name) })),
   };

@@ -46,7 +46,7 @@ const all = {
   continueBackHint: ['前のブレークポイントか始まりまで戻る (Shift+Ctrl+Enter)', 'Back to the last breakpoint or the start (Shift+Ctrl+Enter)'],
   until: ['ここまで実行', 'Run to'],
   untilHint: ['このアドレスかラベルの命令の直前まで実行する', 'On to the instruction at this address or label'],
-  untilPlace: ['止めるアドレスかラベル', 'Address or label to run to'],
+  untilPlace: ['アドレスかラベル', 'Address or label'],
   restartHint: ['新しく始める。入力も忘れる', 'A new run, without what was typed'],
 
   // Sources

@@ -69,7 +69,7 @@ way('steps go on and back, over a loop, however fast they are asked for', { dela
   await press('Step back');
   await waits('Time', 'Moment 1 of 3');
   assert.equal(await register('GR1'), '0000');
-  await page.type('input[aria-label="Address or label to run to"]', 'loop\n');
+  await page.type('input[aria-label="Address or label"]', 'loop\n');
   await waits('Time', 'Moment 2 of');
   await press('Run');
   await waits('Time', 'has ended');
