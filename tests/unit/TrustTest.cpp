@@ -9,11 +9,16 @@
 #include "platform/Descriptor.h"
 #include "platform/FileWriter.h"
 #include "platform/Files.h"
+#include "platform/SettingsFile.h"
 #include "records/Records.h"
 
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#ifdef __linux__
+#include <sched.h>
+#include <sys/mount.h>
+#endif
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -63,6 +68,24 @@ TEST_F(Trust, AFileIsReplacedWhenTheNewOneIsWhole) {
     EXPECT_TRUE(fs::is_symlink("link"));
     EXPECT_EQ(Things(), 4) << "left over";
 }
+
+#ifdef __linux__
+TEST_F(Trust, SettingsThatCannotBeReplacedAreWrittenOver) {
+    WriteFile("ini", "old and long");
+    const pid_t child = fork();
+    if (child == 0) { // nothing may be put in the place of a file on which something is mounted
+        const bool isMounted = (unshare(CLONE_NEWNS) == 0 || unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0) &&
+                               mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+                               mount("ini", "ini", nullptr, MS_BIND, nullptr) == 0;
+        const bool isWritten = isMounted && platform::WriteSettings("ini", "new", "old and long");
+        _exit(!isMounted ? 2 : isWritten && ReadFile("ini") == "new" && Things() == 1 ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (WIFEXITED(status) && WEXITSTATUS(status) == 2) GTEST_SKIP() << "nothing can be mounted here";
+    EXPECT_EQ(status, 0);
+}
+#endif
 
 TEST_F(Trust, WhatCannotBeStartedIsTold) {
     const std::string tooLong(1 << 21, 'x'); // for the system
