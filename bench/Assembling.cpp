@@ -40,7 +40,7 @@ public:
             b->AddLine<char16_t>(line);
         }
     }
-    void Run() { good = RunStages(game) && RunLink(game) == 0; }
+    void Run() { good = RunStages(game) && RunLink(game); }
     double Measure() {
         return bench::LeastSeconds(
             5, [this] { Prepare(); }, [this] { Run(); });

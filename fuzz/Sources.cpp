@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     TMsgBase sums;
     BeginAssembly(sums, *modeFlags->Pipe, modeFlags->Lang);
     if (ReadSourceBytes("source.txt", &bytes) != 0) return 0;
-    const bool good = RunStages(sums) && RunLink(sums) == 0;
+    const bool good = RunStages(sums) && RunLink(sums);
     TOLVANE_MUST(good == (sums.ErrorKazu == 0)); // who is refused is told why
     for (const MsgRec& record : store->Records)
         TOLVANE_MUST(!record.Lines().empty());

@@ -90,7 +90,7 @@ Assembly Assemble(const std::vector<std::string>& lines, const Pipeline& pipelin
     BeginAssembly(game, pipeline, language);
     for (const std::string& line : lines)
         AddLine(line, pipeline);
-    result.good = RunStages(game) && RunLink(game) >= 0;
+    result.good = RunStages(game) && RunLink(game);
     if (result.good) {
         result.words.assign(comet2->Memory.begin(), comet2->Memory.begin() + comet2->ReservedWords);
         result.addresses = pipeline.text == TextKind::Wide ? Addresses<char16_t>() : Addresses<char>();

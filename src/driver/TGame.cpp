@@ -144,10 +144,10 @@ bool TGame::AssembleLinkRun() {
     timer->SetAssembleEndTime();
     DspWarningKazu();
 
-    const int linked = RunLink(*this);
+    const bool linked = RunLink(*this);
     timer->SetLinkEnd();
     timer->DspLinkTime();
-    if (linked < 0) return true;
+    if (!linked) return true;
 
     Say(DriverMsg.Assembled);
     Say(toldAssembledDump ? DriverMsg.AssembledDump : DriverMsg.FirstAssembledDump, {AssembledDumpName});

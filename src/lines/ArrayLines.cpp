@@ -50,18 +50,18 @@ bool IsInnerOp(const Opcode* op) {
 }
 
 // The first word that is too long to be an opcode.
-int CkOpLength(const PrgDataA& program) {
+bool CkOpLength(const PrgDataA& program) {
     const int limit = modeFlags->Pipe->limits.opLength;
     for (int line = program.StartLine; line <= program.EndLine; ++line) {
         const ViewA op = LineAt<char>(line).strOp;
         if (op.size() <= static_cast<std::size_t>(limit)) continue;
         cs->Error(line, LinesMsg.OpTooLong, {op, limit});
-        return 1;
+        return false;
     }
-    return 0;
+    return true;
 }
 
-int CkOpWords(const PrgDataA& program) {
+bool CkOpWords(const PrgDataA& program) {
     const int before = cs->ErrorKazu;
     for (int line = program.StartLine + 1; line < program.EndLine; ++line) {
         const SrcDataA& src = LineAt<char>(line);
@@ -69,11 +69,11 @@ int CkOpWords(const PrgDataA& program) {
         ExplainUnknownOp<char>(line);
         if (cs->ErrorKazu - before > MostOpErrors) break;
     }
-    return cs->ErrorKazu > before ? 1 : 0;
+    return cs->ErrorKazu == before;
 }
 
 // From the first DC or DS on there is nothing else up to END.
-int CkPlaceOfDcDs(const PrgDataA& program) {
+bool CkPlaceOfDcDs(const PrgDataA& program) {
     bool found = false;
     for (int line = program.StartLine + 1; line < program.EndLine; ++line) {
         const SrcDataA& src = LineAt<char>(line);
@@ -82,10 +82,10 @@ int CkPlaceOfDcDs(const PrgDataA& program) {
             found = true;
         } else if (found) {
             cs->Error(line, LinesMsg.DcDsNotAtEnd);
-            return 1;
+            return false;
         }
     }
-    return 0;
+    return true;
 }
 
 } // namespace
@@ -97,11 +97,10 @@ void editN() {
     po->Error(NoLine, LinesMsg.EmptySource);
 }
 
-int op30(int prg) {
+bool op30(int prg) {
     SplitFields<char>(prg);
     const PrgDataA& program = PrgAt<char>(prg);
-    if (CkOpLength(program) != 0 || CkOpWords(program) != 0) return 1;
-    return CkPlaceOfDcDs(program);
+    return CkOpLength(program) && CkOpWords(program) && CkPlaceOfDcDs(program);
 }
 
 } // namespace tolvane

@@ -7,7 +7,7 @@ namespace tolvane {
 // label, opcode and operands stand one space apart. An Error when the file has no line with text.
 void editN();
 // Splits the fields of a program's lines, looks up every opcode word, EXIT included, and keeps DC and DS behind the
-// instructions. 0, or 1 after any Error.
-int op30(int prg);
+// instructions. False after any Error.
+bool op30(int prg);
 
 } // namespace tolvane

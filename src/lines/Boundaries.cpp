@@ -35,27 +35,27 @@ template <class Ch> bool BeginsWithBlank(int line) {
 }
 
 // START and END must pair up, in number and in order.
-template <class Ch> int CkPairs(const std::vector<int>& starts, const std::vector<int>& ends) {
+template <class Ch> bool CkPairs(const std::vector<int>& starts, const std::vector<int>& ends) {
     if (starts.size() > ends.size()) {
         po->Error(NoLine, LinesMsg.MoreStarts, {Utf8Arg{po->LastAssembledSrcFilePath}, starts.size(), ends.size()});
         CkEnd_LR<Ch>();
-        return -4;
+        return false;
     }
     if (starts.size() < ends.size()) {
         po->Error(NoLine, LinesMsg.MoreEnds, {Utf8Arg{po->LastAssembledSrcFilePath}, starts.size(), ends.size()});
-        return -5;
+        return false;
     }
     for (std::size_t k = 0; k < starts.size(); ++k)
         if (starts[k] >= ends[k]) {
             po->Error(ends[k], LinesMsg.EndBeforeItsStart);
-            return -6;
+            return false;
         }
     for (std::size_t k = 0; k + 1 < starts.size(); ++k)
         if (starts[k + 1] < ends[k]) {
             po->Error(ends[k], LinesMsg.NextStartBeforeEnd);
-            return -7;
+            return false;
         }
-    return 0;
+    return true;
 }
 
 // Warns of the first program that holds no RET.
@@ -122,7 +122,7 @@ template <class Ch> void StartEnd20() {
     const bool tooMany = starts.size() > MaxPrgKazu;
     if (tooMany) po->Error(NoLine, LinesMsg.TooManyStarts);
     if (ends.size() > MaxPrgKazu) po->Error(NoLine, LinesMsg.TooManyEnds);
-    if (CkPairs<Ch>(starts, ends) != 0) return;
+    if (!CkPairs<Ch>(starts, ends)) return;
     if (tooMany) return;
 
     const int kazu = static_cast<int>(starts.size());
@@ -132,23 +132,23 @@ template <class Ch> void StartEnd20() {
     MakePrgs<Ch>(starts, ends);
 }
 
-template <class Ch> int StartEnd(int prg) {
+template <class Ch> bool StartEnd(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     const View<Ch> start = LineAt<Ch>(program.StartLine).strSrc;
-    if (start.empty()) return 1;
+    if (start.empty()) return false;
     if (IsBlank(start.front())) {
         cs->Error(program.StartLine, LinesMsg.StartWithoutLabel);
-        return 1;
+        return false;
     }
     const View<Ch> end = LineAt<Ch>(program.EndLine).strSrc;
-    if (end.empty()) return 1;
+    if (end.empty()) return false;
     if (!IsBlank(end.front())) {
         cs->Error(program.EndLine, LinesMsg.EndWithLabel, {end});
-        return 1;
+        return false;
     }
     for (int line = program.StartLine; line < program.EndLine; ++line)
         LineAt<Ch>(line).PrgNr = static_cast<std::int8_t>(prg);
-    return 0;
+    return true;
 }
 
 template <class Ch> void IsAnySrcOutsideSartEnd() {

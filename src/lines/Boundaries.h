@@ -10,8 +10,8 @@ namespace tolvane {
 template <class Ch> void StartEnd10();
 // Finds START, END and RET as words, pairs them, prints the number of programs and makes their records.
 template <class Ch> void StartEnd20();
-// Checks the label field of a program's START and END lines and marks its lines. 0, or 1.
-template <class Ch> int StartEnd(int prg);
+// Checks the label field of a program's START and END lines and marks its lines. False if one is refused.
+template <class Ch> bool StartEnd(int prg);
 // Refuses text between two programs.
 template <class Ch> void IsAnySrcOutsideSartEnd();
 

@@ -6,7 +6,7 @@
 namespace tolvane {
 
 // One walk finds what comparing all pairs would: the first line whose label comes again, and where it first does.
-template <class Ch> int CkLabelDouble(int prg, const std::vector<int>& labelled) {
+template <class Ch> void CkLabelDouble(int prg, const std::vector<int>& labelled) {
     LabelIndex<Ch>& index = PrgAt<Ch>(prg).LabelLine;
     index.Prepare(b->Src<Ch>(), labelled.size());
     int firstLine = -1;
@@ -17,9 +17,8 @@ template <class Ch> int CkLabelDouble(int prg, const std::vector<int>& labelled)
         firstLine = entered;
         againLine = line;
     }
-    if (firstLine < 0) return 0;
+    if (firstLine < 0) return;
     cs->Error(againLine, LinesMsg.LabelDouble, {LineAt<Ch>(firstLine).strLabel, firstLine + 1, againLine + 1});
-    return -1;
 }
 
 template <class Ch> void CkPrgNameDouble() {

@@ -5,9 +5,9 @@
 
 namespace tolvane {
 
-// The first pair of equal labels of a program, whose lines with a label are given. 0, or -1 with an Error. Fills the
+// The first pair of equal labels of a program, whose lines with a label are given, is an Error. Fills the
 // program's index of labels.
-template <class Ch> int CkLabelDouble(int prg, const std::vector<int>& labelled);
+template <class Ch> void CkLabelDouble(int prg, const std::vector<int>& labelled);
 // The first pair of equal program names is an Error.
 template <class Ch> void CkPrgNameDouble();
 // A Note for every label that is not referred to.

@@ -43,10 +43,9 @@ template <class Ch> void SplitFields(int prg) {
     }
 }
 
-template <class Ch> int TrimOprndCom(int prg) {
+template <class Ch> void TrimOprndCom(int prg) {
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line)
         LineAt<Ch>(line).strOprndCom = TrimBlank<Ch>(LineAt<Ch>(line).strOprndCom);
-    return 0;
 }
 
 TOLVANE_BOTH_KINDS(SplitFields)

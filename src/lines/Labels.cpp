@@ -55,27 +55,27 @@ template <class Ch> void CkLabelReserved(int line) {
     if (IsRegister(label)) cs->Error(line, LinesMsg.LabelReserved, {label});
 }
 
-// The faults of a program's name, the first one only. 0, or the result of CkPrgName.
-template <class Ch> int CkPrgNameMozi(View<Ch> label, int line) {
+// The faults of a program's name, the first one only. Whether it has none.
+template <class Ch> bool CkPrgNameMozi(View<Ch> label, int line) {
     if (!IsUpper(At(label, 0))) {
         cs->Error(line, LinesMsg.PrgNameFirstLetter, {label});
-        return -2;
+        return false;
     }
     if (const int pos = CkMozi(label); pos != 0) {
         cs->Error(line, LinesMsg.PrgNameMozi, {label, pos + 1});
         if (const int small = CkSmallMozi(label); small != 0)
             cs->Error(line, LinesMsg.PrgNameSmallMozi, {label, small});
-        return -3;
+        return false;
     }
     if (label.size() > cs->LabelMax) {
         cs->Error(line, LinesMsg.PrgNameTooLong, {label, label.size()});
-        return -4;
+        return false;
     }
     if (IsRegister(label)) {
         cs->Error(line, LinesMsg.PrgNameReserved, {label});
-        return -5;
+        return false;
     }
-    return 0;
+    return true;
 }
 
 } // namespace
@@ -90,14 +90,14 @@ template <class Ch> void CkPrgName(int prg) {
     }
     const View<Ch> label = src.strLine.substr(0, FindBlank<Ch>(src.strLine));
     AnalystZenKSpace20(label, line);
-    if (CkPrgNameMozi(label, line) != 0) return;
+    if (!CkPrgNameMozi(label, line)) return;
     program.strPrgName = label;
     src.strLabel = label;
 }
 
 // One sweep for each rule. Each runs to its end whatever the others found; the one for the characters stops at its
 // first find.
-template <class Ch> int Label35G(int prg, int first, int last) {
+template <class Ch> void Label35G(int prg, int first, int last) {
     std::vector<int> labelled;
     for (int line = first; line <= last; ++line) {
         TakeOutLabel<Ch>(line);
@@ -112,11 +112,10 @@ template <class Ch> int Label35G(int prg, int first, int last) {
     for (const int line : labelled)
         CkLabelReserved<Ch>(line);
     CkLabelDouble<Ch>(prg, labelled);
-    return 0;
 }
 
-template <class Ch> int FindLabels(int prg) {
-    return Label35G<Ch>(prg, PrgAt<Ch>(prg).StartLine, PrgAt<Ch>(prg).EndLine);
+template <class Ch> void FindLabels(int prg) {
+    Label35G<Ch>(prg, PrgAt<Ch>(prg).StartLine, PrgAt<Ch>(prg).EndLine);
 }
 
 template <class Ch> int CkMozi(View<Ch> text) {

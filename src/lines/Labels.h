@@ -7,10 +7,10 @@ namespace tolvane {
 
 // Checks and stores a program's name.
 template <class Ch> void CkPrgName(int prg);
-// Label35G over the lines of a program, END included. 0.
-template <class Ch> int FindLabels(int prg);
-// Finds and checks the labels of the lines from first to last, duplicates included. 0; errors are counted.
-template <class Ch> int Label35G(int prg, int first, int last);
+// Label35G over the lines of a program, END included.
+template <class Ch> void FindLabels(int prg);
+// Finds and checks the labels of the lines from first to last, duplicates included; errors are counted.
+template <class Ch> void Label35G(int prg, int first, int last);
 // Position of the first character that is not A to Z or 0 to 9; 0 if there is none or it stands at the front.
 template <class Ch> int CkMozi(View<Ch> text);
 // Position, counted from 1, of the first character that is a to z; 0 if there is none.

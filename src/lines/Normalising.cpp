@@ -106,31 +106,31 @@ template <class Ch> void StripComment(int prg) {
     }
 }
 
-template <class Ch> int edit30c(int prg) {
+template <class Ch> bool edit30c(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     Text<Ch> edited;
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         const View<Ch> text = EditedOprnd(LineAt<Ch>(line), edited);
         if (!StandsBeforeApostrophe(text, text.find(Ch('='))) || !HasBlankBehind(text, LiteralSigns)) continue;
         cs->Error(line, LinesMsg.SpaceBehindLiteralSign, {text});
-        return -1;
+        return false;
     }
-    return 0;
+    return true;
 }
 
-template <class Ch> int edit50(int prg) {
+template <class Ch> bool edit50(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     Text<Ch> edited;
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         const View<Ch> text = EditedOprnd(LineAt<Ch>(line), edited);
         if (!StandsBeforeApostrophe(text, text.find_first_of(Lit<Ch>("+-#"))) || !HasBlankBehind(text, Signs)) continue;
         cs->Error(line, LinesMsg.SpaceBehindSign, {text});
-        return -1;
+        return false;
     }
-    return 0;
+    return true;
 }
 
-template <class Ch> int RemoveNoOprndOpSemiColn(int line) {
+template <class Ch> void RemoveNoOprndOpSemiColn(int line) {
     const SrcData<Ch>& src = LineAt<Ch>(line);
     for (const Opcode& op : opcodes::Table) {
         if (!StandsAlone(op)) continue;
@@ -139,17 +139,16 @@ template <class Ch> int RemoveNoOprndOpSemiColn(int line) {
         // Only the first word of the table that occurs is looked for. The form with the space is the one shown.
         const Text<Ch> behindSpace = Ch(' ') + word + Ch(';');
         const Text<Ch> behindTab = Ch('\t') + word + Ch(';');
-        if (!ContainsMozi<Ch>(src.strSrc, behindSpace) && !ContainsMozi<Ch>(src.strSrc, behindTab)) return 0;
-        cs->Error(line, LinesMsg.CommentTouchesOp, {behindSpace});
-        return -1;
+        if (ContainsMozi<Ch>(src.strSrc, behindSpace) || ContainsMozi<Ch>(src.strSrc, behindTab))
+            cs->Error(line, LinesMsg.CommentTouchesOp, {behindSpace});
+        return;
     }
-    return 0;
 }
 
-template <class Ch> int OpNoOperand(int line, View<Ch> firstOperand) {
-    if (firstOperand.empty()) return 0;
+template <class Ch> bool OpNoOperand(int line, View<Ch> firstOperand) {
+    if (firstOperand.empty()) return true;
     cs->Error(line, LinesMsg.OperandOfNoOperandOp, {firstOperand});
-    return 1;
+    return false;
 }
 
 template <class Ch> void TabsToBlanks() {

@@ -11,15 +11,15 @@ namespace tolvane {
 template <class Ch> void editNWB();
 // Cuts the comments off the lines of a program, END left out.
 template <class Ch> void StripComment(int prg);
-// Refuse a blank behind =+, =- and =# in an operand text, the blanks behind the first "=" left out. Negative at the
-// first Error, else 0.
-template <class Ch> int edit30c(int prg);
-// Refuses a blank behind "+", "-" and "#". Negative at the first Error, else 0.
-template <class Ch> int edit50(int prg);
-// Explains an unknown word that is an instruction without operands run together with its comment. -1 with an Error.
-template <class Ch> int RemoveNoOprndOpSemiColn(int line);
-// Refuses operand text of an instruction without operands. 1 with an Error, else 0.
-template <class Ch> int OpNoOperand(int line, View<Ch> firstOperand);
+// Refuse a blank behind =+, =- and =# in an operand text, the blanks behind the first "=" left out. False at the
+// first Error.
+template <class Ch> bool edit30c(int prg);
+// Refuses a blank behind "+", "-" and "#". False at the first Error.
+template <class Ch> bool edit50(int prg);
+// Explains an unknown word that is an instruction without operands run together with its comment.
+template <class Ch> void RemoveNoOprndOpSemiColn(int line);
+// Refuses operand text of an instruction without operands. False with an Error.
+template <class Ch> bool OpNoOperand(int line, View<Ch> firstOperand);
 // Replaces the tabs outside character constants by blanks, over the whole file.
 template <class Ch> void TabsToBlanks();
 

@@ -10,12 +10,10 @@ namespace tolvane {
 
 namespace {
 
-// Reports a comma behind the opcode word. 1 with an Error, else 0.
-template <class Ch> int AnalystOP(int line) {
+// Reports a comma behind the opcode word.
+template <class Ch> void AnalystOP(int line) {
     const View<Ch> op = LineAt<Ch>(line).strOp;
-    if (op.empty() || op.back() != Ch(',')) return 0;
-    cs->Error(line, LinesMsg.CommaBehindOp);
-    return 1;
+    if (!op.empty() && op.back() == Ch(',')) cs->Error(line, LinesMsg.CommaBehindOp);
 }
 
 } // namespace

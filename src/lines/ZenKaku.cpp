@@ -10,9 +10,6 @@ namespace tolvane {
 
 namespace {
 
-// What a walk over the characters of a text meets first.
-enum class Walk { Nothing, SingleBytes, ZenKaku };
-
 // Bytes of the character at i in code page 932, 0 for what is no character of it.
 template <class Ch> int ByteLengthAt(View<Ch> text, std::size_t i) {
     if (IsZenKakuAt(text, i)) return 2;
@@ -22,27 +19,15 @@ template <class Ch> int ByteLengthAt(View<Ch> text, std::size_t i) {
         return IsLeadByte932(static_cast<unsigned char>(text[i])) ? 0 : 1;
 }
 
-// Ends at the first full-width character, and quietly at what is no character.
-template <class Ch> Walk WalkMozi(View<Ch> text) {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const int bytes = ByteLengthAt(text, i);
-        if (bytes == 2) return Walk::ZenKaku;
-        if (bytes == 0) return i > 0 ? Walk::SingleBytes : Walk::Nothing;
-    }
-    return text.empty() ? Walk::Nothing : Walk::SingleBytes;
+// Whether a walk over the characters of a text meets a full-width one. It ends at what is no character.
+template <class Ch> bool MeetsZenKaku(View<Ch> text) {
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (const int bytes = ByteLengthAt(text, i); bytes != 1) return bytes == 2;
+    return false;
 }
 
-template <class Ch> int RefuseZenKaku(View<Ch> text, int line, const Msg& msg) {
-    switch (WalkMozi(text)) {
-    case Walk::Nothing:
-        return 0;
-    case Walk::SingleBytes:
-        return 1;
-    case Walk::ZenKaku:
-        break;
-    }
-    cs->Error(line, msg, {text});
-    return -2;
+template <class Ch> void RefuseZenKaku(View<Ch> text, int line, const Msg& msg) {
+    if (MeetsZenKaku(text)) cs->Error(line, msg, {text});
 }
 
 // The rows for START and END.
@@ -67,24 +52,23 @@ constexpr BoundaryRows EndRows = {"END",
                                   LinesMsg.EndThenZenSpace,
                                   LinesMsg.ZenSpaceThenEnd};
 
-template <class Ch> int DetAtZenKakuSpace(const BoundaryRows& rows) {
+template <class Ch> void DetAtZenKakuSpace(const BoundaryRows& rows) {
     const Text<Ch> behind = Lit<Ch>(rows.word).append(ZenSpace<Ch>());
     const Text<Ch> before = Text<Ch>(ZenSpace<Ch>()).append(Lit<Ch>(rows.word));
     for (int line = 0; line < LineKazu<Ch>(); ++line) {
         const View<Ch> text = LineAt<Ch>(line).strLine;
         if (ContainsMozi<Ch>(text, behind)) {
             po->Error(line, rows.zenBehind, {behind});
-            return -1;
+            return;
         }
         if (ContainsMozi<Ch>(text, before)) {
             po->Error(line, rows.zenBefore, {before});
-            return -2;
+            return;
         }
     }
-    return 0;
 }
 
-template <class Ch> int CkLeftRight(const BoundaryRows& rows) {
+template <class Ch> void CkLeftRight(const BoundaryRows& rows) {
     const Text<Ch> word = Lit<Ch>(rows.word);
     const Text<Ch> semicolon = Ch(' ') + word + Ch(';');
     const Text<Ch> zenBehind = Text<Ch>(word).append(ZenSpace<Ch>());
@@ -97,9 +81,8 @@ template <class Ch> int CkLeftRight(const BoundaryRows& rows) {
                                                              : nullptr;
         if (row == nullptr) continue;
         po->Error(line, *row);
-        return -1;
+        return;
     }
-    return 0;
 }
 
 template <class Ch> Text<Ch> WithSpaces(View<Ch> text) {
@@ -155,35 +138,32 @@ template <class Ch> Text<Ch> TidyCarefully(View<Ch> operands, bool commas) {
 
 } // namespace
 
-template <class Ch> int AnalystZenKSpace20(View<Ch> text, int line) {
-    const std::size_t at = FindZenSpace(text);
-    if (at == npos) return 0;
-    cs->Error(line, LinesMsg.ZenSpaceInWord, {text});
-    return static_cast<int>(at);
+template <class Ch> void AnalystZenKSpace20(View<Ch> text, int line) {
+    if (FindZenSpace(text) != npos) cs->Error(line, LinesMsg.ZenSpaceInWord, {text});
 }
 
-template <class Ch> int AnalystZenKMozi(View<Ch> text, int line) {
-    return RefuseZenKaku(text, line, LinesMsg.ZenMoziInWord);
+template <class Ch> void AnalystZenKMozi(View<Ch> text, int line) {
+    RefuseZenKaku(text, line, LinesMsg.ZenMoziInWord);
 }
 
-template <class Ch> int AnalystZenKakuMoziStr(View<Ch> text, int line) {
-    return RefuseZenKaku(text, line, LinesMsg.ZenMoziInStartOperand);
+template <class Ch> void AnalystZenKakuMoziStr(View<Ch> text, int line) {
+    RefuseZenKaku(text, line, LinesMsg.ZenMoziInStartOperand);
 }
 
-template <class Ch> int DetSTARTatZenKakuSpace() {
-    return DetAtZenKakuSpace<Ch>(StartRows);
+template <class Ch> void DetSTARTatZenKakuSpace() {
+    DetAtZenKakuSpace<Ch>(StartRows);
 }
-template <class Ch> int DetENDatZenKakuSpace() {
-    return DetAtZenKakuSpace<Ch>(EndRows);
+template <class Ch> void DetENDatZenKakuSpace() {
+    DetAtZenKakuSpace<Ch>(EndRows);
 }
-template <class Ch> int CkSTART_LR() {
-    return CkLeftRight<Ch>(StartRows);
+template <class Ch> void CkSTART_LR() {
+    CkLeftRight<Ch>(StartRows);
 }
-template <class Ch> int CkEnd_LR() {
-    return CkLeftRight<Ch>(EndRows);
+template <class Ch> void CkEnd_LR() {
+    CkLeftRight<Ch>(EndRows);
 }
 
-template <class Ch> int TrimZenOprndCom() {
+template <class Ch> void TrimZenOprndCom() {
     for (SrcData<Ch>& src : b->Src<Ch>()) {
         if (src.strOp.empty() || src.strOprndCom.empty()) continue;
         const Tidy tidy = src.op != nullptr ? src.op->tidy : Tidy::None;
@@ -195,11 +175,10 @@ template <class Ch> int TrimZenOprndCom() {
         else if (modeFlags->Pipe->trimTellsUnknownOp && src.op == nullptr)
             Say(LinesMsg.NoOpCodeToTrim, {src.strOp});
     }
-    return 0;
 }
 
-template <class Ch> int TrimZenOprndComOfFile(int) {
-    return TrimZenOprndCom<Ch>();
+template <class Ch> void TrimZenOprndComOfFile(int) {
+    TrimZenOprndCom<Ch>();
 }
 
 TOLVANE_BOTH_KINDS(TrimZenOprndComOfFile)

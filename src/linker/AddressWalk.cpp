@@ -34,7 +34,7 @@ template <class Ch> void PlaceLine(int line, Running& at) {
 
 // A line whose address operand is refused gets no address.
 template <class Ch> void WalkTwoWords(int line, int adrOperand, Running& at) {
-    if (CkAdrConst20<Ch>(line, adrOperand) == 0) PlaceLine<Ch>(line, at);
+    if (CkAdrConst20<Ch>(line, adrOperand)) PlaceLine<Ch>(line, at);
 }
 
 // START begins the program with NOP, or with a jump to its operand.

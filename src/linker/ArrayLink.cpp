@@ -42,15 +42,15 @@ void ClearForFirst(int prg) {
     if (prg == 0) comet2->InitComet2();
 }
 
-// Whether a total fits. 0, or 1 with an Error on the line.
-int CkMaxMemory2(int total, int line) {
+// Whether a total fits; if not, with an Error on the line.
+bool CkMaxMemory2(int total, int line) {
     const int limit = modeFlags->Pipe->limits.imageWords;
-    if (total <= limit) return 0;
+    if (total <= limit) return true;
     if (total > AddressCount)
         cs->Error(line, LinkerMsg.BeyondAllAddresses, {total});
     else
         cs->Error(line, LinkerMsg.BeyondMemory, {total, limit});
-    return 1;
+    return false;
 }
 
 // Refuses an image that would reach beyond the memory.
@@ -63,53 +63,53 @@ bool Exceeds(int total, int line) {
 
 } // namespace
 
-int AdrCk3(int prg) {
+bool AdrCk3(int prg) {
     AdrCk53<char>(prg);
-    if (ErrorSum() > 0) return 1;
+    if (ErrorSum() > 0) return false;
     cs->max_rl_memory_l += LiteralWords(PrgAt<char>(prg));
-    return 0;
+    return true;
 }
 
-int CkMaxMemory(int prg) {
+bool CkMaxMemory(int prg) {
     const PrgDataA& program = PrgAt<char>(prg);
     const Limits& limits = modeFlags->Pipe->limits;
     const int n = InstructionWords(program);
     const int d = cs->max_rl_memory_d;
     if (d > limits.dcdsWords) {
         cs->Error(NoLine, LinkerMsg.BeyondDcDsWords, {d - limits.dcdsWords});
-        return d;
+        return false;
     }
     const int l = cs->max_rl_memory_l;
     if (l > limits.literalWords) {
         cs->Error(NoLine, LinkerMsg.BeyondLiteralWords, {l - limits.literalWords});
-        return l;
+        return false;
     }
     return CkMaxMemory2(n + d + l, program.EndLine);
 }
 
-int SetMemory25(int prg) {
+bool SetMemory25(int prg) {
     ClearForFirst(prg);
     const PrgDataA& program = PrgAt<char>(prg);
     int address = program.AbAdrAtStart;
     SetLinesInMemory<char>(prg, Taken::Instructions, address);
-    if (Exceeds(address + DcDsWords(program), program.EndLine)) return -1;
+    if (Exceeds(address + DcDsWords(program), program.EndLine)) return false;
     SetLinesInMemory<char>(prg, Taken::Constants, address);
-    if (Exceeds(address + LiteralWords(program), program.EndLine)) return -1;
+    if (Exceeds(address + LiteralWords(program), program.EndLine)) return false;
     SetLiteralsInMemory<char>(prg, address);
     comet2->ReservedWords = address;
-    return 0;
+    return true;
 }
 
-int Link2() {
+bool Link2() {
     for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg) {
         SetMryInAtDC<char>(prg);
         AdrCk53<char>(prg);
-        if (ErrorSum() > 0) return ~prg;
-        if (SetMemory25(prg) == 0) continue;
+        if (ErrorSum() > 0) return false;
+        if (SetMemory25(prg)) continue;
         cs->Error(NoLine, LinkerMsg.LinkRefused, {modeFlags->Pipe->limits.imageWords});
-        return -2;
+        return false;
     }
-    return 0;
+    return true;
 }
 
 } // namespace tolvane

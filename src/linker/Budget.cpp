@@ -4,17 +4,17 @@
 
 namespace tolvane {
 
-template <class Ch> int CkMaxMrySize() {
+template <class Ch> bool CkMaxMrySize() {
     std::int64_t total = 0;
     for (const PrgData<Ch>& program : b->Prg<Ch>())
         total += program.PrgWordKazu;
     if (total >= AddressCount) {
         b->Error(NoLine, LinkerMsg.BeyondAddresses, {total});
-        return -1;
+        return false;
     }
-    if (total <= MaxImageWords) return 0;
+    if (total <= MaxImageWords) return true;
     b->Error(NoLine, LinkerMsg.BeyondImage, {total});
-    return -2;
+    return false;
 }
 
 TOLVANE_BOTH_KINDS(CkMaxMrySize)

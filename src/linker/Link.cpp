@@ -113,19 +113,19 @@ template <class Ch> void SetLiteralsInMemory(int prg, int& address) {
     }
 }
 
-template <class Ch> int Link31() {
+template <class Ch> bool Link31() {
     const int programs = PrgKazu<Ch>();
     for (int prg = 0; prg < programs; ++prg)
         SetMryInAtDC<Ch>(prg);
     for (int prg = 0; prg < programs; ++prg) {
         AdrCk53<Ch>(prg);
-        if (ErrorSum() > 0) return ~prg;
+        if (ErrorSum() > 0) return false;
     }
-    if (CkMaxMrySize<Ch>() < 0) return -2;
+    if (!CkMaxMrySize<Ch>()) return false;
     if (modeFlags->Pipe->buildsLineOfWord) SetLineOfWord<Ch>();
     for (int prg = 0; prg < programs; ++prg)
         SetMemory<Ch>(prg);
-    return 0;
+    return true;
 }
 
 TOLVANE_BOTH_KINDS(SetLineOfWord)

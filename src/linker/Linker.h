@@ -12,11 +12,10 @@ namespace tolvane {
 // start of the next program. It runs once at the end of the analysis, when references to what lies further down read
 // no address yet, and once more in the link.
 template <class Ch> void AdrCk53(int prg);
-// Whether the whole file fits below the stack area. 0, or -1 or -2 with an Error.
-template <class Ch> int CkMaxMrySize();
-// The link: second walk, size check, image. 0; the complement of the index of a program with an Error; -2 if the size
-// is refused.
-template <class Ch> int Link31();
+// Whether the whole file fits below the stack area; if not, with an Error.
+template <class Ch> bool CkMaxMrySize();
+// The link: second walk, size check, image. False with an Error.
+template <class Ch> bool Link31();
 
 // Which source line owns each word of the image, for all programs; a literal belongs to the line that uses it.
 template <class Ch> void SetLineOfWord();
@@ -29,14 +28,14 @@ template <class Ch> void SetLiteralsInMemory(int prg, int& address);
 
 // The array pipeline, whose machine is smaller.
 
-// AdrCk53, and the words of the literals added to those of the file. 0, or 1 if an Error is counted.
-int AdrCk3(int prg);
-// Whether a program fits, with the constants and literals of the file so far. 0, or another value with an Error.
-int CkMaxMemory(int prg);
+// AdrCk53, and the words of the literals added to those of the file. False if an Error is counted.
+bool AdrCk3(int prg);
+// Whether a program fits, with the constants and literals of the file so far; if not, with an Error.
+bool CkMaxMemory(int prg);
 // Writes the words of a program, to an empty machine if it is the first program, with the sums checked again:
-// instructions, then DC and DS, then literals. 0, or -1 with an Error.
-int SetMemory25(int prg);
-// The link: second walk and image, program by program. Results as those of Link31.
-int Link2();
+// instructions, then DC and DS, then literals. False with an Error.
+bool SetMemory25(int prg);
+// The link: second walk and image, program by program. False with an Error.
+bool Link2();
 
 } // namespace tolvane

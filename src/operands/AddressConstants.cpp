@@ -15,29 +15,27 @@ namespace {
 
 constexpr int JumpCode = 0x6400;
 
-template <class Ch> int SetAddress(SrcData<Ch>& src, int value) {
+template <class Ch> bool SetAddress(SrcData<Ch>& src, int value) {
     src.second_word = value;
-    return 0;
+    return true;
 }
 
-// The form of a name. Characters that are not allowed are reported and the look-up goes on. -7 if it is too long.
-template <class Ch> int CkNameForm(int line, View<Ch> name) {
+// The form of a name. Characters that are not allowed are reported and the look-up goes on. False if it is too long.
+template <class Ch> bool CkNameForm(int line, View<Ch> name) {
     int pos = 0;
     if (DetNonLabelMoziPos(name, pos)) {
         cs->Error(line, AddressMsg.NameBadChar, {name});
         AnalystZenKMozi(name, line);
     }
     if (CkSmallMozi(name) != 0) cs->Error(line, AddressMsg.NameSmallLetter, {name});
-    if (name.size() > cs->LabelMax) {
-        cs->Error(line, AddressMsg.NameTooLong, {name, name.size()});
-        return -7;
-    }
-    return 0;
+    if (name.size() <= cs->LabelMax) return true;
+    cs->Error(line, AddressMsg.NameTooLong, {name, name.size()});
+    return false;
 }
 
 // A name: that of another program before a label of the own one.
-template <class Ch> int NameAddress(int line, View<Ch> name) {
-    if (int refused = CkNameForm(line, name); refused < 0) return refused;
+template <class Ch> bool NameAddress(int line, View<Ch> name) {
+    if (!CkNameForm(line, name)) return false;
     SrcData<Ch>& src = LineAt<Ch>(line);
     if (int other = FindOtherProgram(src.PrgNr, name); other >= 0) {
         PrgData<Ch>& prg = PrgAt<Ch>(other);
@@ -53,11 +51,11 @@ template <class Ch> int NameAddress(int line, View<Ch> name) {
     }
     cs->Error(line, AddressMsg.NameUndefined, {name});
     AnalystZenKSpace20(name, line);
-    return -8;
+    return false;
 }
 
 // "#" and four digits. A number that is too long draws two Errors and still gets a value.
-template <class Ch> int HexAddress(int line, View<Ch> text) {
+template <class Ch> bool HexAddress(int line, View<Ch> text) {
     const std::size_t n = text.size() - 1;
     for (std::size_t i = 1; i < text.size(); ++i) {
         if (IsHexDigit(text[i])) continue;
@@ -66,11 +64,11 @@ template <class Ch> int HexAddress(int line, View<Ch> text) {
     }
     if (n == 0) {
         cs->Error(line, AddressMsg.HexEmpty);
-        return -2;
+        return false;
     }
     if (n < 4) {
         cs->Error(line, n == 1 ? AddressMsg.HexOneDigit : AddressMsg.HexTooShort, {text, n});
-        return -9;
+        return false;
     }
     if (n > 4) {
         cs->Error(line, AddressMsg.HexTooLong, {text});
@@ -81,12 +79,12 @@ template <class Ch> int HexAddress(int line, View<Ch> text) {
 
 // A decimal number of any size, of which the low 16 bits count. `nonNumeral` and `outOfRange` are the rows of its
 // form, with or without a sign.
-template <class Ch> int DecAddress(int line, View<Ch> text, const Msg& nonNumeral, const Msg& outOfRange) {
+template <class Ch> bool DecAddress(int line, View<Ch> text, const Msg& nonNumeral, const Msg& outOfRange) {
     std::size_t end = 0;
     const int value = ReadDecimal(text, end);
     if (end < text.size()) {
         cs->Error(line, nonNumeral, {text});
-        return -1;
+        return false;
     }
     if (value < WordMin || AddressMax < value) cs->Note(line, outOfRange);
     return SetAddress(LineAt<Ch>(line), value & 0xFFFF);
@@ -100,16 +98,16 @@ template <class Ch> bool IsLiteral(View<Ch> text) {
 }
 
 // A literal. Its address is final only at the end of the walk. A bad number counts here once more than in its check.
-template <class Ch> int LiteralAddress(int line, View<Ch> operand) {
+template <class Ch> bool LiteralAddress(int line, View<Ch> operand) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     const View<Ch> constant = operand.substr(1);
     if (constant[0] == Ch('\'')) {
         SetLiteCharConstMryIn(line, constant);
     } else {
         const bool hex = constant[0] == Ch('#');
-        if ((hex ? CkHexConstG(constant, line, 0) : CkDecConstG(constant, line, 0)) < 0) {
+        if (hex ? !CkHexConstG(constant, line, 0) : !CkDecConstG(constant, line, 0)) {
             ++cs->ErrorKazu;
-            return -1;
+            return false;
         }
         if (hex)
             SetLiteNumber<Ch>(line, HexStrToIntG(constant, line, 0));
@@ -117,7 +115,7 @@ template <class Ch> int LiteralAddress(int line, View<Ch> operand) {
             SetLiteNumber<Ch>(line, DecStrToIntG(constant, line, 0));
     }
     if (const TLiteConst<Ch>* literal = b->Literal(src)) src.second_word = literal->AbAdr;
-    return 0;
+    return true;
 }
 
 // The two words of a START with an operand: a jump to the address.
@@ -145,32 +143,32 @@ template <class Ch> int FindOtherProgram(int own, View<Ch> name) {
     return -1;
 }
 
-template <class Ch> int CkAdrConst20(int line, int n) {
+template <class Ch> bool CkAdrConst20(int line, int n) {
     const View<Ch> s = LineAt<Ch>(line).Oprnd(n);
     const Ch c = At(s, 0);
-    if (IsRegisterWord(s)) return 0;
+    if (IsRegisterWord(s)) return true;
     if (IsUpper(c)) return NameAddress(line, s);
     if (c == Ch('#')) return HexAddress(line, s);
     if (IsSign(c) && IsDigit(At(s, 1)))
         return DecAddress(line, s, AddressMsg.DecSignedNonNumeral, AddressMsg.DecSignedOutOfRange);
     if (IsDigit(c)) {
-        if (DecAddress(line, s, AddressMsg.DecNonNumeral, AddressMsg.DecOutOfRange) == 0) return 0;
+        if (DecAddress(line, s, AddressMsg.DecNonNumeral, AddressMsg.DecOutOfRange)) return true;
         AnalystZenKSpace20(s, line);
-        return -4;
+        return false;
     }
     if (IsLiteral(s)) return LiteralAddress(line, s);
     int pos = 0;
     DetNonAdrConstMoziPosAW(s, line, pos);
     ++cs->ErrorKazu; // one diagnostic, two Errors
-    return -5;
+    return false;
 }
 
-template <class Ch> int CkStartAdrOperand(int prg, int line) {
+template <class Ch> void CkStartAdrOperand(int prg, int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     if (src.fThreeOprnds) { // they count as none
         src.first_word = 0;
         src.word_kazu = 1;
-        return 0;
+        return;
     }
     const View<Ch> t = src.Oprnd(1);
     int pos = 0;
@@ -180,29 +178,28 @@ template <class Ch> int CkStartAdrOperand(int prg, int line) {
     }
     if (t.size() > cs->LabelMax) {
         cs->Error(line, AddressMsg.StartTooLong, {t, t.size()});
-        return 1;
+        return;
     }
     if (int target = FindLabelLine(prg, t); target >= 0) {
         SrcData<Ch>& label = LineAt<Ch>(target);
         label.fLabelInUse = true;
         SetStartJump(src, label.AbAdr);
-        return 0;
+        return;
     }
     if (int named = FindProgram(t); named >= 0) {
         if (!modeFlags->Pipe->startNamesProgram) {
             cs->Error(line, AddressMsg.StartIsProgram);
-            return 1;
+            return;
         }
         PrgData<Ch>& program = PrgAt<Ch>(named);
         SrcData<Ch>& start = LineAt<Ch>(program.StartLine);
         program.fCalled = true;
         start.fLabelInUse = true;
         SetStartJump(src, start.AbAdr);
-        return 0;
+        return;
     }
     cs->Error(line, AddressMsg.StartUndefined, {t});
     AnalystZenKSpace20(t, line);
-    return 1;
 }
 
 TOLVANE_BOTH_KINDS(FindOtherProgram)

@@ -5,10 +5,10 @@
 
 namespace tolvane {
 
-// Checks operand n of a line and sets second_word. 0, or a negative value with an Error.
-template <class Ch> int CkAdrConst20(int line, int n);
-// Checks the operand of a program's START and sets the words of its line. 0, or 1 with an Error.
-template <class Ch> int CkStartAdrOperand(int prg, int line);
+// Checks operand n of a line and sets second_word. False if that ended in an Error.
+template <class Ch> bool CkAdrConst20(int line, int n);
+// Checks the operand of a program's START and sets the words of its line.
+template <class Ch> void CkStartAdrOperand(int prg, int line);
 
 // The program other than `own` that has the name; -1 if there is none.
 template <class Ch> int FindOtherProgram(int own, View<Ch> name);

@@ -3,14 +3,14 @@
 
 namespace tolvane {
 
-// Counts the DC and DS lines of the file so far, and cuts the constants of a program's DC lines. 0, or 1 after an
+// Counts the DC and DS lines of the file so far, and cuts the constants of a program's DC lines. False after an
 // Error.
-int dcds10(int prg);
-// Judges the constants and the counts. 0, or 1 after an Error.
-int dcds30(int prg);
-// Counts the words of each line. 0, or 1 after an Error.
-int dcdsWordKazu40(int prg);
-// Sets the values, and adds the words to those of the file. 0; errors are counted.
-int dcdsMemoryIn30(int prg);
+bool dcds10(int prg);
+// Judges the constants and the counts. False after an Error.
+bool dcds30(int prg);
+// Counts the words of each line. False after an Error.
+bool dcdsWordKazu40(int prg);
+// Sets the values, and adds the words to those of the file; errors are counted.
+void dcdsMemoryIn30(int prg);
 
 } // namespace tolvane

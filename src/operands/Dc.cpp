@@ -206,9 +206,9 @@ template <class Ch> void SetLineMryInAtDC(int prg, int line) {
     src.word_kazu = words;
 }
 
-int Refuse(int line, const Msg& msg, Args args = {}) {
+bool Refuse(int line, const Msg& msg, Args args = {}) {
     cs->Error(line, msg, args);
-    return -1;
+    return false;
 }
 
 // One piece of a list of constants: blanks and a comma take the blanks behind them along, a character constant is
@@ -229,9 +229,9 @@ template <class Ch> struct ListPiece {
     }
 };
 
-// Refuses a text that is no list: two commas in a row, text behind a blank, a sign or "#" apart from its number. -1
-// with an Error. A comma at the end is only noted.
-template <class Ch> int RefuseNoList(int line, View<Ch> text) {
+// Whether a text is a list: no two commas in a row, no text behind a blank, no sign or "#" apart from its number. A
+// comma at the end is only noted.
+template <class Ch> bool CkList(int line, View<Ch> text) {
     for (std::size_t i = 0; i < text.size();) {
         const ListPiece<Ch> piece(text, i);
         const bool textBehindBlank = piece.isBlank && !piece.endsText && !piece.beforeComma;
@@ -244,7 +244,7 @@ template <class Ch> int RefuseNoList(int line, View<Ch> text) {
         if (text[i] == Ch('#') && apart) return Refuse(line, DcMsg.BlankBehindHexMark);
         i = piece.end;
     }
-    return 0;
+    return true;
 }
 
 // Blanks round a comma and at the end go, others stay.
@@ -263,35 +263,35 @@ template <class Ch> Text<Ch> WithoutBlanksAtCommasAndEnd(View<Ch> text) {
 
 } // namespace
 
-template <class Ch> int OprndAtDCtoChH(int line) {
+template <class Ch> bool OprndAtDCtoChH(int line) {
     SlimView<Ch>& kept = LineAt<Ch>(line).chOprndCom;
     const View<Ch> text = Kept<Ch>(kept, WithoutComment<Ch>(kept));
     kept = text;
     const Closed closed = CkClosed(text);
     if (closed != Closed::Yes) {
         cs->Error(line, closed == Closed::No ? DcMsg.CharsNotClosed : DcMsg.NoCharacter, {text});
-        return 1;
+        return false;
     }
     kept = Kept(text, WithoutBlanksAtCommas(text));
-    return 0;
+    return true;
 }
 
-template <class Ch> int OprndAtDC(int line) {
-    if (dc45<Ch>(line) < 0) return -1;
+template <class Ch> void OprndAtDC(int line) {
+    if (!dc45<Ch>(line)) return;
     TakeOutOprndsAtDC<Ch>(line);
-    return CkDC33<Ch>(line);
+    CkDC33<Ch>(line);
 }
 
-template <class Ch> int dc45(int line) {
+template <class Ch> bool dc45(int line) {
     SlimView<Ch>& kept = LineAt<Ch>(line).chOprndCom;
     const View<Ch> text = kept;
     if (text.empty()) return Refuse(line, DcMsg.NoOperand);
-    if (RefuseNoList(line, text) < 0) return -1;
+    if (!CkList(line, text)) return false;
     kept = Kept(text, WithoutBlanksAtCommasAndEnd(text));
-    return 0;
+    return true;
 }
 
-template <class Ch> int TakeOutOprndsAtDC(int line) {
+template <class Ch> void TakeOutOprndsAtDC(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     const View<Ch> text = src.chOprndCom;
     auto& constants = b->Apart<Ch>().vecDcConst;
@@ -306,20 +306,19 @@ template <class Ch> int TakeOutOprndsAtDC(int line) {
         begin = end + 1;
     }
     src.dcKazu = static_cast<std::int32_t>(constants.size()) - src.dcFirst;
-    return 0;
 }
 
-template <class Ch> int CkDC33(int line) {
+template <class Ch> bool CkDC33(int line) {
     int k = 0;
     for (TDcConst<Ch>& constant : b->Constants(LineAt<Ch>(line))) {
         constant.strConst = TrimBlank(constant.strConst);
         const Place place{line, k++};
-        if (!constant.strConst.empty() && !CkConstant(place, constant)) return -1;
+        if (!constant.strConst.empty() && !CkConstant(place, constant)) return false;
     }
-    return 0;
+    return true;
 }
 
-template <class Ch> int SetWordKazuAtDC(int line) {
+template <class Ch> bool SetWordKazuAtDC(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     int total = 0;
     int k = 0;
@@ -331,7 +330,7 @@ template <class Ch> int SetWordKazuAtDC(int line) {
         total += count.words;
     }
     src.word_kazu = total;
-    return 0;
+    return true;
 }
 
 template <class Ch> void SetMryInAtDC(int prg) {

@@ -22,33 +22,33 @@ template <class Ch> bool SetDsWords(SrcData<Ch>& src, View<Ch> count) {
 
 } // namespace
 
-template <class Ch> int OprndAtDS(int line) {
+template <class Ch> bool OprndAtDS(int line) {
     const View<Ch> count = CountOf<Ch>(line);
     if (count.empty()) {
         cs->Error(line, DsMsg.NoOperand);
-        return -cs->ErrorKazu;
+        return false;
     }
     for (std::size_t i = 0; i < count.size(); ++i) {
         if (count[i] == Ch('+') || IsDigit(count[i])) continue;
         cs->Error(line, DsMsg.NonNumeral, {count.substr(i, CharLength(count, i)), count});
-        return -cs->ErrorKazu;
+        return false;
     }
-    return 0;
+    return true;
 }
 
-template <class Ch> int SetWordKazuAtDS(int line) {
+template <class Ch> bool SetWordKazuAtDS(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     const View<Ch> count = CountOf<Ch>(line);
     if (!SetDsWords(src, count)) cs->Error(line, DsMsg.CountNotRead, {count});
     if (src.word_kazu > AddressMax) {
         cs->Error(line, DsMsg.BeyondAddresses);
-        return -1;
+        return false;
     }
     if (src.word_kazu > MaxImageWords) {
         cs->Error(line, DsMsg.BeyondImage);
-        return -2;
+        return false;
     }
-    return 0;
+    return true;
 }
 
 template <class Ch> void SetMryInAtDS(int prg) {

@@ -5,10 +5,10 @@
 
 namespace tolvane {
 
-// Checks the operand. 0, or the negated error count.
-template <class Ch> int OprndAtDS(int line);
-// Reads the count. 0, or negative with an Error.
-template <class Ch> int SetWordKazuAtDS(int line);
+// Checks the operand. False with an Error.
+template <class Ch> bool OprndAtDS(int line);
+// Reads the count. False with an Error.
+template <class Ch> bool SetWordKazuAtDS(int line);
 // Sets the words of all DS lines of a program.
 template <class Ch> void SetMryInAtDS(int prg);
 

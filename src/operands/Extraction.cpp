@@ -94,13 +94,13 @@ template <class Ch> bool CkNextOprndAriWithComma(int line, int n) {
 
 } // namespace
 
-template <class Ch> int SearchApostForNonCharConstOP(int prg) {
+template <class Ch> bool SearchApostForNonCharConstOP(int prg) {
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         if (src.strOp.empty() || HasShape(src.op, Shape::Dc)) continue;
         if (src.op == nullptr) { // a word on a START line
             cs->Error(line, HandlerMsg.NoHandler, {src.strOp});
-            return -1;
+            return false;
         }
 
         const std::size_t semicolon = Find<Ch>(src.strOprndCom, ";");
@@ -111,10 +111,10 @@ template <class Ch> int SearchApostForNonCharConstOP(int prg) {
         }
         src.strOprndCom = src.strOprndCom.substr(0, semicolon);
     }
-    return 0;
+    return true;
 }
 
-template <class Ch> int CopyOprndComStrToChH(int prg) {
+template <class Ch> void CopyOprndComStrToChH(int prg) {
     const auto limit = static_cast<std::size_t>(modeFlags->Pipe->oprndLimit);
     bool told = false;
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line) {
@@ -125,24 +125,22 @@ template <class Ch> int CopyOprndComStrToChH(int prg) {
         if (!told) Tell(Severity::Warning, line, ExtractionMsg.OperandTooLong, {limit, src.strOprndCom.size()});
         told = true;
     }
-    return 0;
 }
 
-template <class Ch> int operand20m15(int prg) {
+template <class Ch> void operand20m15(int prg) {
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         if (!HasShape(src.op, Shape::Dc)) CutOprnds(line, src);
     }
-    return 0;
 }
 
-template <class Ch> int ExtractAllOprnds(int prg) {
+template <class Ch> bool ExtractAllOprnds(int prg) {
     for (int line = PrgAt<Ch>(prg).StartLine; line < PrgAt<Ch>(prg).EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
         if (src.strOp.empty()) continue;
         if (src.op == nullptr) {
             cs->Error(line, ExtractionMsg.UnknownOp, {src.strOp});
-            return -1;
+            return false;
         }
         switch (src.op->shape) {
         case Shape::RegisterOrAddress:
@@ -159,7 +157,7 @@ template <class Ch> int ExtractAllOprnds(int prg) {
             src.word_kazu = 1;
         }
     }
-    return 0;
+    return true;
 }
 
 // Looks at the comma behind the address operand. It leaves CommaAriFlag to the handlers.
@@ -208,22 +206,14 @@ template <class Ch> void DetStrConstGL10(std::size_t& pos, View<Ch> text) {
     }
 }
 
-template <class Ch> int IsStrConstClosedGL10(int line, std::size_t& pos, View<Ch> text) {
+template <class Ch> bool IsStrConstClosedGL10(int line, std::size_t pos, View<Ch> text) {
     if (At(text, pos) != Ch(0)) {
-        if (At(text, pos) != Ch('\'')) return 0;
-        const Ch behind = At(text, pos + 1);
-        if (behind == Ch(0)) return 10;
-        if (behind == Ch(',')) return 20;
-        if (behind == Ch(';')) return 30;
-        ++pos;
-        while (IsBlank(At(text, pos)))
-            ++pos;
-        if (At(text, pos) == Ch(',')) return 40;
-        if (At(text, pos) == Ch(';')) return 50;
-        if (At(text, pos) == Ch(0)) return 60;
+        if (At(text, pos) != Ch('\'')) return true;
+        const Ch behind = At(text, FindNonBlank(text, pos + 1));
+        if (behind == Ch(0) || behind == Ch(',') || behind == Ch(';')) return true;
     }
     cs->Error(line, ExtractionMsg.StrNotClosed, {text});
-    return -1;
+    return false;
 }
 
 TOLVANE_BOTH_KINDS(SearchApostForNonCharConstOP)

@@ -36,7 +36,7 @@ template <class Ch> void RegisterOrAddressHandler(int line, const Instruction& r
     if (second.empty()) cs->Error(line, *row.missing);
     if (row.exactRegister2 ? IsRegister(second) : BeginsWithRegister(second)) {
         src.first_word |= RegisterDigit(second);
-        if (r2<Ch>(line) != 0) return;
+        if (!r2<Ch>(line)) return;
         src.word_kazu = 1;
         src.first_word |= src.op->registerCode << 8;
         return;
@@ -103,7 +103,7 @@ template <class Ch> void RegisterHandler(int line) {
 // NOP, END, RET and EXIT: the code alone.
 template <class Ch> void NoOperandHandler(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    if (OpNoOperand<Ch>(line, src.Oprnd(1)) >= 1) return;
+    if (!OpNoOperand<Ch>(line, src.Oprnd(1))) return;
     src.chOprnd = {};
     src.word_kazu = 1;
     src.first_word = src.op->code << 8;
@@ -119,7 +119,7 @@ template <class Ch> void DcHandler(int line) {
 template <class Ch> void DsHandler(int line) {
     if (modeFlags->Pipe->dcDsHavePasses) return;
     OprndAtDCtoChH<Ch>(line);
-    if (OprndAtDS<Ch>(line) == 0) SetWordKazuAtDS<Ch>(line);
+    if (OprndAtDS<Ch>(line)) SetWordKazuAtDS<Ch>(line);
 }
 
 template <class Ch> void RunHandler(int line) {
@@ -138,11 +138,9 @@ template <class Ch> void RunHandler(int line) {
     case Shape::End:
         return NoOperandHandler<Ch>(line);
     case Shape::RpushRpop:
-        macroR2<Ch>(line);
-        return;
+        return macroR2<Ch>(line);
     case Shape::InOut:
-        macro2<Ch>(line);
-        return;
+        return macro2<Ch>(line);
     case Shape::Start:
         src.word_kazu = src.Oprnd(1).empty() ? 1 : 2;
         return;
@@ -162,7 +160,7 @@ template <class Ch> void RefuseOp(int line) {
 
 } // namespace
 
-template <class Ch> int OpCk(int prg) {
+template <class Ch> bool OpCk(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line <= program.EndLine; ++line) {
         const SrcData<Ch>& src = LineAt<Ch>(line);
@@ -173,11 +171,11 @@ template <class Ch> int OpCk(int prg) {
         }
         if (src.op == nullptr) {
             RefuseOp<Ch>(line);
-            return -2;
+            return false;
         }
         RunHandler<Ch>(line);
     }
-    return 0;
+    return true;
 }
 
 TOLVANE_BOTH_KINDS(OpCk)

@@ -5,7 +5,7 @@
 
 namespace tolvane {
 
-// Runs the handler of each line of a program, END included. 0, or -2 if an opcode has no handler.
-template <class Ch> int OpCk(int prg);
+// Runs the handler of each line of a program, END included. False if an opcode has no handler.
+template <class Ch> bool OpCk(int prg);
 
 } // namespace tolvane

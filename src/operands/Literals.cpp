@@ -117,7 +117,7 @@ template <class Ch> View<Ch> TrimOprndComComma(View<Ch> text) {
 
 } // namespace
 
-template <class Ch> int CkLiteral15(int prg) {
+template <class Ch> bool CkLiteral15(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         const SrcData<Ch>& src = LineAt<Ch>(line);
@@ -125,10 +125,10 @@ template <class Ch> int CkLiteral15(int prg) {
         if (src.op != nullptr && !src.op->takesLiteral) continue;
         CkLiteralForm<Ch>(line, src.strOprndCom);
     }
-    return cs->AnyErrorSoFar() ? -1 : 0;
+    return !cs->AnyErrorSoFar();
 }
 
-template <class Ch> int CkStrConstLiteral(int prg) {
+template <class Ch> void CkStrConstLiteral(int prg) {
     const PrgData<Ch>& program = PrgAt<Ch>(prg);
     for (int line = program.StartLine; line < program.EndLine; ++line) {
         SrcData<Ch>& src = LineAt<Ch>(line);
@@ -136,20 +136,18 @@ template <class Ch> int CkStrConstLiteral(int prg) {
         const View<Ch> work = WithoutBlanksBehindEqual<Ch>(src.strOprndCom);
         if (std::size_t pos = Find(work, "='"); pos != npos) {
             DetStrConstGL10(++pos, work);
-            if (IsStrConstClosedGL10(line, pos, work) < 0) cs->Error(line, LiteralMsg.CharsExample, {work});
+            if (!IsStrConstClosedGL10(line, pos, work)) cs->Error(line, LiteralMsg.CharsExample, {work});
         }
         src.strOprndCom = TrimOprndComComma(work);
     }
-    return 0;
 }
 
-template <class Ch> int SetLiteCharConstMryIn(int line, View<Ch> text) {
-    if (text.size() < 3) return -1;
+template <class Ch> void SetLiteCharConstMryIn(int line, View<Ch> text) {
+    if (text.size() < 3) return;
     TLiteConst<Ch>& literal = LiteralOf(LineAt<Ch>(line));
     literal.strLite = text;
     literal.LiteWordKazu = std::max(CountWordKazuAtCharConst(text), 1);
     literal.AbAdr = 0;
-    return 0;
 }
 
 template <class Ch> void SetLiteNumber(int line, int value) {

@@ -52,12 +52,12 @@ template <class Ch> bool FindLabelAddress(int line, int n, std::int32_t& address
 
 } // namespace
 
-template <class Ch> int macro2(int line) {
+template <class Ch> void macro2(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     src.word_kazu = InOutWords;
     if (!HasShape(src.op, Shape::InOut)) {
         cs->Error(line, MacroMsg.NoInOut, {src.strOp});
-        return 1;
+        return;
     }
     const View<Ch> first = Oprnd<Ch>(line, 1);
     if (EndsInComma(first)) {
@@ -72,60 +72,50 @@ template <class Ch> int macro2(int line) {
     }
     src.Oprnd(2) = WithoutLastBlank(second);
     if (src.Oprnd(2).size() < second.size()) src.Oprnd(3) = {};
-    return 0;
 }
 
-template <class Ch> int macroR2(int line) {
+template <class Ch> void macroR2(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     if (!HasShape(src.op, Shape::RpushRpop)) {
         cs->Error(line, MacroMsg.NoRpushRpop, {src.strOp});
-        return 1;
+        return;
     }
     src.word_kazu = static_cast<int>(WordsOfRpushRpop(src).size());
-    if (OpNoOperand<Ch>(line, src.Oprnd(1)) >= 1) return 0;
+    if (!OpNoOperand<Ch>(line, src.Oprnd(1))) return;
     for (int n = 1; n <= 3; ++n)
         src.Oprnd(n) = {};
-    return 0;
 }
 
-template <class Ch> int MacroIN(int line, int n) {
+template <class Ch> void MacroIN(int line, int n) {
     const View<Ch> op = LineAt<Ch>(line).strOp;
     const View<Ch> s = Oprnd<Ch>(line, n);
     if (s.empty()) {
         if (!cs->AnyErrorSoFar()) cs->Error(line, MacroMsg.NoOperand, {op});
-        return 1;
+        return;
     }
     if (IsDigit(s.front())) {
         cs->Error(line, MacroMsg.Digit);
-        return 1;
+        return;
     }
     if (BeginsLikeSignOrLiteral(s)) {
         cs->Error(line, MacroMsg.SignOrLiteral);
-        return 1;
+        return;
     }
-    if (!IsUpper(s.front())) return 0; // left for InOut1 to report
+    if (!IsUpper(s.front())) return; // left for InOut1 to report
 
     if (CkMozi(s) > 0) cs->Error(line, MacroMsg.BadCharacter, {s});
     if (s.size() > cs->LabelMax) {
         cs->Error(line, MacroMsg.TooLong, {s, s.size()});
-        return 1;
+        return;
     }
-    if (IsRegisterWordOrComma(s)) {
-        cs->Error(line, MacroMsg.ReservedWord, {op});
-        return 1;
-    }
-    return 0;
+    if (IsRegisterWordOrComma(s)) cs->Error(line, MacroMsg.ReservedWord, {op});
 }
 
-template <class Ch> int InOut1(int line) {
+template <class Ch> void InOut1(int line) {
     SrcData<Ch>& src = LineAt<Ch>(line);
-    if (!FindLabelAddress<Ch>(line, 1, src.first_word)) return 1;
-    if (!FindLabelAddress<Ch>(line, 2, src.second_word)) return 1;
-    if (!HasShape(src.op, Shape::InOut)) {
-        cs->Error(line, MacroMsg.InOutBroken);
-        return 1;
-    }
-    return 0;
+    if (!FindLabelAddress<Ch>(line, 1, src.first_word)) return;
+    if (!FindLabelAddress<Ch>(line, 2, src.second_word)) return;
+    if (!HasShape(src.op, Shape::InOut)) cs->Error(line, MacroMsg.InOutBroken);
 }
 
 template <class Ch> InOutCode WordsOfInOut(const SrcData<Ch>& src) {

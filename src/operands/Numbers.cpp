@@ -33,15 +33,15 @@ template <class Ch> int ReadDecimal(View<Ch> text, std::size_t& end) {
     return static_cast<int>(std::clamp(negative ? -value : value, CellMin, CellMax));
 }
 
-template <class Ch> int CkDecConstG(View<Ch> text, int line, int k) {
+template <class Ch> bool CkDecConstG(View<Ch> text, int line, int k) {
     const Ch first = At(text, 0);
     if (!IsSign(first) && !IsDigit(first)) {
         cs->Error(line, NumberMsg.DecBadCall, {text.substr(0, 1)});
-        return -1;
+        return false;
     }
-    if (std::all_of(text.begin() + 1, text.end(), IsDigit<Ch>)) return 0;
+    if (std::all_of(text.begin() + 1, text.end(), IsDigit<Ch>)) return true;
     cs->Error({line, k}, NumberMsg.NonNumeral, {text});
-    return -1;
+    return false;
 }
 
 template <class Ch> int DecStrToIntG(View<Ch> text, int line, int k) {
@@ -51,30 +51,30 @@ template <class Ch> int DecStrToIntG(View<Ch> text, int line, int k) {
     return value;
 }
 
-template <class Ch> int CkHexConstG(View<Ch> text, int line, int k) {
+template <class Ch> bool CkHexConstG(View<Ch> text, int line, int k) {
     if (At(text, 0) != Ch('#')) {
         cs->Error(line, NumberMsg.HexBadCall, {text.substr(0, 1)});
-        return -1;
+        return false;
     }
     const Place place{line, k};
     const std::size_t n = text.size() - 1;
     if (!std::all_of(text.begin() + 1, text.end(), IsHexDigit<Ch>)) {
         cs->Error(place, NumberMsg.HexBadDigit, {text});
-        return -1;
+        return false;
     }
     if (n > HexDigits) {
         cs->Error(place, NumberMsg.HexTooLong, {text, n});
-        return -2;
+        return false;
     }
     if (n == 0) {
         cs->Error(place, NumberMsg.HexEmpty);
-        return -3;
+        return false;
     }
     if (n < HexDigits) {
         cs->Error(place, n == 1 ? NumberMsg.HexOneDigit : NumberMsg.HexTooShort, {text, n});
-        return -4;
+        return false;
     }
-    return 0;
+    return true;
 }
 
 template <class Ch> int HexStrToIntG(View<Ch> text, int line, int k) {

@@ -14,12 +14,12 @@ inline constexpr int WordMin = -32768;
 inline constexpr int WordMax = 32767;
 inline constexpr int AddressMax = 65535;
 
-// 0 if the text is a decimal number, -1 with an Error.
-template <class Ch> int CkDecConstG(View<Ch> text, int line, int k);
+// Whether the text is a decimal number; if not, with an Error.
+template <class Ch> bool CkDecConstG(View<Ch> text, int line, int k);
 // The value, with a Warning outside -32768 to 32767. A longer number gives 2147483647 or -2147483648.
 template <class Ch> int DecStrToIntG(View<Ch> text, int line, int k);
-// 0 if the text is "#" and four hexadecimal digits, -1 to -4 with an Error.
-template <class Ch> int CkHexConstG(View<Ch> text, int line, int k);
+// Whether the text is "#" and four hexadecimal digits; if not, with an Error.
+template <class Ch> bool CkHexConstG(View<Ch> text, int line, int k);
 // The value of the leading digits behind "#", held to 32 bits. An Error when the number ends before the text does.
 template <class Ch> int HexStrToIntG(View<Ch> text, int line, int k);
 // The number of characters of a character constant, given with its apostrophes; 0 for any other text.

@@ -16,61 +16,44 @@ const Msg& NthOperandExpected(int n) {
     return n == 2 ? RegisterMsg.SecondOperandExpected : RegisterMsg.AnotherOperandExpected;
 }
 
-int Refuse(int line, const Msg& msg, Args args) {
-    cs->Error(line, msg, args);
-    return 1;
-}
-
-template <class Ch> int AnalystIndexReg(int line, int n) {
+template <class Ch> void AnalystIndexReg(int line, int n) {
     const View<Ch> s = Oprnd<Ch>(line, n);
-    const auto before = cs->ErrorKazu;
     if (Is(s, "GR0")) cs->Error(line, RegisterMsg.IndexIsGR0);
     if (s.size() == 3 && BeginsWithGR89(s)) cs->Error(line, RegisterMsg.IndexIsGR89);
     if (IsDigit(At(s, 0))) cs->Error(line, RegisterMsg.IndexFirstDigit, {s});
     if (CkSmallMozi(s) > 0) cs->Error(line, RegisterMsg.IndexSmallLetter, {s});
-    return cs->ErrorKazu - before;
 }
 
-template <class Ch> int RefuseIndex(int line, int n) {
+template <class Ch> void RefuseIndex(int line, int n) {
     const View<Ch> s = Oprnd<Ch>(line, n);
     cs->Error(line, RegisterMsg.NoExactIndex, {s});
     if (modeFlags->Pipe->regXDoubleComma && s.front() == Ch(',')) cs->Error(line, RegisterMsg.DoubleComma, {s});
     AnalystZenKSpace20(s, line);
     AnalystIndexReg<Ch>(line, n);
-    return 1;
 }
 
 // Puts the index register into the first word. GR0 is none; what stands behind the register is dropped.
-template <class Ch> int TakeIndex(int line, int n) {
+template <class Ch> void TakeIndex(int line, int n) {
     SrcData<Ch>& src = LineAt<Ch>(line);
     const View<Ch> s = Oprnd<Ch>(line, n);
     const bool comma = At(s, 3) == Ch(',');
     Oprnd<Ch>(line, n) = s.substr(0, 3);
     const int digit = RegisterDigit(s.substr(0, 3));
-    if (digit == 0) return Refuse(line, RegisterMsg.IndexGR0, {});
+    if (digit == 0) {
+        cs->Error(line, RegisterMsg.IndexGR0);
+        return;
+    }
     if (comma) cs->Warning(line, RegisterMsg.CommaBehindIndex);
     Oprnd<Ch>(line, n + 1) = {};
     src.first_word |= digit;
     src.word_kazu = 2;
-    return 0;
 }
 
-// Why a word is no register, or no index register. The number of faults found.
-template <class Ch> int AnalystRegMozi(View<Ch> text, int line) {
-    int faults = 0;
-    if (BeginsWithGR89(text)) {
-        Explain(Severity::Error, line, RegisterMsg.NoSuchRegister);
-        ++faults;
-    }
-    if (IsDigit(At(text, 0))) {
-        cs->Error(line, RegisterMsg.RegisterFirstDigit, {text});
-        ++faults;
-    }
-    if (CkSmallMozi(text) > 0) {
-        cs->Error(line, RegisterMsg.RegisterSmallLetter, {text});
-        ++faults;
-    }
-    return faults;
+// Why a word is no register.
+template <class Ch> void AnalystRegMozi(View<Ch> text, int line) {
+    if (BeginsWithGR89(text)) Explain(Severity::Error, line, RegisterMsg.NoSuchRegister);
+    if (IsDigit(At(text, 0))) cs->Error(line, RegisterMsg.RegisterFirstDigit, {text});
+    if (CkSmallMozi(text) > 0) cs->Error(line, RegisterMsg.RegisterSmallLetter, {text});
 }
 
 // Whether operand 1 is a register name, with or without a comma; an Error if the comma is missing.
@@ -134,25 +117,25 @@ template <class Ch> bool CkOpTypeOprndOnePop(int line) {
     return false;
 }
 
-template <class Ch> int r2(int line) {
+template <class Ch> bool r2(int line) {
     const View<Ch> s = Oprnd<Ch>(line, 2);
     if (IsRegister(s)) {
         Oprnd<Ch>(line, 4) = {}; // what stands behind a blank is a comment
-        return 0;
+        return true;
     }
     if (!IsRegister(WithoutComma(s))) {
         cs->Error(line, RegisterMsg.BadRegister2, {s});
         AnalystZenKSpace20(s, line);
-        return 1;
+        return false;
     }
     if (Oprnd<Ch>(line, 3).empty()) {
         cs->Warning(line, RegisterMsg.CommaBehindRegister2);
-        return 0;
+        return true;
     }
     Oprnd<Ch>(line, 2) = WithoutComma(s);
     Oprnd<Ch>(line, 3) = {};
     cs->Warning(line, RegisterMsg.TextBehindRegister2);
-    return 0;
+    return true;
 }
 
 template <class Ch> void CkAdrOperand(int line, int n) {
@@ -179,19 +162,20 @@ template <class Ch> void CkAdrOperand(int line, int n) {
     src.second_word = 0;
 }
 
-template <class Ch> int RegX(int line, int n) {
-    SrcData<Ch>& src = LineAt<Ch>(line);
+template <class Ch> void RegX(int line, int n) {
     const View<Ch> s = Oprnd<Ch>(line, n);
     // As CkAdrOperand has seen it behind the address; without an address, as it was seen on an earlier line.
     const bool comma = CommaNextOprnd3("RegX");
-    if (comma && s.empty()) return Refuse(line, RegisterMsg.NoIndexBehindComma, {Oprnd<Ch>(line, n - 1)});
-    if (!comma && !Oprnd<Ch>(line, n + 1).empty()) return Refuse(line, RegisterMsg.NoCommaBeforeIndex, {s});
-    if (s.empty()) {
-        src.word_kazu = 2;
-        return 0;
-    }
-    if (!IsRegisterWordOrComma(s)) return RefuseIndex<Ch>(line, n);
-    return TakeIndex<Ch>(line, n);
+    if (comma && s.empty())
+        cs->Error(line, RegisterMsg.NoIndexBehindComma, {Oprnd<Ch>(line, n - 1)});
+    else if (!comma && !Oprnd<Ch>(line, n + 1).empty())
+        cs->Error(line, RegisterMsg.NoCommaBeforeIndex, {s});
+    else if (s.empty())
+        LineAt<Ch>(line).word_kazu = 2;
+    else if (!IsRegisterWordOrComma(s))
+        RefuseIndex<Ch>(line, n);
+    else
+        TakeIndex<Ch>(line, n);
 }
 
 template <class Ch> void AnalystGR89(int line) {

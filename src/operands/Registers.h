@@ -11,12 +11,12 @@ template <class Ch> bool CkOpTypeOprndOne(int line);
 // `name` is the name of the instruction, `missing` what is said when there is no operand.
 template <class Ch> bool CkOpTypeOprndOneAdr(int line, const Msg& name, const Msg& missing);
 template <class Ch> bool CkOpTypeOprndOnePop(int line);
-// The second register of r1,r2. 0 if it is good, else 1.
-template <class Ch> int r2(int line);
+// The second register of r1,r2. Whether it is good.
+template <class Ch> bool r2(int line);
 // The commas round address operand n. Two words for the line, if they stand right.
 template <class Ch> void CkAdrOperand(int line, int n);
-// The index register, whose place is operand n. 0 if it is good or absent, 1 with an Error.
-template <class Ch> int RegX(int line, int n);
+// The index register, whose place is operand n; it may be absent.
+template <class Ch> void RegX(int line, int n);
 // Warns of GR8 or GR9 as the second operand, where they are labels.
 template <class Ch> void AnalystGR89(int line);
 

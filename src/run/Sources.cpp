@@ -80,7 +80,7 @@ bool Assemble(const Options& options, const std::string& told, const std::string
     po->LastAssembledSrcFilePath = told;
     std::string swallowed;
     console::WriteTo(&swallowed);
-    const bool assembled = ReadSourceBytes(told, &source) == 0 && RunStages(game) && RunLink(game) >= 0;
+    const bool assembled = ReadSourceBytes(told, &source) == 0 && RunStages(game) && RunLink(game);
     console::WriteTo(nullptr);
     return assembled;
 }

@@ -16,32 +16,38 @@ namespace tolvane {
 namespace {
 
 struct Step {
-    int (*run)(int prg);     // a result other than 0 stops the driver
+    bool (*run)(int prg);    // false stops the driver
     bool checkAfter = false; // stop if an Error is counted
 };
 constexpr bool Check = true;
 
+// A pass that refuses nothing, or whose Errors are counted.
+template <auto pass> bool Sweep(int prg) {
+    pass(prg);
+    return true;
+}
+
 constexpr Step Steps[] = {
     {StartEnd<char>},
-    {FindLabels<char>},
+    {Sweep<FindLabels<char>>},
     {op30, Check},
     // the operand edits
     {SearchApostForNonCharConstOP<char>},
     {edit30c<char>},
     {edit50<char>},
     {CkLiteral15<char>},
-    {CkStrConstLiteral<char>},
-    {TrimZenOprndComOfFile<char>},
-    {TrimOprndCom<char>},
-    {CopyOprndComStrToChH<char>},
-    {operand20m15<char>},
+    {Sweep<CkStrConstLiteral<char>>},
+    {Sweep<TrimZenOprndComOfFile<char>>},
+    {Sweep<TrimOprndCom<char>>},
+    {Sweep<CopyOprndComStrToChH<char>>},
+    {Sweep<operand20m15<char>>},
     {ExtractAllOprnds<char>},
     {OpCk<char>, Check},
     // the DC and DS lines
     {dcds10},
     {dcds30},
     {dcdsWordKazu40, Check},
-    {dcdsMemoryIn30, Check},
+    {Sweep<dcdsMemoryIn30>, Check},
     // addresses
     {AdrCk3},
     {CkMaxMemory},
@@ -49,7 +55,7 @@ constexpr Step Steps[] = {
 
 bool RunSteps(int prg) {
     for (const Step& step : Steps)
-        if (step.run(prg) != 0 || (step.checkAfter && ErrorSum() > 0)) return false;
+        if (!step.run(prg) || (step.checkAfter && ErrorSum() > 0)) return false;
     return true;
 }
 
@@ -60,7 +66,7 @@ void AnalyseArrayLines() {
         if (!RunSteps(prg)) return;
     if (ErrorSum() > 0) return;
     for (int prg = 0; prg < b->GetPrgKazuInFile(); ++prg)
-        if (SetMemory25(prg) < 0) return;
+        if (!SetMemory25(prg)) return;
 }
 
 } // namespace tolvane

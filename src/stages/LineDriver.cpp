@@ -25,7 +25,7 @@ template <class Ch> void SetMryInAtDsAndDc(int prg) {
     SetMryInAtDC<Ch>(prg);
 }
 
-// A pass that the array driver has as well: there its result stops the driver, here the count of Errors alone does.
+// A pass whose result stops the array driver; here the count of Errors alone stops.
 template <auto pass> void Shared(int prg) {
     pass(prg);
 }
@@ -33,18 +33,18 @@ template <auto pass> void Shared(int prg) {
 // The passes of a program. Each reads what those above it have written and may rely on their checks.
 template <class Ch>
 constexpr void (*Passes[])(int prg) = {
-    Shared<FindLabels<Ch>>,
+    FindLabels<Ch>,
     SplitFields<Ch>,
     CkOpStr<Ch>,
     Shared<SearchApostForNonCharConstOP<Ch>>,
     Shared<edit30c<Ch>>,
     Shared<edit50<Ch>>,
     Shared<CkLiteral15<Ch>>,
-    Shared<CkStrConstLiteral<Ch>>,
-    Shared<TrimZenOprndComOfFile<Ch>>,
-    Shared<TrimOprndCom<Ch>>,
-    Shared<CopyOprndComStrToChH<Ch>>,
-    Shared<operand20m15<Ch>>,
+    CkStrConstLiteral<Ch>,
+    TrimZenOprndComOfFile<Ch>,
+    TrimOprndCom<Ch>,
+    CopyOprndComStrToChH<Ch>,
+    operand20m15<Ch>,
     Shared<ExtractAllOprnds<Ch>>,
     CkCommasIfAsked<Ch>,
     Shared<OpCk<Ch>>,

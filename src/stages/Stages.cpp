@@ -71,18 +71,18 @@ bool RunStages(TMsgBase& game) {
     return modeFlags->Pipe->text == TextKind::Wide ? RunStagesOf<char16_t>(game) : RunStagesOf<char>(game);
 }
 
-int RunLink(TMsgBase& game) {
+bool RunLink(TMsgBase& game) {
     const Pipeline& pipeline = *modeFlags->Pipe;
-    const int result = pipeline.analysis == Analysis::Tables ? Link2()
-                       : pipeline.text == TextKind::Wide     ? Link31<char16_t>()
-                                                             : Link31<char>();
+    const bool good = pipeline.analysis == Analysis::Tables ? Link2()
+                      : pipeline.text == TextKind::Wide     ? Link31<char16_t>()
+                                                            : Link31<char>();
     SumMsgKazu(game);
-    if (result < 0) return result;
+    if (!good) return false;
     if (pipeline.dumpsLabelSpace) {
         cs->CountLabels();
         labelSpace->CopyLabel();
     }
-    return result;
+    return true;
 }
 
 } // namespace tolvane

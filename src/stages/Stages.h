@@ -14,7 +14,7 @@ void BeginAssembly(TMsgBase& game, const Pipeline& pipeline, int language);
 // Empties the machine, passes the source through the stages of the pipeline and sums the counters into `game`. False
 // when a stage stopped the assembly.
 bool RunStages(TMsgBase& game);
-// The link of the pipeline, which fills the machine's memory, and the sum of the counters. 0, or a negative value.
-int RunLink(TMsgBase& game);
+// The link of the pipeline, which fills the machine's memory, and the sum of the counters. False with an Error.
+bool RunLink(TMsgBase& game);
 
 } // namespace tolvane

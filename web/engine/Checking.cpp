@@ -163,7 +163,7 @@ bool Assemble(const std::string& source, const std::string& pipeline, int langua
     console::WriteTo(&swallowed);
     BeginAssembly(sums, named != nullptr ? *named : DefaultPipeline(), language);
     const std::string bytes = std::string(Utf8Mark) + source;
-    const bool good = ReadSourceBytes(SourceName, &bytes) == 0 && RunStages(sums) && RunLink(sums) >= 0;
+    const bool good = ReadSourceBytes(SourceName, &bytes) == 0 && RunStages(sums) && RunLink(sums);
     console::WriteTo(nullptr);
     return good;
 }
