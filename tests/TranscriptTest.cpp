@@ -166,7 +166,8 @@ private:
     // its time shows.
     void Run(const std::string& encoding, std::string& body) {
         CheckFolder();
-        const fs::file_time_type old;
+        using namespace std::chrono;
+        const auto old = floor<seconds>(fs::file_time_type::clock::now()) - hours(24);
         for (const std::string& name : DumpNames)
             if (known.count(name) != 0) fs::last_write_time(work / name, old);
         call.program = (ProgramFolder() / "tolvane").string();

@@ -151,7 +151,7 @@ TEST_F(Trust, FilesOfAnySizeAreReadOrRefused) {
     EXPECT_TRUE(IsRefused("huge", InputMsg.TooLargeFile));
 
     const std::string pages = ReadFile("/proc/self/statm");
-    const std::size_t used = std::strtoull(pages.c_str(), nullptr, 10);
+    const rlim_t used = std::strtoull(pages.c_str(), nullptr, 10);
     if (used == 0 || used >> 28 != 0) GTEST_SKIP() << "address space cannot be limited here";
     WriteFile("lines", std::string(16 << 20, '\n')); // small itself, but not its records
     fs::resize_file("huge", 256 << 20);
