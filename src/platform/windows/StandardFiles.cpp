@@ -97,7 +97,8 @@ template <UINT (*Page)()> const CharacterCode& CodeOf(DWORD which) {
 }
 
 Loss LossOf(DWORD number) {
-    return {SystemMessage(number), number == ERROR_NO_DATA || number == ERROR_BROKEN_PIPE};
+    const bool isGone = number == ERROR_NO_DATA || number == ERROR_BROKEN_PIPE || number == ERROR_PIPE_NOT_CONNECTED;
+    return {SystemMessage(number), isGone};
 }
 
 std::optional<Loss> WriteToConsole(HANDLE console, std::string_view utf8) {
