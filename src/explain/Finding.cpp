@@ -17,7 +17,11 @@ constexpr Wording Wordings[] = {WordingNWW, WordingWP, WordingNA, WordingAP, Wor
 constexpr std::size_t ShortestPasted = 8;     // bytes of a row's own words
 constexpr std::size_t LongestSearched = 1000; // bytes of a text; a longer one, the help, has every word
 constexpr std::size_t MostNear = 3;
-constexpr char Gap = '\1'; // stands for an argument in the folded text of a row
+constexpr std::size_t MostWords = 200;                // of what was asked
+constexpr std::size_t LongestNear = 60;               // bytes of a word that may be near to another
+constexpr std::size_t ShortestInside = 6;             // bytes of a key that is found inside a word, two characters
+constexpr const char* PrintedLines = "printed-lines"; // the entry of lines with addresses
+constexpr char Gap = '\1';                            // stands for an argument in the folded text of a row
 
 // What the program puts in front of a text.
 constexpr std::string_view HeadsOfDiagnostics[] = {": error:", ": warning:", ": note:", ": memo:"};
@@ -75,9 +79,13 @@ Words WordsOf(const std::string& folded) {
 
 // --- A printed line
 
+std::string_view WithoutName(std::string_view line) {
+    return line.substr(line.starts_with(NameOfProgram) ? NameOfProgram.size() : 0);
+}
+
 // "ex1.txt:3: error: " and "tolvane-run: " at the front of a line are the program's, not the message's.
 std::string_view WithoutHead(std::string_view line) {
-    if (line.starts_with(NameOfProgram)) return line.substr(NameOfProgram.size());
+    if (line.starts_with(NameOfProgram)) return WithoutName(line);
     for (const std::string_view head : HeadsOfDiagnostics)
         if (const std::size_t at = line.find(head); at != std::string_view::npos) return line.substr(at + head.size());
     return line;
@@ -123,8 +131,13 @@ std::vector<Words> LinesOf(std::string_view text) {
     std::vector<Words> lines;
     if (!text.ends_with("{body}")) text = tolvane::WithoutHead(text); // "Linker Error:" is nothing but a head
     while (!text.empty())
-        lines.push_back(PiecesOf(TakeLine(text)));
+        lines.push_back(PiecesOf(WithoutName(TakeLine(text))));
     return lines;
+}
+
+// Whether the pasted text begins with the one word of a line, as "typed:" does.
+bool IsNamedBy(const Words& pieces, const std::string& pasted) {
+    return pieces.size() == 1 && pasted.starts_with(pieces[0] + ":");
 }
 
 // The bytes of a line's own words if the pasted text has all of them in their order, else 0.
@@ -137,7 +150,7 @@ std::size_t ScoreOfLine(const Words& pieces, const std::string& pasted) {
         from += piece.size();
         score += piece.size();
     }
-    return score < ShortestPasted ? 0 : score;
+    return score < ShortestPasted && !IsNamedBy(pieces, pasted) ? 0 : score;
 }
 
 // --- Words
@@ -186,10 +199,12 @@ struct Searched {
         return best;
     }
 
+    bool HasKey(const std::string& word) const { return std::find(keys.begin(), keys.end(), word) != keys.end(); }
+
     // A key in Japanese may stand anywhere in what was asked, which has no blanks between its words.
-    bool HasKey(const std::string& word) const {
+    bool HasKeyInside(const std::string& word) const {
         return std::any_of(keys.begin(), keys.end(), [&word](const std::string& key) {
-            return key == word || (!IsAscii(key) && word.find(key) != std::string::npos);
+            return !IsAscii(key) && key.size() >= ShortestInside && word.find(key) != std::string::npos;
         });
     }
 
@@ -197,7 +212,8 @@ struct Searched {
     std::size_t Score(const std::string& word) const {
         const auto has = [&word](const std::string& text) { return HasWord(text, word); };
         if (id == word) return 8;
-        if (HasKey(word)) return 4;
+        if (HasKey(word)) return 5;
+        if (HasKeyInside(word)) return 4;
         if (has(titles)) return 2;
         return std::any_of(texts.begin(), texts.end(), has) ? 1 : 0;
     }
@@ -233,13 +249,15 @@ Words Asked(const std::string& folded) {
     std::copy_if(all.begin(), all.end(), std::back_inserter(words), [](const std::string& word) {
         return std::find(std::begin(LittleWords), std::end(LittleWords), word) == std::end(LittleWords);
     });
-    return words.empty() ? all : words;
+    if (words.empty()) words = all;
+    words.resize(std::min(words.size(), MostWords));
+    return words;
 }
 
 // --- What is near
 
 std::multiset<std::string> PairsOf(const std::string& word) {
-    const TextW wide = WideUtf8Lossy(" " + word + " ");
+    const TextW wide = WideUtf8Lossy(" " + word.substr(0, LongestNear) + " ");
     std::multiset<std::string> pairs;
     for (std::size_t i = 0; i + 1 < wide.size(); ++i)
         pairs.insert(Utf8(ViewW(wide).substr(i, 2)));
@@ -309,13 +327,32 @@ Found FindWords(const Words& words) {
     return FoundIn(scored);
 }
 
-// A line of the trace or of the list of words, or the place of a stop: its instruction.
-Found FindInstruction(std::string text) {
+// A key of several words.
+Found FindKey(const std::string& key) {
+    return FoundIn(ScoredEntries([&key](const Searched& searched) {
+        return Scored{searched.entry, searched.HasKey(key) ? 1U : 0U, 1};
+    }));
+}
+
+// "#000B", as it stands in the lines of the trace, of the list of words and of registers.
+bool HasAddress(const std::string& text) {
+    constexpr std::size_t digits = 4;
+    for (std::size_t at = text.find('#'); at != std::string::npos; at = text.find('#', at + 1)) {
+        const ViewA behind = ViewA(text).substr(at + 1, digits);
+        if (behind.size() == digits && std::all_of(behind.begin(), behind.end(), IsHexDigit<char>)) return true;
+    }
+    return false;
+}
+
+// A line of the trace or of the list of words, or the place of a stop: its instruction; without one what such lines
+// say.
+Found FindInstruction(const std::string& text) {
+    std::string capitals = text;
     std::replace_if(
-        text.begin(), text.end(), [](char c) { return !IsUpper(c); }, ' ');
-    for (const std::string& word : WordsOf(text))
+        capitals.begin(), capitals.end(), [](char c) { return !IsUpper(c); }, ' ');
+    for (const std::string& word : WordsOf(capitals))
         if (FindOpcode<char>(ViewA(word), true) != nullptr) return FindWords({Folded(word)});
-    return {};
+    return HasAddress(text) ? FindWords({PrintedLines}) : Found();
 }
 
 Found FindNear(const Words& words) {
@@ -334,6 +371,7 @@ Found Find(std::string_view text) {
     const std::string body = WithoutHeads(text);
     const Words words = Asked(Folded(body));
     Found found = FindPasted(body);
+    if (found.equals == 0 && words.size() > 1) found = FindKey(Tight(body));
     if (found.equals == 0) found = FindWords(words);
     if (found.equals == 0) found = FindWords({Tight(body)});
     if (found.equals == 0) found = FindInstruction(body);

@@ -6,6 +6,7 @@
 #include "run/Errors.h"
 #include "run/Options.h"
 #include "run/RunMsgs.h"
+#include "text/Text.h"
 
 #include <algorithm>
 #include <string_view>
@@ -44,7 +45,7 @@ int SayNearest(const std::string& words, const explain::Found& found) {
 } // namespace
 
 int Explain(const std::string& words) {
-    if (words.empty()) return ListAll();
+    if (TrimBlank(ViewA(words)).empty()) return ListAll();
     const explain::Found found = explain::Find(words);
     if (found.equals == 0) return SayNearest(words, found);
     const std::size_t whole = std::min(found.equals, MostEntries);

@@ -84,9 +84,21 @@ TEST(Explain, TheWordsOfAPersonLeadToAnEntry) {
         {"a.txt:9: note: ST writes over an instruction: #0016 SUB: PUSH 0,GR1. A word for data is made by DS or DC.",
          "store-into-instruction"},
         {"tolvane-run: no file is given (see --help)", "options"},
+        {"tolvane-run: --check と --trace は同時に使えない（--help を参照）", "options"},
+        {"tolvane-run: the output cannot be written: No space left on device", "cannot-be-written"},
+        {"a.txt: error: 出力の 3 行目が期待と異なる。", "grading"},
+        {"   typed:    \"q\"", "grading"},
+        {"入力: \"q\"", "grading"},
+        {"  #0005 X: #FF00", "printed-lines"},
+        {"GR0=#0000 GR1=#0005", "printed-lines"},
+        {"命令数: 4", "printed-lines"},
+        {"スタックオーバーフロー", "stack-overflow"},
+        {"オーバフロー", "overflow"},
+        {"END がない", "LinesMsg.NoEndLetters"},
     };
     for (const auto& [words, id] : asked)
         EXPECT_EQ(Best(words).count(id), 1U) << words;
+    EXPECT_EQ(explain::Find("2の補数").equals, 0U);
     const explain::Found near = explain::Find("duplicte labl");
     EXPECT_EQ(near.equals, 0U);
     ASSERT_EQ(near.entries.size(), 3U);
