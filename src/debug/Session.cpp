@@ -37,7 +37,9 @@ std::vector<std::string> Split(const std::string& line) {
 }
 
 void Print(const std::string& line) {
-    console::Write(line + "\n");
+    std::string shown;
+    AppendVisibly(shown, line);
+    console::Write(shown + "\n");
 }
 
 Way WayOf(const std::vector<std::string>& words) {

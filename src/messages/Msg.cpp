@@ -141,10 +141,15 @@ Arg::Arg(ViewW wide) : text(Utf8(wide)) {}
 Arg::Arg(ViewA shiftJis) : text(Utf8From932(shiftJis)) {}
 
 void AppendVisibly(std::string& out, std::string_view text) {
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if ((byte >= 0x20 && byte != 0x7F) || c == '\t') {
-            out += c;
+    constexpr unsigned char LeadOfC1 = 0xC2; // U+0080 to U+009F, each of which stands for ESC and a letter
+    const auto byteAt = [text](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0; };
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const int byte = byteAt(i);
+        if (byte == LeadOfC1 && 0x80 <= byteAt(i + 1) && byteAt(i + 1) < 0xA0) {
+            out += "^[";
+            out += static_cast<char>(byteAt(++i) - 0x40);
+        } else if ((byte >= 0x20 && byte != 0x7F) || byte == '\t') {
+            out += text[i];
         } else {
             out += '^';
             out += static_cast<char>(byte ^ 0x40);

@@ -134,7 +134,7 @@ struct Filling {
     bool headless = false;    // without heads: of them the constant's number alone is left
 };
 // Appends a text of a source or a name, which must not move the cursor of a terminal or worse: control characters but
-// the tab as "^X".
+// the tab as "^X", those of ISO 6429 as "^[X".
 void AppendVisibly(std::string& out, std::string_view text);
 // What stands behind the head that a row's text spells out.
 std::string_view WithoutHead(std::string_view text);

@@ -2,6 +2,7 @@
 
 #include "platform/Signals.h"
 #include "platform/StandardFiles.h"
+#include "text/Convert.h"
 
 #include <algorithm>
 #include <array>
@@ -55,6 +56,18 @@ public:
     int Next() {
         if (position == filled && !Fill()) return -1;
         return static_cast<unsigned char>(block[position++]);
+    }
+
+    // Waits for no more bytes than it has to.
+    void SkipMark() {
+        if (position == filled && !Fill()) return;
+        const auto rest = [this] { return std::string_view(block.data() + position, filled - position); };
+        while (position == 0 && rest().size() < Utf8Mark.size() && Utf8Mark.starts_with(rest())) {
+            const std::size_t more = ReadInput(block.data() + filled, block.size() - filled);
+            if (more == 0) return;
+            filled += more;
+        }
+        if (rest().starts_with(Utf8Mark)) position += Utf8Mark.size();
     }
 
 private:
@@ -161,6 +174,10 @@ bool IsErrorLost() {
 
 void WriteTo(std::string* text) {
     TheOutput().instead = text;
+}
+
+void SkipMark() {
+    TheInput().SkipMark();
 }
 
 int ReadByte() {

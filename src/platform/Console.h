@@ -41,6 +41,9 @@ std::string_view UsersMark();
 // the input, or when a signal stops the simulated program that reads; a last line without its line end is a line.
 std::optional<std::string> ReadLine(std::size_t limit);
 
+// Passes over a mark of UTF-8, in whatever code the console is. For the front of the input.
+void SkipMark();
+
 // The next byte of the input, for an editor of lines; -1 where ReadLine has nothing. What is buffered goes to both.
 int ReadByte();
 bool InputIsUtf8();

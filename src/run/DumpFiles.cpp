@@ -42,14 +42,16 @@ bool IsThere(const fs::path& path) {
 }
 
 // The source's name without its suffix; with it where that is none of a source, or where another source beside it
-// differs in the suffix alone.
+// differs in the suffix alone. One that has none then is told apart from what the other one may have been called before.
 std::string NameOf(const fs::path& path) {
     const std::string whole = path.filename().string();
     const std::string stem = path.stem().string();
-    bool isKnown = stem != StandardInputName;
+    bool isAlone = stem != StandardInputName;
     for (const std::string suffix : SourceSuffixes)
-        if (stem + suffix != whole && IsThere(path.parent_path() / (stem + suffix))) isKnown = false;
-    return isKnown && std::count(SourceSuffixes.begin(), SourceSuffixes.end(), path.extension()) > 0 ? stem : whole;
+        if (stem + suffix != whole && IsThere(path.parent_path() / (stem + suffix))) isAlone = false;
+    const bool isKnown = std::count(SourceSuffixes.begin(), SourceSuffixes.end(), path.extension()) > 0;
+    if (isKnown && isAlone) return PartBelow(stem);
+    return whole == stem && !isAlone ? "_" + whole : PartBelow(whole);
 }
 
 // The path below the folder, without the dump's own suffix.
@@ -59,7 +61,15 @@ fs::path PathBelow(const std::string& source) {
     fs::path below = path.has_root_directory() ? RootBelow(path) : "";
     for (const fs::path& part : path.relative_path().parent_path())
         if (part != ".") below /= PartBelow(part.string());
-    return below / PartBelow(NameOf(path));
+    return below / NameOf(path);
+}
+
+// Whether a dump would take the place of a source of this call.
+bool IsSource(const Options& options, const fs::path& place) {
+    std::error_code error;
+    return std::any_of(options.files.begin(), options.files.end(), [&](const std::string& file) {
+        return file != StandardInput && fs::equivalent(place, platform::SystemPath(file), error);
+    });
 }
 
 std::string DumpPath(const std::string& folder, const std::string& source, Dumped dumped) {
@@ -68,21 +78,24 @@ std::string DumpPath(const std::string& folder, const std::string& source, Dumpe
 
 } // namespace
 
-int WriteDump(const std::string& folder, const std::string& source, Dumped dumped) {
-    const std::string path = DumpPath(folder, source, dumped);
+int WriteDump(const Options& options, const std::string& source, Dumped dumped) {
+    const std::string path = DumpPath(*options.dump, source, dumped);
     const fs::path place(platform::SystemPath(path));
     std::error_code error;
     fs::create_directories(place.parent_path(), error); // what fails here fails once more below
-    const auto failure = WriteDumpFile(*comet2, path, place.filename().string());
+    const auto failure = IsSource(options, place) ? TextOf(RunMsg.IsASource)
+                                                  : WriteDumpFile(*comet2, path, place.filename().string());
     if (!failure) return AllEnded;
     PrintDiagnostic(path, -1, Severity::Error, {TextOf(RunMsg.NotWritten, {Utf8Arg{*failure}})});
     return WrongUse;
 }
 
-void RemoveDumps(const std::string& folder, const std::string& source) {
+void RemoveDumps(const Options& options, const std::string& source) {
     std::error_code error;
-    for (const Dumped dumped : {Dumped::Assembled, Dumped::Result})
-        fs::remove(platform::SystemPath(DumpPath(folder, source, dumped)), error);
+    for (const Dumped dumped : {Dumped::Assembled, Dumped::Result}) {
+        const fs::path place(platform::SystemPath(DumpPath(*options.dump, source, dumped)));
+        if (!IsSource(options, place)) fs::remove(place, error);
+    }
 }
 
 } // namespace tolvane::run

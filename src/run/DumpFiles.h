@@ -3,15 +3,18 @@
 //
 //   anna/ex1.txt -> DIR/anna/ex1.assembled.txt, DIR/anna/ex1.result.txt
 
+#include "run/Options.h"
+
 #include <string>
 
 namespace tolvane::run {
 
 enum class Dumped { Assembled, Result };
 
-// Writes a dump of the machine as it stands; the exit status.
-int WriteDump(const std::string& folder, const std::string& source, Dumped dumped);
+// Writes a dump of the machine as it stands into the folder that the options name; the exit status. A source of the
+// call is not written over.
+int WriteDump(const Options& options, const std::string& source, Dumped dumped);
 // Removes both dumps of the source that an earlier call has left.
-void RemoveDumps(const std::string& folder, const std::string& source);
+void RemoveDumps(const Options& options, const std::string& source);
 
 } // namespace tolvane::run

@@ -14,6 +14,7 @@
 #include "text/Convert.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
 #include <sstream>
 
@@ -61,13 +62,30 @@ std::string NameOfCase(const std::string& folder, const char* kind, int number) 
     return folder + "/" + kind + "-" + std::to_string(number) + ".txt";
 }
 
-std::vector<Case> ReadCases(const std::string& folder) {
+// The bytes of a file that has to do with a case; nothing, and it is told, if it cannot be read.
+std::optional<std::string> ReadOfCase(const std::string& name) {
+    platform::Once once = ReadInput(name);
+    if (once.end == platform::Once::End::Read) return std::move(once.bytes);
+    const std::string why = WhyNotRead(once);
+    PrintDiagnostic(name, -1, Severity::Error, {TextOf(RunMsg.NotRead, {Utf8Arg{why}})});
+    return std::nullopt;
+}
+
+bool IsThere(const std::string& name) {
+    std::error_code error;
+    return std::filesystem::exists(platform::SystemPath(name), error);
+}
+
+// All cases of a folder; nothing if one of them cannot be read.
+std::optional<std::vector<Case>> ReadCases(const std::string& folder) {
     std::vector<Case> cases;
     for (int n = 1;; ++n) {
-        const auto input = platform::ReadFile(NameOfCase(folder, "input", n));
-        const auto expected = platform::ReadFile(NameOfCase(folder, "output", n));
-        if (!input || !expected) return cases;
-        cases.push_back({n, *input, AsExpected(*expected)});
+        const std::string names[] = {NameOfCase(folder, "input", n), NameOfCase(folder, "output", n)};
+        if (!IsThere(names[0]) || !IsThere(names[1])) return cases;
+        auto input = ReadOfCase(names[0]);
+        const auto expected = input ? ReadOfCase(names[1]) : std::nullopt;
+        if (!expected) return std::nullopt;
+        cases.push_back({n, std::move(*input), AsExpected(*expected)});
     }
 }
 
@@ -234,7 +252,9 @@ bool LabelsAreThere(const Rules& rules) {
 } // namespace
 
 int Grade(const Options& options, const std::string& told, const std::string& source) {
-    const std::vector<Case> cases = ReadCases(*options.grade);
+    const auto read = ReadCases(*options.grade);
+    if (!read) return WrongUse;
+    const std::vector<Case>& cases = *read;
     if (cases.empty()) {
         const std::string why = TextOf(GradeMsg.NoCases, {Utf8Arg{*options.grade}});
         WriteErr(TextOf(RunMsg.UseError, {Utf8Arg{why}}));

@@ -73,6 +73,7 @@ struct RunCatalogue {
     // About a file, behind its name
     Msg NotRead{"The file cannot be read: {0}", "ファイルを読めない: {0}"};
     Msg NotWritten{"The file cannot be written: {0}", "ファイルに書けない: {0}"};
+    Msg IsASource{"it is a source", "ソースである"};
     Msg TooLarge{"it has {0} bytes, more than 64 MB", "{0} バイトあり、64 MB を超えている"};
     Msg TooLong{"it has more than 64 MB", "64 MB を超えている"};
     Msg MemoryEnded{"tolvane-run: out of memory\n", "tolvane-run: メモリ不足\n"};

@@ -65,11 +65,10 @@ void WriteOut(void* context, const std::string& line) {
 
 // A line of the standard input; a mark of UTF-8 at its front is no character.
 std::optional<MachineIo::Line> ReadTyped(bool isFirst, std::size_t limit) {
+    if (isFirst) console::SkipMark();
     std::optional<std::string> line = console::ReadLine(limit);
     if (!line) return std::nullopt;
-    const std::size_t mark = isFirst ? line->size() - WithoutUtf8Mark(*line).size() : 0;
-    const std::size_t valid = console::LastLineValidLength();
-    return MachineIo::Line{line->substr(mark), valid - std::min(valid, mark)};
+    return MachineIo::Line{std::move(*line), console::LastLineValidLength()};
 }
 
 std::optional<MachineIo::Line> NextLine(Streams& streams, std::size_t limit) {

@@ -41,7 +41,7 @@ int AssembleAndRun(const Options& options, const std::string& file, const std::s
     const bool assembled = Assemble(options, told, source);
     PrintRecords(told, source, assembled);
     if (!assembled) {
-        if (options.dump) RemoveDumps(*options.dump, file);
+        if (options.dump) RemoveDumps(options, file);
         return SourceErrors;
     }
     const image::LinkedImage image;
@@ -49,7 +49,7 @@ int AssembleAndRun(const Options& options, const std::string& file, const std::s
         for (const hints::Hint& hint : hints::HintsOf(image))
             PrintDiagnostic(told, hint.line, Severity::Note, {hint.text});
     if (options.words) WriteErr(image::ListedWords(image));
-    const auto dump = [&](Dumped dumped) { return options.dump ? WriteDump(*options.dump, file, dumped) : AllEnded; };
+    const auto dump = [&](Dumped dumped) { return options.dump ? WriteDump(options, file, dumped) : AllEnded; };
     const int dumped = dump(Dumped::Assembled);
     if (options.check) return std::max(dumped, WarningStatus(options));
     const bool inputIsFree =

@@ -16,6 +16,7 @@ namespace tolvane::console {
 namespace {
 
 bool outputIsClosed = false; // since the program's start
+bool errorIsClosed = false;
 bool isStuck = false;        // a reader has kept the program waiting behind a signal
 
 const CharacterCode& ConsoleCode() {
@@ -73,6 +74,7 @@ void OpenStandardFiles() {
         std::signal(signal, SIG_IGN);
     // A file that is opened later must not get the number of a closed standard file.
     outputIsClosed = fcntl(STDOUT_FILENO, F_GETFD) < 0;
+    errorIsClosed = fcntl(STDERR_FILENO, F_GETFD) < 0;
     int file = STDIN_FILENO;
     while (0 <= file && file <= STDERR_FILENO)
         file = open("/dev/null", O_RDWR);
@@ -117,6 +119,7 @@ std::optional<Loss> WriteOutput(std::string_view bytes) {
 }
 
 std::optional<Loss> WriteErrorOutput(std::string_view bytes) {
+    if (errorIsClosed && !bytes.empty()) return LossOf(EBADF);
     return WriteAll(STDERR_FILENO, bytes);
 }
 
