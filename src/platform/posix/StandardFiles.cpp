@@ -17,7 +17,7 @@ namespace {
 
 bool outputIsClosed = false; // since the program's start
 bool errorIsClosed = false;
-bool isStuck = false;        // a reader has kept the program waiting behind a signal
+bool isStuck = false; // a reader has kept the program waiting behind a signal
 
 const CharacterCode& ConsoleCode() {
     static const CharacterCode* const code = CodeOfLocale();
