@@ -10,6 +10,7 @@ namespace tolvane::tests {
 
 namespace {
 
+using namespace std::string_literals;
 using platform::IniFile;
 
 constexpr const char* File = "tolvane_Win.ini";
@@ -103,6 +104,9 @@ TEST_F(Settings, KeepsLinksRightsAndUnreadableThings) {
 
     PutLang("E", ".");
     PutLang("E", "no/such.ini");
+    IniFile unread(File + "/below.ini"s); // below a file there is nothing to be read or written
+    unread.PutStr("Mode", "Lang", "E");
+    EXPECT_FALSE(unread.Write().has_value());
     WriteFile(".tolvane-1-2.tmp", "of a program that was killed");
     IniFile{"tolvane.ini"};
     EXPECT_EQ(Things(), 3) << "left over";
