@@ -14,7 +14,7 @@ const source = join(mkdtempSync(join(tmpdir(), 'tolvane-bench-')), 'loop.txt');
 writeFileSync(source, endless);
 const native = (limit) => {
   const begun = performance.now();
-  spawnSync(process.env.TOLVANE_RUN ?? join(root, 'build-web/native/tolvane-run'), ['-n', String(limit), source]);
+  spawnSync(process.env.TOLVANE_RUN ?? join(root, 'build/tolvane-run'), ['-n', String(limit), source]);
   return performance.now() - begun;
 };
 const nativeSpeed = 5e8 / 1e3 / (native(5e8) - native(1));
