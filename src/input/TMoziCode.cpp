@@ -71,26 +71,24 @@ std::string TMoziCode::DetBOM_MzC(const std::string& path, const std::string* by
     return {};
 }
 
-int TMoziCode::Det_sjisMzC(const std::string& path, const std::string* bytes) {
+void TMoziCode::Det_sjisMzC(const std::string& path, const std::string* bytes) {
     if (bytes == nullptr) {
         Say(MoziCodeMsg.FailToOpen, {Utf8Arg{path}});
-        return -1;
+        return;
     }
     const Counts counts = CountBytes(*bytes);
     Say(MoziCodeMsg.MoziKazu, {counts.ascii, counts.sjis, counts.non});
     const bool isSjis = counts.non < 1;
     CodePage = isSjis ? 932 : 65001;
     CodeName = isSjis ? "sjis" : "utf-8";
-    return isSjis ? 932 : -1;
 }
 
-int TMoziCode::DetMoziCode(const std::string& path, const std::string* bytes, bool simpleTitle) {
+void TMoziCode::DetMoziCode(const std::string& path, const std::string* bytes, bool simpleTitle) {
     if (DetBOM_MzC(path, bytes).empty() && !simpleTitle) Det_sjisMzC(path, bytes);
     if (simpleTitle)
         Say(MoziCodeMsg.ReadingSimple, {Utf8Arg{path}});
     else
         Say(MoziCodeMsg.Reading, {Utf8Arg{path}, Utf8Arg{CodeName}});
-    return 0;
 }
 
 TextW utf_16_to_shift_jis(ViewA narrow) {

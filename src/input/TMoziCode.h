@@ -15,12 +15,12 @@ public:
     std::string CodeName;      // as it is shown
 
     // Decides the code of a file with these bytes, null if it did not open, and prints the reading line. `simpleTitle`
-    // leaves the counting of bytes out. 0.
-    int DetMoziCode(const std::string& path, const std::string* bytes, bool simpleTitle);
+    // leaves the counting of bytes out.
+    void DetMoziCode(const std::string& path, const std::string* bytes, bool simpleTitle);
     // BomStr; empty if there is no mark or the file did not open.
     std::string DetBOM_MzC(const std::string& path, const std::string* bytes);
-    // 932 for Shift_JIS; -1 for UTF-8 and for a file that did not open.
-    int Det_sjisMzC(const std::string& path, const std::string* bytes);
+    // Shift_JIS or UTF-8, which stays what it was for a file that did not open.
+    void Det_sjisMzC(const std::string& path, const std::string* bytes);
 };
 
 // Code page 932 to wide text, up to the first zero. Never fails.

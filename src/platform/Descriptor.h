@@ -45,9 +45,9 @@ Descriptor OpenToRead(const std::string& path);
 // Opens whatever can be read; below 0, with the system's number for the error, for what cannot.
 Descriptor OpenToReadOnce(const std::string& path);
 // The size that the file's state says.
-std::size_t SizeOf(const Descriptor& file);
+std::uint64_t SizeOf(const Descriptor& file);
 // Whether the machine has as much memory. What it does not have is often promised nevertheless.
-bool FitsInMemory(std::size_t size);
+bool FitsInMemory(std::uint64_t size);
 // Reads at most `size` bytes; how many they are, 0 at the end, nothing on failure.
 std::optional<std::size_t> ReadSome(const Descriptor& file, char* room, std::size_t size);
 // The same, and waits for bytes that are still to come; nothing as well when a signal asks for something.

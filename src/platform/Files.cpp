@@ -93,10 +93,10 @@ ReadResult ReadFile(const std::string& path, std::string& bytes) {
     bytes.clear();
     const Descriptor file = OpenToRead(path);
     if (file.Get() < 0) return ReadResult::NoFile;
-    const std::size_t size = SizeOf(file);
+    const std::uint64_t size = SizeOf(file);
     if (!FitsInMemory(size)) return ReadResult::TooLarge;
     try {
-        const ReadResult result = ReadBytes(file, size, bytes);
+        const ReadResult result = ReadBytes(file, static_cast<std::size_t>(size), bytes);
         if (result != ReadResult::Read) bytes = std::string();
         return result;
     } catch (const std::bad_alloc&) {
@@ -115,7 +115,7 @@ Once ReadOnce(const std::string& path, std::size_t most) {
     console::Flush();
     const Descriptor file = OpenToReadOnce(path);
     if (file.Get() < 0) return {Once::End::Failed, {}, LastFailure(), 0};
-    const std::size_t size = SizeOf(file);
+    const std::uint64_t size = SizeOf(file);
     if (size > most) return {Once::End::TooLarge, {}, {}, size};
     return ReadWithinMemory([&file](char* room, std::size_t some) { return ReadWaiting(file, room, some); }, most);
 }

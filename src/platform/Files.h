@@ -3,6 +3,7 @@
 // backslash is one separator, and double quotation marks round a name are taken off when a file is opened.
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -32,9 +33,9 @@ struct Once {
         Interrupted, // by Ctrl+C
     };
     End end = End::Read;
-    std::string bytes;    // of Read
-    std::string why;      // of Failed
-    std::size_t size = 0; // of TooLarge, where the system tells it
+    std::string bytes;      // of Read
+    std::string why;        // of Failed
+    std::uint64_t size = 0; // of TooLarge, where the system tells it
 };
 // Reads all of it, at most `most` bytes, and waits for what is not there yet. SIGTERM and SIGHUP end the program.
 Once ReadOnce(const std::string& path, std::size_t most);

@@ -22,7 +22,7 @@ platform::Once ReadInput(const std::string& path) {
 std::string WhyNotRead(const platform::Once& once) {
     if (once.end == platform::Once::End::Failed) return once.why;
     if (once.end == platform::Once::End::NoMemory) return TextOf(RunMsg.OutOfMemory);
-    return once.size > 0 ? TextOf(RunMsg.TooLarge, {once.size}) : TextOf(RunMsg.TooLong);
+    return once.size > 0 ? TextOf(RunMsg.TooLarge, {static_cast<long long>(once.size)}) : TextOf(RunMsg.TooLong);
 }
 
 InputLines::InputLines(const std::string& bytes) {

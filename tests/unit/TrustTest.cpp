@@ -145,7 +145,8 @@ bool IsRefused(const std::string& path, const Msg& reason) {
 
 TEST_F(Trust, FilesOfAnySizeAreReadOrRefused) {
     EXPECT_NE(platform::ReadFile("/proc/self/status").value_or(""), "") << "its state claims no bytes";
-    EXPECT_TRUE(!fs::exists("/proc/self/pagemap") || IsRefused("/proc/self/pagemap", InputMsg.EndlessFile));
+    const bool isEndless = sizeof(void*) > 4 && fs::exists("/proc/self/pagemap"); // as long as the address space
+    EXPECT_TRUE(!isEndless || IsRefused("/proc/self/pagemap", InputMsg.EndlessFile));
     WriteFile("huge", "");
     fs::resize_file("huge", std::uintmax_t{1} << 42);
     EXPECT_TRUE(IsRefused("huge", InputMsg.TooLargeFile));

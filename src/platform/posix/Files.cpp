@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <limits>
 #include <sys/stat.h>
 #include <sys/utsname.h>
 #include <system_error>
@@ -55,16 +56,17 @@ Descriptor OpenToReadOnce(const std::string& path) {
     return Descriptor(open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
 }
 
-std::size_t SizeOf(const Descriptor& file) {
+std::uint64_t SizeOf(const Descriptor& file) {
     struct stat status {};
-    return fstat(file.Get(), &status) == 0 && status.st_size > 0 ? static_cast<std::size_t>(status.st_size) : 0;
+    return fstat(file.Get(), &status) == 0 && status.st_size > 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
 }
 
 // Memory that the machine does not have is often promised nevertheless, and its use ends the program.
-bool FitsInMemory(std::size_t size) {
+bool FitsInMemory(std::uint64_t size) {
+    if (size > std::numeric_limits<std::size_t>::max() / 4) return false; // it has to be counted, too
     const long pages = sysconf(_SC_PHYS_PAGES);
     const long page = sysconf(_SC_PAGESIZE);
-    return pages <= 0 || page <= 0 || size / static_cast<std::size_t>(page) < static_cast<std::size_t>(pages);
+    return pages <= 0 || page <= 0 || size / static_cast<std::uint64_t>(page) < static_cast<std::uint64_t>(pages);
 }
 
 std::optional<std::size_t> ReadSome(const Descriptor& file, char* room, std::size_t size) {

@@ -68,12 +68,12 @@ Descriptor OpenToReadOnce(const std::string& path) {
     return IsSystemName(name) ? Open(name, GENERIC_READ, OPEN_EXISTING) : Descriptor(-1);
 }
 
-std::size_t SizeOf(const Descriptor& file) {
+std::uint64_t SizeOf(const Descriptor& file) {
     LARGE_INTEGER size{};
-    return GetFileSizeEx(HandleOf(file.Get()), &size) != 0 ? static_cast<std::size_t>(size.QuadPart) : 0;
+    return GetFileSizeEx(HandleOf(file.Get()), &size) != 0 ? static_cast<std::uint64_t>(size.QuadPart) : 0;
 }
 
-bool FitsInMemory(std::size_t size) {
+bool FitsInMemory(std::uint64_t size) {
     MEMORYSTATUSEX memory{};
     memory.dwLength = sizeof memory;
     return GlobalMemoryStatusEx(&memory) == 0 || size < memory.ullTotalPhys;
