@@ -4,6 +4,7 @@
 #include "machine/Tcomet2.h"
 #include "platform/Files.h"
 #include "reports/Dump.h"
+#include "reports/ReportsMsgs.h"
 #include "run/Errors.h"
 #include "run/Options.h"
 #include "run/RunMsgs.h"
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <vector>
 
 namespace tolvane::run {
 
@@ -54,14 +56,35 @@ std::string NameOf(const fs::path& path) {
     return whole == stem && !isAlone ? "_" + whole : PartBelow(whole);
 }
 
+// The folders of a source as they stand below the folder.
+fs::path FoldersBelow(const fs::path& path) {
+    fs::path below = path.has_root_directory() ? RootBelow(path) : "";
+    for (const fs::path& part : path.relative_path().parent_path())
+        if (part != ".") below /= PartBelow(part.string());
+    return below;
+}
+
 // The path below the folder, without the dump's own suffix.
 fs::path PathBelow(const std::string& source) {
     if (source == StandardInput) return StandardInputName;
     const fs::path path = fs::path(platform::SystemPath(source));
-    fs::path below = path.has_root_directory() ? RootBelow(path) : "";
-    for (const fs::path& part : path.relative_path().parent_path())
-        if (part != ".") below /= PartBelow(part.string());
-    return below / NameOf(path);
+    return FoldersBelow(path) / NameOf(path);
+}
+
+// The paths that a source has had while other sources stood beside it, or none did.
+std::vector<fs::path> FormerPaths(const std::string& source) {
+    if (source == StandardInput) return {};
+    const fs::path path = fs::path(platform::SystemPath(source));
+    const fs::path folders = FoldersBelow(path);
+    return {folders / PartBelow(path.stem().string()), folders / PartBelow(path.filename().string())};
+}
+
+// Whether a dump tells that it is this source's.
+bool IsOf(const std::string& source, const std::string& dump) {
+    std::string told = TextOf(ReportsMsg.Source, {Utf8Arg{source}, Utf8Arg{{}}});
+    told.pop_back(); // the line goes on
+    const auto text = platform::ReadFile(dump);
+    return text && text->find(told) != std::string::npos;
 }
 
 // Whether a dump would take the place of a source of this call.
@@ -72,14 +95,20 @@ bool IsSource(const Options& options, const fs::path& place) {
     });
 }
 
-std::string DumpPath(const std::string& folder, const std::string& source, Dumped dumped) {
-    return (fs::path(folder) / PathBelow(source)).generic_string() + Suffixes[static_cast<int>(dumped)];
+std::string DumpPath(const std::string& folder, const fs::path& below, Dumped dumped) {
+    return (fs::path(folder) / below).generic_string() + Suffixes[static_cast<int>(dumped)];
+}
+
+void Remove(const Options& options, const std::string& dump) {
+    std::error_code error;
+    const fs::path place(platform::SystemPath(dump));
+    if (!IsSource(options, place)) fs::remove(place, error);
 }
 
 } // namespace
 
 int WriteDump(const Options& options, const std::string& source, Dumped dumped) {
-    const std::string path = DumpPath(*options.dump, source, dumped);
+    const std::string path = DumpPath(*options.dump, PathBelow(source), dumped);
     const fs::path place(platform::SystemPath(path));
     std::error_code error;
     fs::create_directories(place.parent_path(), error); // what fails here fails once more below
@@ -91,10 +120,11 @@ int WriteDump(const Options& options, const std::string& source, Dumped dumped) 
 }
 
 void RemoveDumps(const Options& options, const std::string& source) {
-    std::error_code error;
     for (const Dumped dumped : {Dumped::Assembled, Dumped::Result}) {
-        const fs::path place(platform::SystemPath(DumpPath(*options.dump, source, dumped)));
-        if (!IsSource(options, place)) fs::remove(place, error);
+        Remove(options, DumpPath(*options.dump, PathBelow(source), dumped));
+        for (const fs::path& below : FormerPaths(source))
+            if (const std::string dump = DumpPath(*options.dump, below, dumped); IsOf(source, dump))
+                Remove(options, dump);
     }
 }
 

@@ -14,7 +14,7 @@ enum class Dumped { Assembled, Result };
 // Writes a dump of the machine as it stands into the folder that the options name; the exit status. A source of the
 // call is not written over.
 int WriteDump(const Options& options, const std::string& source, Dumped dumped);
-// Removes both dumps of the source that an earlier call has left.
+// Removes both dumps of the source that earlier calls have left, also under the name that it had then.
 void RemoveDumps(const Options& options, const std::string& source);
 
 } // namespace tolvane::run
