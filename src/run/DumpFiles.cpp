@@ -44,7 +44,8 @@ bool IsThere(const fs::path& path) {
 }
 
 // The source's name without its suffix; with it where that is none of a source, or where another source beside it
-// differs in the suffix alone. One that has none then is told apart from what the other one may have been called before.
+// differs in the suffix alone. One that has none then is told apart from what the other one may have been called
+// before.
 std::string NameOf(const fs::path& path) {
     const std::string whole = path.filename().string();
     const std::string stem = path.stem().string();
@@ -112,8 +113,8 @@ int WriteDump(const Options& options, const std::string& source, Dumped dumped) 
     const fs::path place(platform::SystemPath(path));
     std::error_code error;
     fs::create_directories(place.parent_path(), error); // what fails here fails once more below
-    const auto failure = IsSource(options, place) ? TextOf(RunMsg.IsASource)
-                                                  : WriteDumpFile(*comet2, path, place.filename().string());
+    const auto failure =
+        IsSource(options, place) ? TextOf(RunMsg.IsASource) : WriteDumpFile(*comet2, path, place.filename().string());
     if (!failure) return AllEnded;
     PrintDiagnostic(path, -1, Severity::Error, {TextOf(RunMsg.NotWritten, {Utf8Arg{*failure}})});
     return WrongUse;
