@@ -65,8 +65,7 @@ std::set<std::string> WordsIn(const std::string& text, const std::string& patter
 
 // The guide with the results of its examples as they are now.
 std::string RunGuide(const std::string& guide, const std::string& language, const fs::path& folder) {
-    const std::string tools =
-        "cd " + folder.string() + " && LC_ALL=C.UTF-8 " + ProgramFolder().string();
+    const std::string tools = "cd " + folder.string() + " && LC_ALL=C.UTF-8 " + ProgramFolder().string();
     std::string found;
     std::string block;
     std::map<std::string, std::string> example; // its blocks

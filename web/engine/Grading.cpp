@@ -1,10 +1,11 @@
 // Solutions of exercises, judged as tolvane-run does it.
 
+#include "run/Grading.h"
+
 #include "Engine.h"
 #include "messages/ModeFlags.h"
 #include "platform/Console.h"
 #include "run/Errors.h"
-#include "run/Grading.h"
 #include "text/Convert.h"
 
 #include <emscripten/bind.h>

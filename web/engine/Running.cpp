@@ -110,7 +110,7 @@ std::string Pace(int instructions) {
 val Outcome() {
     val result = val::object();
     const debugger::Outcome& outcome = loaded->debugger.Result();
-    static constexpr const char* Names[] = {"arrived", "breakpoint", "watch",   "stopped",
+    static constexpr const char* Names[] = {"arrived", "breakpoint", "watch",    "stopped",
                                             "start",   "found",      "notFound", "interrupted"};
     result.set("why", std::string(Names[static_cast<int>(outcome.why)]));
     if (!outcome.change) return result;
@@ -156,8 +156,7 @@ val Entry(const char* kind, const std::string& text) {
 
 val NoteEntry(const History::Note& note) {
     const int line = loaded->image.LineOf(note.address);
-    const std::vector<std::string> lines =
-        run::TextLines({note.row, note.args, line, note.severity, false, false});
+    const std::vector<std::string> lines = run::TextLines({note.row, note.args, line, note.severity, false, false});
     std::string text;
     for (const std::string& each : lines)
         text += each + "\n";
@@ -200,7 +199,8 @@ val Console() {
 std::string ConsoleMark() {
     const History& past = loaded->debugger.Past();
     const auto& notes = past.Notes();
-    const auto told = std::count_if(notes.begin(), notes.end(), [&](const auto& note) { return note.moment <= past.Now(); });
+    const auto told =
+        std::count_if(notes.begin(), notes.end(), [&](const auto& note) { return note.moment <= past.Now(); });
     std::string mark;
     for (const auto part : {static_cast<std::int64_t>(past.OutputCount()), static_cast<std::int64_t>(past.ReadCount()),
                             static_cast<std::int64_t>(told), past.ForgottenLines()})
